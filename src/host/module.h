@@ -1,0 +1,51 @@
+// The module: start-up, the two faces, and the object behind the two exported functions.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "dib.h"
+#include "host_records.h"
+#include "platform/platform.h"
+#include "window_handle.h"
+
+namespace set32 {
+
+// The arguments of uiFixSetting, in its order.
+struct FixSettingArguments {
+  WindowHandle parentWindow = 0;
+  WindowHandle hostWindow = 0;
+  const DeviceLimits* limits = nullptr;
+  ScanSettings* settings = nullptr;
+  CDib* preview = nullptr;
+  bool jpegModes = false;
+  std::uint32_t bwThreshold = 0;
+  std::uint32_t outputBits = 0;
+  const PanelRect* panelRect = nullptr;
+  const DeviceCaps* caps = nullptr;
+};
+
+// Everything that the module keeps between load and unload. Construction is the module's start-up: it reads the file
+// names and the driver type. The platform must outlive it. Dropping it while windows of the panel stand detaches it
+// from them: nothing is written, and they answer no more.
+class Module {
+ public:
+  explicit Module(Platform& platform);
+  ~Module();
+  Module(const Module&) = delete;
+  Module& operator=(const Module&) = delete;
+
+  WindowHandle FixSetting(const FixSettingArguments& arguments);
+  bool IsSettingOpen() const;
+
+ private:
+  struct Inside;
+  std::unique_ptr<Inside> inside_;
+};
+
+// The platform that uiFixSetting's module is started with at its first call. A host that links the panel calls this
+// first; the DLL does it when it is loaded. Null drops the module's state (the process "ends"): the next call of
+// uiFixSetting starts anew with the platform that was installed then.
+void InstallPlatform(Platform* platform);
+
+}  // namespace set32

@@ -1,0 +1,51 @@
+// Places and colours, free of any window system.
+#pragma once
+
+#include <cstdint>
+
+namespace set32 {
+
+struct Point {
+  int x = 0;
+  int y = 0;
+  bool operator==(const Point&) const = default;
+};
+
+struct Size {
+  int width = 0;
+  int height = 0;
+  bool operator==(const Size&) const = default;
+};
+
+// Right and bottom lie outside.
+struct Rect {
+  int left = 0;
+  int top = 0;
+  int right = 0;
+  int bottom = 0;
+
+  int Width() const { return right - left; }
+  int Height() const { return bottom - top; }
+  bool Contains(Point point) const {
+    return point.x >= left && point.x < right && point.y >= top && point.y < bottom;
+  }
+  bool operator==(const Rect&) const = default;
+};
+
+struct Colour {
+  std::uint8_t red = 0;
+  std::uint8_t green = 0;
+  std::uint8_t blue = 0;
+  bool operator==(const Colour&) const = default;
+};
+
+// The system's colours by the window system's own numbers.
+enum class SystemColour {
+  window = 5,
+  windowText = 8,
+  highlight = 13,
+  highlightText = 14,
+  buttonFace = 15,
+};
+
+}  // namespace set32

@@ -1,0 +1,44 @@
+// Short threads and named mutexes.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string_view>
+
+namespace set32 {
+
+enum class ThreadPriority { normal, aboveNormal };
+
+class NamedMutex {
+ public:
+  virtual ~NamedMutex() = default;
+  // Waits for at most this time; true when the mutex is owned.
+  virtual bool Wait(int milliseconds) = 0;
+  virtual void Release() = 0;
+};
+
+class Threads {
+ public:
+  virtual ~Threads() = default;
+  // Runs the work on a thread of its own, which holds the module loaded until it ends; nobody waits for it. False
+  // when no thread could be had (the work is then dropped). The work must not throw.
+  virtual bool Start(ThreadPriority priority, std::function<void()> work) = 0;
+  // Null on failure.
+  virtual std::unique_ptr<NamedMutex> MakeMutex(std::string_view name, bool owned) = 0;
+};
+
+class ForwardingThreads : public Threads {
+ public:
+  explicit ForwardingThreads(Threads& target) : target_(target) {}
+  bool Start(ThreadPriority priority, std::function<void()> work) override {
+    return target_.Start(priority, std::move(work));
+  }
+  std::unique_ptr<NamedMutex> MakeMutex(std::string_view name, bool owned) override {
+    return target_.MakeMutex(name, owned);
+  }
+
+ private:
+  Threads& target_;
+};
+
+}  // namespace set32

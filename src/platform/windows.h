@@ -1,0 +1,205 @@
+// Windows and dialogs.
+//
+// Everything here runs on the host's thread, in the host's message loop, and an event comes in while an operation
+// is under way as window systems do it: synchronously, nested. A dialog's window can die under its object (its
+// parent was destroyed); the object then answers IsAlive() with false and all its controls do nothing.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <vector>
+
+#include "platform/control.h"
+#include "platform/dialog_template.h"
+#include "platform/events.h"
+#include "platform/geometry.h"
+#include "window_handle.h"
+
+namespace set32 {
+
+class Dialog;
+
+enum class ResizeKind { restored, minimised, maximised };
+
+// Result of a modal dialog.
+namespace dialog_result {
+inline constexpr int ok = 1;
+inline constexpr int cancel = 2;
+}  // namespace dialog_result
+
+// What a dialog's window tells its owner. Every operation has the default handling as its default.
+class DialogHandler {
+ public:
+  virtual ~DialogHandler() = default;
+
+  // The window and its controls stand, nothing is shown yet. `dialog` is the object that creation will return.
+  virtual void OnInit(Dialog& dialog) { (void)dialog; }
+  virtual void OnEvent(const Event& event) { (void)event; }
+  // A message from 0x400 on.
+  virtual MessageResult OnMessage(std::uint32_t message, WParam wParam, LParam lParam) {
+    (void)message;
+    (void)wParam;
+    (void)lParam;
+    return 0;
+  }
+  virtual void OnResize(ResizeKind kind, Size client) {
+    (void)kind;
+    (void)client;
+  }
+  // Enter, or a click on button 1; Escape, a click on button 2, or the close box. By default a modal dialog ends with
+  // 1 or 2, a modeless one is hidden, a page does nothing.
+  virtual void OnOk();
+  virtual void OnCancel();
+  // A close message; the default is OnCancel.
+  virtual void OnClose() { OnCancel(); }
+  virtual void OnShown(bool shown) { (void)shown; }
+  virtual void OnEnabled(bool enabled) { (void)enabled; }
+  virtual void OnPointerMoved(Point at) { (void)at; }
+  // The window's parent is about to be destroyed, or the window itself: everything still stands.
+  virtual void OnDestroying() {}
+  // The window and its controls are gone; the last call.
+  virtual void OnDestroyed() {}
+
+ protected:
+  // Set by the windows before OnInit.
+  friend class Windows;
+  Dialog* handled_ = nullptr;
+};
+
+// A dialog's window. The object is its owner's; releasing it destroys the window, if that still stands.
+class Dialog {
+ public:
+  virtual ~Dialog() = default;
+
+  virtual int TemplateId() const = 0;
+  virtual WindowHandle Handle() const = 0;  // 0 once the window is gone
+  virtual bool IsAlive() const = 0;
+
+  // The control with this id as its type, never null: an id that isn't there, or a control of another type, gives an
+  // object that does nothing.
+  template <typename T>
+  T& Get(int id) const;
+  // Null when there is none.
+  virtual Control* Find(int id) const = 0;
+  virtual const std::vector<std::unique_ptr<Control>>& Controls() const = 0;
+
+  // The window rectangle in the parent's client coordinates (on the screen where there is no parent).
+  virtual Rect Place() const = 0;
+  virtual void Move(const Rect& place) = 0;
+  virtual Size ClientSize() const = 0;
+  // A rectangle of this dialog's units in pixels.
+  virtual Rect UnitsToPixels(const Rect& units) const = 0;
+
+  virtual void SetVisible(bool visible) = 0;
+  virtual bool IsVisible() const = 0;
+  virtual void SetEnabled(bool enabled) = 0;
+  virtual bool IsEnabled() const = 0;
+  virtual void SetTitle(std::string_view title) = 0;
+  virtual std::string Title() const = 0;
+  virtual void SetIcon(const Picture& icon) = 0;
+  // Takes the title bar away.
+  virtual void RemoveCaption() = 0;
+
+  // Moves the focus from a control to the window itself.
+  virtual void TakeFocus() = 0;
+  // The control with the focus, null when none of this dialog has it.
+  virtual Control* Focused() const = 0;
+
+  virtual void Invalidate() = 0;  // repainted when the loop comes round
+  virtual void Update() = 0;      // repainted at once
+
+  // Centre over the parent, or on the screen's full-screen area.
+  virtual void CentreOverParent() = 0;
+  virtual void CentreOnScreen() = 0;
+
+  // The dialog's tips, made at the first call; a Tooltip that does nothing when they can't be.
+  virtual Tooltip& Tips() = 0;
+
+  // Ends the modal run with this result.
+  virtual void EndModal(int result) = 0;
+  virtual bool IsModal() const = 0;
+  // A page or a sheet: stands inside its parent.
+  virtual bool IsChild() const = 0;
+  // Destroys the window; the object stays.
+  virtual void Destroy() = 0;
+
+ protected:
+  template <typename T>
+  static T& Absent();
+};
+
+class Windows {
+ public:
+  virtual ~Windows() = default;
+
+  // Creates a dialog as a child of `parent`, or owned by it for the pop-up styles; OnInit runs inside. Null when the
+  // window can't be created or died inside OnInit. A control that can't be created is left out. Children are created
+  // visible; pop-ups and bare dialogs are hidden until shown.
+  virtual std::unique_ptr<Dialog> Create(const DialogTemplate& source, WindowHandle parent,
+                                         DialogHandler& handler) = 0;
+
+  // Runs a dialog modally over `owner` (0: none). Result: what EndModal was given; cancel when the dialog can't be
+  // created or its owner dies. The hook of SetOpenedHook is called once the dialog stands.
+  virtual int RunModal(const DialogTemplate& source, WindowHandle owner, DialogHandler& handler) = 0;
+
+  // For scripts and tests: called with each dialog that opens, modal (inside its run) or shown modeless, and with
+  // each that closes.
+  virtual void SetOpenedHook(std::function<void(Dialog&)> opened) = 0;
+  virtual void SetClosedHook(std::function<void(Dialog&, int result)> closed) = 0;
+
+  // Any window by handle. Everything is a no-op, or 0, on a handle that names no window.
+  virtual bool IsWindow(WindowHandle window) const = 0;
+  virtual MessageResult Send(WindowHandle window, std::uint32_t message, WParam wParam, LParam lParam) = 0;
+  // The whole client area is to be erased and painted.
+  virtual void Invalidate(WindowHandle window) = 0;
+  virtual void Enable(WindowHandle window, bool enabled) = 0;
+  // Topmost, and at once not topmost.
+  virtual void RaiseToFront(WindowHandle window) = 0;
+
+  // The screen without the task bar.
+  virtual Size FullScreen() const = 0;
+  virtual int ScrollBarWidth() const = 0;
+
+  // All dialogs that stand, in order of creation.
+  virtual std::vector<Dialog*> Standing() const = 0;
+
+ protected:
+  static void Attach(DialogHandler& handler, Dialog* dialog) { handler.handled_ = dialog; }
+};
+
+template <typename T>
+T& Dialog::Absent() {
+  static_assert(std::is_base_of_v<Control, T>);
+  static T absent(0, ControlKind::label);
+  return absent;
+}
+
+template <typename T>
+T& Dialog::Get(int id) const {
+  if (auto* control = dynamic_cast<T*>(Find(id))) return *control;
+  return Absent<T>();
+}
+
+inline void DialogHandler::OnOk() {
+  if (handled_ == nullptr) return;
+  if (handled_->IsModal()) {
+    handled_->EndModal(dialog_result::ok);
+  } else if (!handled_->IsChild()) {
+    handled_->SetVisible(false);
+  }
+}
+
+inline void DialogHandler::OnCancel() {
+  if (handled_ == nullptr) return;
+  if (handled_->IsModal()) {
+    handled_->EndModal(dialog_result::cancel);
+  } else if (!handled_->IsChild()) {
+    handled_->SetVisible(false);
+  }
+}
+
+}  // namespace set32
