@@ -1,0 +1,38 @@
+// What the lower folders ask of the page: the store refreshes it, the advanced dialog rebuilds its resolution list,
+// the Advanced page saves through it. Declared beneath them and implemented by the page, so that no arrow runs in a
+// circle.
+//
+// Any of these may send messages to the host, and the host may end the page meanwhile; the page then works on a
+// record of its own, so that nothing of the host's is touched afterwards.
+#pragma once
+
+#include <cstdint>
+
+#include "boundary/host_link.h"
+#include "host_records.h"
+
+namespace set32 {
+
+class PanelServices {
+ public:
+  virtual ~PanelServices() = default;
+
+  virtual ScanSettings& Settings() = 0;
+  virtual HostLink& Host() = 0;
+  virtual std::uint32_t PageSource() const = 0;
+  virtual std::uint32_t ShownUnits() const = 0;
+
+  // Makes the screen, the preview and the host agree with the settings.
+  virtual void RefreshPanel() = 0;
+  virtual void RefreshPreview() = 0;
+  virtual void BuildResolutionList() = 0;
+  // Keeps the settings in the configuration list, on the face that does so.
+  virtual void AutoSaveConfig() = 0;
+
+  // Takes every frame tab away, each with its report to the host.
+  virtual void RemoveAllFrames() = 0;
+  // Where auto crop is on: turns it off and on again, so that the host hears of it.
+  virtual void RepeatAutoCrop() = 0;
+};
+
+}  // namespace set32

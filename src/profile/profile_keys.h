@@ -1,0 +1,30 @@
+// Sections and keys of the profile of scan configurations.
+#pragma once
+
+#include <cstdint>
+
+#include "host_records.h"
+
+namespace set32::profile_key {
+
+inline constexpr const char* configItems = "Config Items";  // a key a configuration: 200 bytes in hexadecimal text
+inline constexpr const char* tmpSection = "Tmp";
+inline constexpr const char* tmp = "Tmp";  // the settings at the last close of the sheet face
+inline constexpr const char* selected = "Selected";
+inline constexpr const char* scannerAddresses = "SCNIP";  // deleted whole on each refresh; nothing reads it
+
+// The key that holds the selected row of a paper source; the flatbed's for a source that isn't known.
+constexpr const char* SelectedKey(std::uint32_t source) {
+  switch (source) {
+    case paper_source::feeder:
+      return "ADFActive";
+    case paper_source::positive:
+      return "TAActive";
+    case paper_source::negative:
+      return "NTAActive";
+    default:
+      return "Active";
+  }
+}
+
+}  // namespace set32::profile_key
