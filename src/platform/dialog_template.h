@@ -45,7 +45,7 @@ struct ControlTemplate {
   ControlKind kind;
   const char* caption;  // UTF-8
   int x, y, width, height;
-  unsigned flags;
+  unsigned flags = 0;
 };
 
 enum class DialogStyle {

@@ -100,6 +100,7 @@ inline constexpr int gammaRedPicture = 1052;
 // Dialog 104.
 namespace id104 {
 inline constexpr int nameEdit = 1003;
+inline constexpr int nameLabel = 65535;
 }  // namespace id104
 
 // Dialog 115.
