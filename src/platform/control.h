@@ -99,9 +99,19 @@ struct TextRange {
   bool operator==(const TextRange&) const = default;
 };
 
+// What a numeric edit takes, both ends included.
+struct NumberRange {
+  double low = 0;
+  double high = 0;
+};
+
 class Edit : public Control {
  public:
   using Control::Control;
+  // The range that the numeric edit's class set last, kept with the control for whoever inspects a page; it changes
+  // nothing by itself.
+  void NoteRange(NumberRange range) { range_ = range; }
+  std::optional<NumberRange> NotedRange() const { return range_; }
   virtual TextRange Selection() const { return {}; }
   // The caret stands at the end.
   virtual void Select(TextRange range) { (void)range; }
@@ -116,6 +126,9 @@ class Edit : public Control {
   // Null takes it away. The filter must outlive the edit's window or be taken away before.
   virtual void SetFilter(EditFilter* filter) { (void)filter; }
   virtual EditFilter* Filter() const { return nullptr; }
+
+ private:
+  std::optional<NumberRange> range_;
 };
 
 class Button : public Control {  // push buttons

@@ -24,6 +24,8 @@ class HostWindowHandler {
   virtual void OnRepaintAsked() = 0;
 };
 
+inline constexpr std::uint8_t dottedAlpha = 254;  // in the picture of Input::Drawing
+
 enum class Key { enter, escape, tab };
 
 class Input {
@@ -69,7 +71,11 @@ class Input {
   virtual void Resize(Dialog& dialog, Size client) = 0;
   virtual void SendClose(Dialog& dialog) = 0;
 
-  // The picture area of a frame as it was last drawn, rows top-down; empty when it never was.
+  // A tab chosen as ChooseTab does, but the focus stays where it is. The tab that is current raises nothing.
+  virtual void TurnToTab(TabBar& bar, int index) { ChooseTab(bar, index); }
+
+  // The picture area of a frame as it was last drawn, rows top-down; empty when it never was. A pixel that a dotted
+  // pen laid has the alpha `dottedAlpha`, where the windows can tell.
   virtual Picture Drawing(Frame& frame) = 0;
 };
 
