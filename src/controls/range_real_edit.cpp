@@ -1,0 +1,92 @@
+#include "controls/range_real_edit.h"
+
+#include <algorithm>
+#include <string>
+
+namespace set32 {
+
+namespace {
+
+constexpr std::string_view backspace = "\b";
+
+// A long text of foreign characters must not beep for minutes.
+constexpr int mostBeeps = 10;
+
+}  // namespace
+
+bool CRangeRealEdit::OnCharacter(std::string_view character) {
+  // Deleting is never refused, even where the text that stands is out of range.
+  if (character == backspace || edit_ == nullptr) return true;
+  const EditState before = State();
+  const EditVerdict verdict = rules_.Judge(before, character);
+  if (verdict != EditVerdict::foreign) DeleteSelection(before);
+  if (verdict == EditVerdict::taken) return true;
+  platform_.system.Beep();
+  return false;
+}
+
+// Answered here altogether: the edit would paste without asking.
+bool CRangeRealEdit::OnPaste() {
+  if (edit_ == nullptr) return false;
+  std::string pasted;
+  switch (platform_.clipboard.Read(pasted)) {
+    case ClipboardRead::cantOpen:
+      edit_->SetText("");
+      return false;
+    case ClipboardRead::noText:
+      platform_.system.Beep();
+      return false;
+    case ClipboardRead::text:
+      break;
+  }
+
+  const EditState before = State();
+  const EditVerdict verdict = rules_.Judge(before, pasted);
+  if (verdict == EditVerdict::foreign) {
+    BeepForForeign(pasted);
+    return false;
+  }
+  DeleteSelection(before);
+  if (verdict == EditVerdict::refused) {
+    platform_.system.Beep();
+    return false;
+  }
+  edit_->SetText(before.With(pasted));
+  const std::string head = before.text.substr(0, before.start) + pasted;
+  const int caret = static_cast<int>(CountCharacters(platform_.system, head));
+  edit_->Select({caret, caret});
+  return false;
+}
+
+void CRangeRealEdit::OnEnterKey() {
+  if (dialog_ != nullptr) dialog_->TakeFocus();
+}
+
+EditState CRangeRealEdit::State() const {
+  const TextRange selection = edit_->Selection();
+  EditState state{.text = edit_->Text()};
+  const auto bytes = [&](int characters) {
+    return BytesOfCharacters(platform_.system, state.text, static_cast<std::size_t>(std::max(characters, 0)));
+  };
+  state.start = bytes(selection.start);
+  state.end = std::max(state.start, bytes(selection.end));
+  return state;
+}
+
+void CRangeRealEdit::DeleteSelection(const EditState& state) {
+  if (state.start != state.end) edit_->ReplaceSelection("");
+}
+
+void CRangeRealEdit::BeepForForeign(std::string_view pasted) {
+  int beeps = 0;
+  while (!pasted.empty() && beeps < mostBeeps) {
+    const std::size_t length = std::max<std::size_t>(platform_.system.CharacterLength(pasted), 1);
+    if (!rules_.Allows(pasted.substr(0, length))) {
+      platform_.system.Beep();
+      ++beeps;
+    }
+    pasted.remove_prefix(std::min(length, pasted.size()));
+  }
+}
+
+}  // namespace set32
