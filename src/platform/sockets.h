@@ -18,7 +18,9 @@ inline constexpr std::uint32_t broadcastAddress = 0xFFFFFFFF;
 enum class ReceiveStatus {
   datagram,
   timeOut,  // nothing came within the wait
-  error,    // any other failure; a datagram longer than the buffer counts as one
+  // Any other failure. A datagram longer than the buffer is one; it comes at once, and the buffer may hold its start.
+  // A failure that would come back at every call takes the whole wait, so that a loop over it doesn't spin.
+  error,
 };
 
 struct Received {
@@ -34,8 +36,10 @@ class DatagramSocket {
   virtual bool AllowBroadcast() = 0;
   // Every local address; port 0 takes a free one.
   virtual bool Bind(std::uint16_t port) = 0;
+  // A broadcast that wasn't allowed before fails.
   virtual bool Send(std::span<const std::uint8_t> bytes, std::uint32_t address, std::uint16_t port) = 0;
-  // Sleeps until a datagram comes or the wait is over. A wait of 0 only looks.
+  // Sleeps until a datagram comes or the wait is over. A wait of 0 only looks. Bytes of the buffer past the datagram
+  // stay as they were.
   virtual Received Receive(std::span<std::uint8_t> into, int milliseconds) = 0;
 };
 
@@ -49,8 +53,8 @@ class Sockets {
   virtual std::unique_ptr<DatagramSocket> Open() = 0;
   virtual bool HostName(std::string& name) = 0;
   virtual bool LookUp(std::string_view name) = 0;
-  // Whether an address is one of this machine's own (to know an own broadcast that comes back).
-  virtual bool IsOwnAddress(std::uint32_t address) = 0;
+  // Waits without a socket, for the searches that last as long when none could be opened.
+  virtual void Sleep(int milliseconds) = 0;
 };
 
 class ForwardingSockets : public Sockets {
@@ -61,7 +65,7 @@ class ForwardingSockets : public Sockets {
   std::unique_ptr<DatagramSocket> Open() override { return target_.Open(); }
   bool HostName(std::string& name) override { return target_.HostName(name); }
   bool LookUp(std::string_view name) override { return target_.LookUp(name); }
-  bool IsOwnAddress(std::uint32_t address) override { return target_.IsOwnAddress(address); }
+  void Sleep(int milliseconds) override { target_.Sleep(milliseconds); }
 
  private:
   Sockets& target_;

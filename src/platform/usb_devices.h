@@ -20,10 +20,12 @@ class UsbDevice {
   virtual std::optional<UsbIdentity> Identity() = 0;
 };
 
+inline constexpr int lastUsbNumber = 254;
+
 class UsbDevices {
  public:
   virtual ~UsbDevices() = default;
-  // Numbers 0 to 254, in an order that stays while the devices stay. Null when no device has the number.
+  // Numbers 0 to lastUsbNumber, in an order that stays while the devices stay. Null when no device has the number.
   virtual std::unique_ptr<UsbDevice> Open(int number) = 0;
 };
 
