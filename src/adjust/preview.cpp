@@ -1,0 +1,141 @@
+#include "adjust/preview.h"
+
+#include <cstring>
+#include <numeric>
+#include <utility>
+
+#include "adjust/picture_view.h"
+#include "adjust/pixel_roads.h"
+#include "adjust/tone_tables.h"
+
+namespace set32 {
+
+namespace {
+
+constexpr std::int32_t libraryScale = 10;
+
+bool IsColour(std::uint32_t scanMode) {
+  return scanMode == mode::colour || scanMode == mode::jpegColour;
+}
+bool IsGray(std::uint32_t scanMode) {
+  return scanMode == mode::gray || scanMode == mode::jpegGray;
+}
+
+// As the page reads a record: what lies outside the range counts as no adjustment.
+std::int32_t InRangeOrNone(std::int32_t value, std::int32_t limit) {
+  return value >= -limit && value <= limit ? value : 0;
+}
+
+// Contrast means nothing in black and white; the preview keeps its own.
+void BuildTablesForMode(CDib& preview, std::uint32_t scanMode) {
+  const std::int32_t kept = preview.contrast;
+  if (scanMode == mode::blackWhite) preview.contrast = 0;
+  BuildToneTables(preview);
+  preview.contrast = kept;
+}
+
+// A level above the limit is white, any other black.
+ToneTable BlackWhiteTable(std::int64_t limit) {
+  ToneTable table;
+  for (int level = 0; level < 256; ++level) table[static_cast<std::size_t>(level)] = level > limit ? 255 : 0;
+  return table;
+}
+
+ToneTable UnchangedTable() {
+  ToneTable table;
+  std::iota(table.begin(), table.end(), std::uint8_t{0});
+  return table;
+}
+
+void Tone(const PictureView& view, const BandTables& tables) {
+  for (int row = 0; row < view.height; ++row) {
+    BestRoad().tables(view.SourceRow(row), view.DisplayRow(row), static_cast<std::size_t>(view.width), tables);
+  }
+}
+
+void Copy(const PictureView& view) {
+  for (int row = 0; row < view.height; ++row) {
+    std::memcpy(view.DisplayRow(row), view.SourceRow(row), static_cast<std::size_t>(view.width) * 3);
+  }
+}
+
+enum class ReduceFrom { source, display };
+
+void Reduce(const PictureView& view, ReduceFrom from, const std::uint8_t* table) {
+  for (int row = 0; row < view.height; ++row) {
+    const std::uint8_t* pixels = from == ReduceFrom::source ? view.SourceRow(row) : view.DisplayRow(row);
+    BestRoad().levels(pixels, view.DisplayRow(row), static_cast<std::size_t>(view.width), table);
+  }
+}
+
+}  // namespace
+
+void PreviewRenderer::Refresh(ScanSettings& settings, CDib* preview, std::uint32_t bwThreshold, HostLink& host,
+                              bool notifySize) {
+  if (!preview) return;
+  Render(settings, *preview, bwThreshold);
+  if (face_.tellsArea) host.AreaChanged(settings, notifySize ? 0 : 1);
+  host.AskRepaint();
+}
+
+void PreviewRenderer::Render(const ScanSettings& settings, CDib& preview, std::uint32_t bwThreshold) {
+  BuildTablesForMode(preview, settings.mode);
+  const auto view = ViewOf(preview);
+  if (!view) return;
+
+  const bool blackWhite = settings.mode == mode::blackWhite;
+  const bool reduced = blackWhite || IsGray(settings.mode);
+  const std::int64_t limit = std::int64_t{bwThreshold} - (face_.brightnessShiftsLimit ? preview.brightness : 0);
+  const Filters filters = FiltersOf(settings);
+  const bool filtered = NeedsLibrary(settings.mode, filters);
+
+  // Nobody sees the toned colours: toning and reduction are one table then, and one pass.
+  if (reduced && !filtered && preview.kind != dib_kind::keepsToned) {
+    if (blackWhite) {
+      Reduce(*view, ReduceFrom::source, BlackWhiteTable(limit).data());
+    } else {
+      Reduce(*view, ReduceFrom::source, preview.toneGreen);
+    }
+    return;
+  }
+
+  if (blackWhite) {
+    Copy(*view);
+  } else {
+    Tone(*view, TablesOf(preview));
+  }
+  KeepToned(preview);
+  if (filtered) RunLibrary(settings.mode, filters, *view);
+  if (reduced) {
+    Reduce(*view, ReduceFrom::display, (blackWhite ? BlackWhiteTable(limit) : UnchangedTable()).data());
+  }
+}
+
+PreviewRenderer::Filters PreviewRenderer::FiltersOf(const ScanSettings& settings) {
+  return {.sharpness = InRangeOrNone(settings.sharpness, 100),
+          .saturation = InRangeOrNone(settings.saturation, 100),
+          .hue = InRangeOrNone(settings.hue, 180)};
+}
+
+bool PreviewRenderer::NeedsLibrary(std::uint32_t scanMode, const Filters& filters) const {
+  if (!face_.libraryStage) return false;
+  const bool sharpness = filters.sharpness != 0 || last_.sharpness != 0;
+  const bool colours = filters.saturation != 0 || filters.hue != 0 || last_.saturation != 0 || last_.hue != 0;
+  if (IsColour(scanMode)) return sharpness || colours;
+  return sharpness && (IsGray(scanMode) || scanMode == mode::blackWhite);
+}
+
+void PreviewRenderer::RunLibrary(std::uint32_t scanMode, const Filters& filters, const PictureView& view) {
+  const Filters last = std::exchange(last_, filters);
+  const auto bitmap = library_.Create(view.width, view.height, 24);
+  if (!bitmap) return;
+  bitmap->TakeOver(view);
+  if (filters.sharpness != 0 || last.sharpness != 0) bitmap->Sharpen(filters.sharpness * libraryScale);
+  if (IsColour(scanMode)) {
+    if (filters.saturation != 0 || last.saturation != 0) bitmap->ChangeSaturation(filters.saturation * libraryScale);
+    if (filters.hue != 0 || last.hue != 0) bitmap->TurnHue(filters.hue);
+  }
+  bitmap->GiveBack();
+}
+
+}  // namespace set32
