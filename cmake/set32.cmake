@@ -25,6 +25,10 @@ endif()
 if(WIN32)
   # Nothing of the compiler's run time is left outside a built file.
   add_link_options(-static -static-libgcc -static-libstdc++)
+  if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+    # Lengths are cut to whole numbers: a product kept in a register of 80 bits would be cut to another one.
+    add_compile_options(-msse2 -mfpmath=sse)
+  endif()
   add_compile_definitions(UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601)
 endif()
 

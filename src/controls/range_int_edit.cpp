@@ -2,8 +2,14 @@
 
 namespace set32 {
 
-NumericEdit::Limits CRangeIntEdit::Range() const {
-  return {static_cast<double>(rules_.minValue), static_cast<double>(rules_.maxValue)};
+void CRangeIntEdit::Attach(Edit& edit) {
+  edit_ = &edit;
+  NoteRange();
+}
+
+void CRangeIntEdit::SetRange(std::int32_t low, std::int32_t high) {
+  rules_.SetRange(low, high);
+  NoteRange();
 }
 
 void CRangeIntEdit::OnUpdate() {
@@ -15,6 +21,11 @@ void CRangeIntEdit::OnUpdate() {
   const int end = static_cast<int>(shown->size());
   edit_->Select({end, end});
   edit_->ScrollCaretIntoView();
+}
+
+void CRangeIntEdit::NoteRange() {
+  if (edit_ == nullptr) return;
+  edit_->NoteRange({static_cast<double>(rules_.minValue), static_cast<double>(rules_.maxValue)});
 }
 
 }  // namespace set32

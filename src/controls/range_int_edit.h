@@ -4,25 +4,24 @@
 #include <cstdint>
 
 #include "controls/edit_rules.h"
-#include "controls/numeric_edit.h"
+#include "platform/control.h"
 
 namespace set32 {
 
-// Its owner calls OnUpdate for each editUpdate event of the edit. Until SetRange: 0 to 100.
-class CRangeIntEdit : public NumericEdit {
+// Its owner calls OnUpdate for each editUpdate event of the edit. Until SetRange: 0 to 100. The edit's dialog must
+// outlive the calls. Host's thread only.
+class CRangeIntEdit {
  public:
-  void SetRange(std::int32_t low, std::int32_t high) { rules_.SetRange(low, high); }
-  Limits Range() const override;
+  void Attach(Edit& edit);
+  void SetRange(std::int32_t low, std::int32_t high);
 
   // Repairs the text, whoever changed it, a person or the program.
   void OnUpdate();
 
-  // Typing is judged by what it leaves.
-  bool OnCharacter(std::string_view) override { return true; }
-  bool OnPaste() override { return true; }
-  void OnEnterKey() override {}
-
  private:
+  void NoteRange();
+
+  Edit* edit_ = nullptr;
   IntEditRules rules_;
 };
 

@@ -14,6 +14,18 @@ constexpr int mostBeeps = 10;
 
 }  // namespace
 
+void CRangeRealEdit::Attach(Dialog& dialog, int editId) {
+  dialog_ = &dialog;
+  edit_ = &dialog.Get<Edit>(editId);
+  edit_->SetFilter(this);
+  NoteRange();
+}
+
+void CRangeRealEdit::SetRange(double a, double b) {
+  rules_.SetRange(a, b);
+  NoteRange();
+}
+
 bool CRangeRealEdit::OnCharacter(std::string_view character) {
   // Deleting is never refused, even where the text that stands is out of range.
   if (character == backspace || edit_ == nullptr) return true;
@@ -87,6 +99,10 @@ void CRangeRealEdit::BeepForForeign(std::string_view pasted) {
     }
     pasted.remove_prefix(std::min(length, pasted.size()));
   }
+}
+
+void CRangeRealEdit::NoteRange() {
+  if (edit_ != nullptr) edit_->NoteRange({rules_.minValue, rules_.maxValue});
 }
 
 }  // namespace set32

@@ -7,18 +7,21 @@
 #include <string_view>
 
 #include "controls/edit_rules.h"
-#include "controls/numeric_edit.h"
 #include "platform/platform.h"
 
 namespace set32 {
 
-// Until SetRange: 0.0 to 1000.0.
-class CRangeRealEdit : public NumericEdit {
+// Until SetRange: 0.0 to 1000.0. The object must outlive the edit's window. Host's thread only.
+class CRangeRealEdit : public EditFilter {
  public:
   explicit CRangeRealEdit(Platform& platform) : platform_(platform) {}
+  CRangeRealEdit(const CRangeRealEdit&) = delete;
+  CRangeRealEdit& operator=(const CRangeRealEdit&) = delete;
 
-  void SetRange(double a, double b) { rules_.SetRange(a, b); }
-  Limits Range() const override { return {rules_.minValue, rules_.maxValue}; }
+  // Takes the edit with this id of a dialog that stands.
+  void Attach(Dialog& dialog, int editId);
+  // In either order.
+  void SetRange(double a, double b);
 
   bool OnCharacter(std::string_view character) override;
   bool OnPaste() override;
@@ -28,8 +31,11 @@ class CRangeRealEdit : public NumericEdit {
   EditState State() const;
   void DeleteSelection(const EditState& state);
   void BeepForForeign(std::string_view pasted);
+  void NoteRange();
 
   Platform& platform_;
+  Dialog* dialog_ = nullptr;
+  Edit* edit_ = nullptr;
   RealEditRules rules_;
 };
 

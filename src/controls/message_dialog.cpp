@@ -1,0 +1,33 @@
+#include "controls/message_dialog.h"
+
+#include "resources/dialogs.h"
+#include "resources/ids.h"
+#include "resources/pictures.h"
+
+namespace set32 {
+
+void CMessageDlg::Show(WindowHandle parent, std::string_view caption, std::string_view text) {
+  if (!StandsOrOpens(parent)) return;
+  TakeIcons();
+  dialog_->SetTitle(caption);
+  dialog_->Get<Label>(id115::text).SetText(text);
+  dialog_->CentreOnScreen();
+  dialog_->SetVisible(true);
+}
+
+bool CMessageDlg::StandsOrOpens(WindowHandle parent) {
+  if (dialog_ != nullptr && dialog_->IsAlive()) return true;
+  const DialogTemplate* source = FindDialog(dialog::message);
+  if (source == nullptr) return false;
+  dialog_ = state_.platform.windows.Create(*source, parent, *this);
+  return dialog_ != nullptr;
+}
+
+// A maker's edition has its own icon on the window.
+void CMessageDlg::TakeIcons() {
+  const bool oem = state_.platform.profiles.GetInteger("Option", "OEM", 0, state_.runtimeIniPath.c_str()) != 0;
+  dialog_->SetIcon(LoadPicture(oem ? picture::windowIconOem : picture::windowIcon));
+  dialog_->Get<PictureControl>(id115::icon).SetStopIcon();
+}
+
+}  // namespace set32

@@ -1,0 +1,36 @@
+#include "controls/modal_to_modeless.h"
+
+namespace set32 {
+
+namespace {
+constexpr std::string_view closedMutexName = "CGammaSetting Mutex Object";
+}
+
+CDlgModalToModeless::~CDlgModalToModeless() {
+  Ended();
+}
+
+bool CDlgModalToModeless::Start(ModelessDialog& dialog, WindowHandle parent) {
+  if (IsRunning()) return false;
+  dialog_ = &dialog;
+  if (!dialog.Open(parent)) {
+    dialog_ = nullptr;
+    return false;
+  }
+  // The dialog may have closed again while it opened.
+  if (IsRunning()) closedMutex_ = threads_.MakeMutex(closedMutexName, true);
+  return IsRunning();
+}
+
+void CDlgModalToModeless::Ended() {
+  dialog_ = nullptr;
+  if (closedMutex_ != nullptr) closedMutex_->Release();
+  closedMutex_.reset();
+}
+
+bool CDlgModalToModeless::CancelAndWait() {
+  if (IsRunning()) dialog_->Cancel();
+  return !IsRunning();
+}
+
+}  // namespace set32
