@@ -1,0 +1,21 @@
+// Files on a POSIX system.
+//
+// Only regular files are read. A file that replaces another takes over its permissions; a new one belongs to its user
+// alone. A lock is an flock on PATH.lock, so it ends with its process. Any thread.
+#pragma once
+
+#include "platform/files.h"
+
+namespace set32 {
+
+class PosixFiles : public Files {
+ public:
+  bool Exists(std::string_view path) override;
+  std::unique_ptr<File> OpenToRead(std::string_view path) override;
+  std::unique_ptr<File> OpenToWrite(std::string_view path) override;
+  bool Replace(std::string_view from, std::string_view to) override;
+  bool Remove(std::string_view path) override;
+  std::unique_ptr<FileLock> Lock(std::string_view path, int milliseconds) override;
+};
+
+}  // namespace set32
