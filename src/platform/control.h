@@ -158,7 +158,7 @@ class CheckButton : public Control {  // check boxes and radio buttons; the prog
 // One item of an owner-drawn combo that wants drawing.
 struct ItemToDraw {
   int index = -1;  // -1: the combo has no selection
-  Rect place;
+  Rect place = {};
   bool entire = true;             // the whole item is wanted
   bool selectionChanged = false;  // the change of selection is wanted
   bool focusChanged = false;      // the focus rectangle is wanted

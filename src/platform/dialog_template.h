@@ -28,6 +28,21 @@ enum class ControlKind {
   frame,    // static with a sunken frame, drawn by the program
 };
 
+// Whether a control of this kind takes the focus, by the Tab key, by a click or as a dialog's first control.
+constexpr bool TakesFocus(ControlKind kind) {
+  switch (kind) {
+    case ControlKind::label:
+    case ControlKind::group:
+    case ControlKind::scroll:
+    case ControlKind::spin:
+    case ControlKind::picture:
+    case ControlKind::frame:
+      return false;
+    default:
+      return true;
+  }
+}
+
 // Start state and style of a control, or-ed.
 namespace control_flag {
 inline constexpr unsigned hidden = 1U << 0;
@@ -36,7 +51,7 @@ inline constexpr unsigned readOnly = 1U << 2;
 inline constexpr unsigned digitsOnly = 1U << 3;
 inline constexpr unsigned alignRight = 1U << 4;
 inline constexpr unsigned groupStart = 1U << 5;  // first radio button of a group
-inline constexpr unsigned fill = 1U << 6;        // fills the dialog's client area (the sheet's tab bar)
+inline constexpr unsigned fill = 1U << 6;        // created as large as the dialog's client area (the sheet's tab bar)
 }  // namespace control_flag
 
 // Places are dialog units.

@@ -16,9 +16,9 @@
 //   combo   P selection set                                         scrolled into view as little as needed
 //   combo   U list about to open, list closed                       dropDown; closeUp
 //   check, radio  P mark set                                        nothing
-//   button  U click, also a click message of a program              clicked; a disabled one takes no click of a
-//   person list    P rows inserted; scrolled into view                     nothing list    another row becomes
-//   selected and focused                rowChanged: old row loses focus; old row loses
+//   button  U click, also a click message of a program              clicked; a disabled one takes no person's click
+//   list    P rows inserted; scrolled into view                     nothing
+//   list    another row becomes selected and focused                rowChanged: old row loses focus; old row loses
 //                                                                   selection; new row gains both. With the keyboard
 //                                                                   and after a deletion the first two come as one
 //   list    P state set that the row already has                    nothing
@@ -86,8 +86,8 @@ struct Event {
   EventKind kind;
   int controlId = 0;
   int row = -1;
-  RowState before;
-  RowState after;
+  RowState before = {};
+  RowState after = {};
   int code = 0;
   int position = 0;
   int delta = 0;

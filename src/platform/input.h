@@ -36,10 +36,11 @@ class Input {
   // system does.
   virtual WindowHandle MakeHostWindow(Size client, HostWindowHandler& handler) = 0;
   virtual void DestroyHostWindow(WindowHandle window) = 0;
-  // Dispatches what waits in the message loop. Nothing to do in the model.
+  // Dispatches what waits in the message loop; in the model these are repaints.
   virtual void Pump() = 0;
 
-  // These move the focus to the control first, as a click or key does.
+  // These move the focus to the control first, as a click or key does. A control that leaving the old one has
+  // disabled or ended takes no act any more.
   virtual void Click(Control& button) = 0;
   virtual void PickEntry(Combo& combo, int index) = 0;  // also the entry that is selected already
   virtual void ChooseTab(TabBar& bar, int index) = 0;
@@ -61,7 +62,7 @@ class Input {
   // For the control that has the focus.
   virtual void PressKey(Key key) = 0;
 
-  // These move no focus.
+  // These move no focus. One event: the thumb's codes (4, 5) put the bar at the position, any other moves nothing.
   virtual void ScrollTo(Control& bar, int code, std::optional<int> position) = 0;  // slider or scroll bar
   virtual void SpinBy(Spin& spin, int delta) = 0;
   virtual void Release(Slider& slider) = 0;

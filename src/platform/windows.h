@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "platform/control.h"
@@ -46,12 +47,14 @@ class DialogHandler {
     (void)lParam;
     return 0;
   }
+  // A change of the client size. Creation raises none: the first one comes with the first Move to another size.
   virtual void OnResize(ResizeKind kind, Size client) {
     (void)kind;
     (void)client;
   }
-  // Enter, or a click on button 1; Escape, a click on button 2, or the close box. By default a modal dialog ends with
-  // 1 or 2, a modeless one is hidden, a page does nothing.
+  // Enter, or a click on button 1; Escape, a click on button 2, or the close box. These two buttons raise no event of
+  // their own. Enter clicks the push button that has the focus, else the default button; a disabled one does nothing.
+  // By default a modal dialog ends with 1 or 2, a modeless one is hidden, a page does nothing.
   virtual void OnOk();
   virtual void OnCancel();
   // A close message; the default is OnCancel.
@@ -59,9 +62,10 @@ class DialogHandler {
   virtual void OnShown(bool shown) { (void)shown; }
   virtual void OnEnabled(bool enabled) { (void)enabled; }
   virtual void OnPointerMoved(Point at) { (void)at; }
-  // The window's parent is about to be destroyed, or the window itself: everything still stands.
+  // The window's parent is about to be destroyed, or the window itself: everything still stands. Parents hear it
+  // before their children, and pop-ups that a dying window owns are wholly gone before.
   virtual void OnDestroying() {}
-  // The window and its controls are gone; the last call.
+  // The window and its controls are gone; the last call, of children before their parents.
   virtual void OnDestroyed() {}
 
  protected:
@@ -70,7 +74,9 @@ class DialogHandler {
   Dialog* handled_ = nullptr;
 };
 
-// A dialog's window. The object is its owner's; releasing it destroys the window, if that still stands.
+// A dialog's window. The object is its owner's. Releasing it destroys the window, if that still stands, with all
+// windows inside it and without a word to any handler (they may be gone already): Destroy tells them. An object may
+// be released at any time, also inside an event of its own.
 class Dialog {
  public:
   virtual ~Dialog() = default;
@@ -94,6 +100,7 @@ class Dialog {
   // A rectangle of this dialog's units in pixels.
   virtual Rect UnitsToPixels(const Rect& units) const = 0;
 
+  // The window's own flags, whatever its parent's.
   virtual void SetVisible(bool visible) = 0;
   virtual bool IsVisible() const = 0;
   virtual void SetEnabled(bool enabled) = 0;
@@ -104,13 +111,15 @@ class Dialog {
   // Takes the title bar away.
   virtual void RemoveCaption() = 0;
 
-  // Moves the focus from a control to the window itself.
+  // Moves the focus from wherever it is to the window itself.
   virtual void TakeFocus() = 0;
   // The control with the focus, null when none of this dialog has it.
   virtual Control* Focused() const = 0;
 
-  virtual void Invalidate() = 0;  // repainted when the loop comes round
-  virtual void Update() = 0;      // repainted at once
+  // A repaint (EventKind::paint) is due when the loop comes round, and with Update at once. A window that shows, or
+  // whose client size changes, is due as well; one that isn't to be seen is not repainted.
+  virtual void Invalidate() = 0;
+  virtual void Update() = 0;
 
   // Centre over the parent, or on the screen's full-screen area.
   virtual void CentreOverParent() = 0;
@@ -137,17 +146,23 @@ class Windows {
   virtual ~Windows() = default;
 
   // Creates a dialog as a child of `parent`, or owned by it for the pop-up styles; OnInit runs inside. Null when the
-  // window can't be created or died inside OnInit. A control that can't be created is left out. Children are created
-  // visible; pop-ups and bare dialogs are hidden until shown.
+  // window can't be created or died inside OnInit. A control that can't be created is left out. Children are shown
+  // once OnInit is over (OnShown) and take no focus; pop-ups and bare dialogs are hidden until shown, and then the
+  // focus is on their first control that can take it (TakesFocus), or on themselves. A window dies with its parent or
+  // owner, whatever kind of window that is.
   virtual std::unique_ptr<Dialog> Create(const DialogTemplate& source, WindowHandle parent,
                                          DialogHandler& handler) = 0;
 
   // Runs a dialog modally over `owner` (0: none). Result: what EndModal was given; cancel when the dialog can't be
-  // created or its owner dies. The hook of SetOpenedHook is called once the dialog stands.
+  // created or its owner dies. The hook of SetOpenedHook is called once the dialog stands; in the model of windows
+  // the run is over when the hook returns, with cancel if the dialog wasn't ended. The owner's top-level window is
+  // disabled meanwhile. A dialog that is ended inside OnInit is never shown.
   virtual int RunModal(const DialogTemplate& source, WindowHandle owner, DialogHandler& handler) = 0;
 
-  // For scripts and tests: called with each dialog that opens, modal (inside its run) or shown modeless, and with
-  // each that closes.
+  // For scripts and tests: called with each pop-up before its OnInit; with each that was shown, its focus placed, a
+  // modal one inside its run; and with each that leaves the screen, hidden or about to be destroyed, before it hears
+  // of its destruction (the result is a modal run's).
+  virtual void SetOpeningHook(std::function<void(Dialog&)> opening) = 0;
   virtual void SetOpenedHook(std::function<void(Dialog&)> opened) = 0;
   virtual void SetClosedHook(std::function<void(Dialog&, int result)> closed) = 0;
 
@@ -169,6 +184,34 @@ class Windows {
 
  protected:
   static void Attach(DialogHandler& handler, Dialog* dialog) { handler.handled_ = dialog; }
+};
+
+// Passes everything on, for fakes that change one thing.
+class ForwardingWindows : public Windows {
+ public:
+  explicit ForwardingWindows(Windows& target) : target_(target) {}
+  std::unique_ptr<Dialog> Create(const DialogTemplate& source, WindowHandle parent, DialogHandler& handler) override {
+    return target_.Create(source, parent, handler);
+  }
+  int RunModal(const DialogTemplate& source, WindowHandle owner, DialogHandler& handler) override {
+    return target_.RunModal(source, owner, handler);
+  }
+  void SetOpeningHook(std::function<void(Dialog&)> opening) override { target_.SetOpeningHook(std::move(opening)); }
+  void SetOpenedHook(std::function<void(Dialog&)> opened) override { target_.SetOpenedHook(std::move(opened)); }
+  void SetClosedHook(std::function<void(Dialog&, int)> closed) override { target_.SetClosedHook(std::move(closed)); }
+  bool IsWindow(WindowHandle window) const override { return target_.IsWindow(window); }
+  MessageResult Send(WindowHandle window, std::uint32_t message, WParam wParam, LParam lParam) override {
+    return target_.Send(window, message, wParam, lParam);
+  }
+  void Invalidate(WindowHandle window) override { target_.Invalidate(window); }
+  void Enable(WindowHandle window, bool enabled) override { target_.Enable(window, enabled); }
+  void RaiseToFront(WindowHandle window) override { target_.RaiseToFront(window); }
+  Size FullScreen() const override { return target_.FullScreen(); }
+  int ScrollBarWidth() const override { return target_.ScrollBarWidth(); }
+  std::vector<Dialog*> Standing() const override { return target_.Standing(); }
+
+ private:
+  Windows& target_;
 };
 
 template <typename T>

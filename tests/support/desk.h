@@ -1,0 +1,23 @@
+// The windows that the contract suite runs against: the model, or real ones where the build chooses them.
+#pragma once
+
+#include <memory>
+
+#include "platform/boxes.h"
+#include "platform/clipboard.h"
+#include "platform/input.h"
+#include "platform/windows.h"
+
+namespace set32 {
+
+class DeskUnderTest {
+ public:
+  virtual ~DeskUnderTest() = default;
+  virtual Windows& TheWindows() = 0;
+  virtual Input& Hands() = 0;
+  virtual Clipboard& TheClipboard() = 0;
+};
+
+std::unique_ptr<DeskUnderTest> MakeDesk();
+
+}  // namespace set32
