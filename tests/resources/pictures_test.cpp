@@ -162,6 +162,21 @@ TEST(PictureReader, IconsHaveTheirMask) {
   file[134] = 0x40;  // lower row: the right pixel is transparent
   file[138] = 0x80;
   EXPECT_EQ(ReadPicture(file).pixels, (FileBytes{12, 13, 14, 0, 60, 61, 62, 255, 4, 5, 6, 255, 8, 9, 10, 0}));
+  file[30] = 3;
+  EXPECT_TRUE(ReadPicture(file).Empty()) << "rows that don't halve";
+}
+
+TEST(PictureReader, SidesUpTo1024) {
+  for (const bool wide : {false, true}) {
+    for (const bool fits : {false, true}) {
+      FileBytes file = SmallBitmap();
+      file.resize(54 + 4 * 1025);
+      file[wide ? 18 : 22] = fits ? 0 : 1;
+      file[wide ? 19 : 23] = 4;
+      file[wide ? 22 : 18] = 1;
+      EXPECT_EQ(ReadPicture(file).Empty(), !fits) << wide;
+    }
+  }
 }
 
 TEST(PictureReader, DamagedFieldsGiveNothing) {
