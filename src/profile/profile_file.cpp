@@ -6,7 +6,7 @@
 #include <cstring>
 
 #include "profile/hex_text.h"
-#include "profile/number_text.h"
+#include "profile/stored_number.h"
 
 namespace set32 {
 

@@ -27,4 +27,29 @@ constexpr const char* SelectedKey(std::uint32_t source) {
   }
 }
 
+inline constexpr const char* defaultSettings = "Default Settings";  // the adjustments that a mode begins with
+inline constexpr const char* jpegQuality = "JPEGQualityFactor";     // a double
+
+// Keys of the default adjustments, null where there is none and the value is neutral. The gamma is a double.
+struct AdjustmentKeys {
+  const char* brightness = nullptr;
+  const char* contrast = nullptr;
+  const char* gamma = nullptr;
+};
+
+constexpr AdjustmentKeys AdjustmentKeysOf(std::uint32_t scanMode) {
+  switch (scanMode) {
+    case mode::colour:
+    case mode::jpegColour:
+      return {"ColorBrightness", "ColorContrast", "ColorGamma"};
+    case mode::gray:
+    case mode::jpegGray:
+      return {"GrayBrightness", "GrayContrast", "GrayGamma"};
+    case mode::blackWhite:
+      return {"B&WBrightness", nullptr, "B&WGamma"};
+    default:
+      return {};
+  }
+}
+
 }  // namespace set32::profile_key

@@ -1,4 +1,4 @@
-#include "profile/number_text.h"
+#include "profile/stored_number.h"
 
 #include <charconv>
 #include <limits>

@@ -1,0 +1,103 @@
+#include "profile/options.h"
+
+#include <algorithm>
+#include <charconv>
+#include <system_error>
+
+#include "controls/number_text.h"
+#include "host_records.h"
+#include "profile/profile_keys.h"
+
+namespace set32 {
+
+namespace {
+
+// Longest character in bytes: as much more is read, so that a text is cut between characters and not in one.
+constexpr std::size_t longestCharacter = 4;
+
+// Takes a number off the text, a comma before the next one with it.
+std::optional<int> TakeNumber(std::string_view& text) {
+  text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
+  if (text.starts_with('+')) text.remove_prefix(1);
+  int number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc()) return std::nullopt;
+  text.remove_prefix(static_cast<std::size_t>(end - text.data()));
+  if (text.starts_with(',')) {
+    text.remove_prefix(1);
+  } else {
+    text = {};
+  }
+  return number;
+}
+
+}  // namespace
+
+std::int32_t OptionFile::Read(const IntegerKey& key) const {
+  return static_cast<std::int32_t>(calls_.GetInteger(key.section, key.name, key.fallback, path_.c_str()));
+}
+
+std::string OptionFile::Read(const TextKey& key) const {
+  std::string text(key.maxBytes + longestCharacter + 1, '\0');
+  text.resize(std::min(calls_.GetString(key.section, key.name, key.fallback, text, path_.c_str()), text.size()));
+  text.resize(CutAtCharacter(system_, text, key.maxBytes).size());
+  return text;
+}
+
+bool OptionFile::Write(const TextKey& key, const std::string& value) const {
+  return calls_.WriteString(key.section, key.name, value.c_str(), path_.c_str());
+}
+
+std::optional<Point> HardwareOptions::DialogPlace() const {
+  const std::string text = file_.Read(hardware_key::dialogPlace);
+  std::string_view rest = text;
+  const std::optional<int> x = TakeNumber(rest);
+  const std::optional<int> y = TakeNumber(rest);
+  if (!x || !y) return std::nullopt;
+  return Point{*x, *y};
+}
+
+bool HardwareOptions::WriteDialogPlace(const Rect& place) const {
+  std::string text;
+  for (const int edge : {place.left, place.top, place.right, place.bottom}) {
+    if (!text.empty()) text += ',';
+    text += std::to_string(edge);
+  }
+  return file_.Write(hardware_key::dialogPlace, text);
+}
+
+std::string RuntimeOptions::ProductName(const std::string& ownName) const {
+  return IsOem() ? file_.Read(option_key::productName) : ownName;
+}
+
+bool RuntimeOptions::HighBitRestricted() const {
+  return !ListsApplication(file_.Read(option_key::highBitApplications), file_.Read(option_key::application));
+}
+
+bool RuntimeOptions::PaperSourceControlsShown() const {
+  return HasLowLevelDriver() && file_.Read(option_key::paperSourceControls) != 0;
+}
+
+bool ListsApplication(std::string_view list, std::string_view application) {
+  while (!list.empty()) {
+    const std::size_t comma = std::min(list.find(','), list.size());
+    if (comma > 0 && list.substr(0, comma) == application) return true;
+    list.remove_prefix(std::min(comma + 1, list.size()));
+  }
+  return false;
+}
+
+DefaultAdjustments ReadDefaultAdjustments(const CProfileFile& profile, std::uint32_t mode) {
+  const profile_key::AdjustmentKeys keys = profile_key::AdjustmentKeysOf(mode);
+  const auto integer = [&](const char* key) {
+    return static_cast<std::int32_t>(profile.GetInteger(profile_key::defaultSettings, key, 0, 10));
+  };
+  DefaultAdjustments values;
+  if (keys.brightness != nullptr) values.brightness = integer(keys.brightness);
+  if (keys.contrast != nullptr) values.contrast = integer(keys.contrast);
+  if (keys.gamma != nullptr) values.gamma = profile.GetDouble(profile_key::defaultSettings, keys.gamma, 1.0);
+  values.jpegQuality = CutToInt(profile.GetDouble(profile_key::defaultSettings, profile_key::jpegQuality, 9.0));
+  return values;
+}
+
+}  // namespace set32

@@ -1,0 +1,113 @@
+// The settings that come from outside: what each key means to the panel, read anew at each call.
+//
+// Objects are short-lived; a missing file, section or key reads as its default (boundary/option_keys.h). Text is cut
+// at the start of a character. The calls and the system must outlive the object. Any thread.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "boundary/option_keys.h"
+#include "platform/geometry.h"
+#include "platform/profile_calls.h"
+#include "platform/system.h"
+#include "profile/profile_file.h"
+
+namespace set32 {
+
+// One file of options.
+class OptionFile {
+ public:
+  OptionFile(ProfileCalls& calls, System& system, std::string path)
+      : calls_(calls), system_(system), path_(std::move(path)) {}
+
+  std::int32_t Read(const IntegerKey& key) const;
+  std::string Read(const TextKey& key) const;
+  // False when it couldn't be stored; the file is then as it was.
+  bool Write(const TextKey& key, const std::string& value) const;
+
+ private:
+  ProfileCalls& calls_;
+  System& system_;
+  std::string path_;
+};
+
+// The module settings, beside the module.
+class ModuleSettings {
+ public:
+  ModuleSettings(ProfileCalls& calls, System& system, std::string path) : file_(calls, system, std::move(path)) {}
+
+  std::string RuntimeOptionsName() const { return file_.Read(module_key::runtimeOptionsName); }
+  std::string ProfileName() const { return file_.Read(module_key::profileName); }
+  std::string ScannerListName() const { return file_.Read(module_key::scannerListName); }
+  // Bits driver_type::; the key's low byte.
+  std::uint8_t DriverType() const { return static_cast<std::uint8_t>(file_.Read(module_key::driverType)); }
+
+ private:
+  OptionFile file_;
+};
+
+// The hardware options, beside the module.
+class HardwareOptions {
+ public:
+  HardwareOptions(ProfileCalls& calls, System& system, std::string path) : file_(calls, system, std::move(path)) {}
+
+  // Whether the advanced dialog shows its check box for high-bit output.
+  bool HighBitControlShown() const { return file_.Read(hardware_key::highBitControl) != 0; }
+  // Upper left corner of the advanced dialog at its last close; nothing where no two numbers are stored.
+  std::optional<Point> DialogPlace() const;
+  bool WriteDialogPlace(const Rect& place) const;
+
+ private:
+  OptionFile file_;
+};
+
+// The run-time options, in the temporary folder.
+class RuntimeOptions {
+ public:
+  RuntimeOptions(ProfileCalls& calls, System& system, std::string path) : file_(calls, system, std::move(path)) {}
+
+  bool IsInlineFace() const { return file_.Read(option_key::uiFace) == 0; }
+  // A maker's edition with a name and an icon of its own.
+  bool IsOem() const { return file_.Read(option_key::oem) != 0; }
+  // `ownName` unless this is a maker's edition.
+  std::string ProductName(const std::string& ownName) const;
+  // Whether the running application may not receive high-bit output.
+  bool HighBitRestricted() const;
+  // Whether the low-level driver takes part: gray mode then allows high-bit output on the inline face.
+  bool HasLowLevelDriver() const { return file_.Read(option_key::lowLevelDriver) != 0; }
+  bool PaperSourceControlsShown() const;
+  // The inline face's paper source at its start; any number can stand there.
+  std::uint32_t PaperSource() const { return static_cast<std::uint32_t>(file_.Read(option_key::paperSource)); }
+  // Whether the host hears of sizes during the first refresh of a page.
+  bool HasCrop() const { return file_.Read(option_key::hasCrop) != 0; }
+  // Whether auto crop stays available with the feeder.
+  bool FeederAutoCrop() const { return file_.Read(option_key::feederAutoCrop) != 0; }
+  // The network scanner that was chosen last.
+  std::string DefaultDevice() const { return file_.Read(option_key::defaultDevice); }
+  bool WriteDefaultDevice(const std::string& device) const { return file_.Write(option_key::defaultDevice, device); }
+
+ private:
+  OptionFile file_;
+};
+
+// Whether the list, separated by commas, holds the application, byte for byte. Empty entries are none, and blanks
+// belong to an entry.
+bool ListsApplication(std::string_view list, std::string_view application);
+
+// The adjustments that a mode begins with.
+struct DefaultAdjustments {
+  std::int32_t brightness = 0;
+  std::int32_t contrast = 0;
+  double gamma = 1.0;
+  std::int32_t jpegQuality = 9;
+};
+
+// From the profile of scan configurations. A mode that isn't known has neutral values.
+DefaultAdjustments ReadDefaultAdjustments(const CProfileFile& profile, std::uint32_t mode);
+
+}  // namespace set32
