@@ -59,6 +59,7 @@ class DialogHandler {
   virtual void OnCancel();
   // A close message; the default is OnCancel.
   virtual void OnClose() { OnCancel(); }
+  // Shown or hidden; a window that ends is not told that it is hidden.
   virtual void OnShown(bool shown) { (void)shown; }
   virtual void OnEnabled(bool enabled) { (void)enabled; }
   virtual void OnPointerMoved(Point at) { (void)at; }
@@ -128,7 +129,8 @@ class Dialog {
   // The dialog's tips, made at the first call; a Tooltip that does nothing when they can't be.
   virtual Tooltip& Tips() = 0;
 
-  // Ends the modal run with this result.
+  // The dialog leaves the screen and its controls lose the focus; the run ends with this result once control comes
+  // back to it.
   virtual void EndModal(int result) = 0;
   virtual bool IsModal() const = 0;
   // A page or a sheet: stands inside its parent.

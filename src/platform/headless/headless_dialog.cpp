@@ -18,6 +18,7 @@ HeadlessDialog::HeadlessDialog(HeadlessWindows& windows, const DialogTemplate& s
       framed_(!child_),
       captioned_(source.style == DialogStyle::modalPopup || source.style == DialogStyle::modelessPopup),
       modal_(modal),
+      open_(modal),
       title_(source.caption == nullptr ? "" : source.caption) {
   const Size frame = FrameSize();
   place_ = {0, 0, AcrossInPixels(source.size.width) + frame.width, DownInPixels(source.size.height) + frame.height};

@@ -91,6 +91,7 @@ class HeadlessDialog : public Dialog {
   bool captioned_;
   bool modal_;
   bool ended_ = false;  // the modal run
+  bool open_;           // the closed hook is due once it goes
   int result_ = dialog_result::cancel;
   bool visible_ = false;
   bool enabled_ = true;

@@ -39,10 +39,11 @@ int HeadlessWindows::RunModal(const DialogTemplate& source, WindowHandle owner, 
   return dialog->result_;
 }
 
-// The dialog stays until its run comes to an end; only the focus leaves its controls at once.
+// The dialog stands until its run comes to an end, but isn't to be seen any more, and the focus leaves its controls.
 void HeadlessWindows::EndModal(HeadlessDialog& dialog, int result) {
   dialog.result_ = result;
   dialog.ended_ = true;
+  dialog.visible_ = false;
   const WindowHandle window = dialog.Handle();
   if (FocusIsInside(window)) MoveFocus({window, 0});
 }
@@ -50,11 +51,7 @@ void HeadlessWindows::EndModal(HeadlessDialog& dialog, int result) {
 void HeadlessWindows::Show(WindowHandle window, bool visible) {
   HeadlessDialog* dialog = DialogOf(window);
   if (dialog == nullptr || dialog->visible_ == visible) return;
-  if (!visible && !dialog->IsChild()) {
-    LeaveScreen(window);
-    return;
-  }
-  if (!dialog->IsChild() && !FocusIsInside(window)) dialog->focusBefore_ = {focus_.window, focus_.control};
+  if (visible && !dialog->IsChild() && !FocusIsInside(window)) dialog->focusBefore_ = {focus_.window, focus_.control};
   dialog->visible_ = visible;
   dialog->dirty_ = visible;
   Tell(window, [visible](DialogHandler& handler) { handler.OnShown(visible); });
@@ -62,23 +59,28 @@ void HeadlessWindows::Show(WindowHandle window, bool visible) {
   if (dialog == nullptr || dialog->visible_ != visible) return;
   if (dialog->IsChild()) {
     if (!visible && FocusIsInside(window)) MoveFocus({Find(window)->parent, 0});
-    return;
-  }
-  FocusFirst(window);
-  dialog = DialogOf(window);
-  if (dialog != nullptr && dialog->visible_ && opened_) {
-    const Delivery delivery(*graveyard_);
-    opened_(*dialog);
+  } else if (visible) {
+    Appear(window);
+  } else {
+    LeaveScreen(window);
   }
 }
 
-// A pop-up disappears, to be shown again or to die.
-void HeadlessWindows::LeaveScreen(WindowHandle window) {
+void HeadlessWindows::Appear(WindowHandle window) {
+  FocusFirst(window);
   HeadlessDialog* dialog = DialogOf(window);
   if (dialog == nullptr || !dialog->visible_) return;
-  dialog->visible_ = false;
+  dialog->open_ = true;
+  const Delivery delivery(*graveyard_);
+  if (opened_) opened_(*dialog);
+}
+
+// A pop-up that was opened is hidden or about to die.
+void HeadlessWindows::LeaveScreen(WindowHandle window) {
+  HeadlessDialog* dialog = DialogOf(window);
+  if (dialog == nullptr || !dialog->open_) return;
+  dialog->open_ = dialog->visible_ = false;
   if (FocusIsInside(window)) MoveFocus({window, 0});
-  Tell(window, [](DialogHandler& handler) { handler.OnShown(false); });
   dialog = DialogOf(window);
   if (dialog == nullptr) return;
   ReturnFocus(window, {dialog->focusBefore_.window, dialog->focusBefore_.control});
@@ -130,10 +132,7 @@ void HeadlessWindows::Bury(WindowHandle window) {
 // handlers may be gone already.
 void HeadlessWindows::Release(HeadlessDialog& dialog) {
   const WindowHandle window = dialog.Handle();
-  if (closed_ && !dialog.IsChild() && dialog.visible_) {
-    dialog.visible_ = false;
-    closed_(dialog, dialog.result_);
-  }
+  if (std::exchange(dialog.open_, false) && closed_) closed_(dialog, dialog.result_);
   if (!dialog.IsChild()) ReturnFocus(window, {dialog.focusBefore_.window, dialog.focusBefore_.control});
   std::vector<WindowHandle> inside = Inside(window);
   for (const auto& [handle, node] : nodes_) {

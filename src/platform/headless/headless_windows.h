@@ -116,6 +116,7 @@ class HeadlessWindows : public Windows {
   void EndModal(HeadlessDialog& dialog, int result);
 
   void DestroyOwned(WindowHandle window);
+  void Appear(WindowHandle window);
   void LeaveScreen(WindowHandle window);
   void Bury(WindowHandle window);
   void Release(HeadlessDialog& dialog);
