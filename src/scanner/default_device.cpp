@@ -33,8 +33,6 @@ bool LooksLikeAddress(std::string_view text) {
 }
 
 void StoreDefaultDevice(ModuleState& state, const std::string& text) {
-  const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' '; };
-  if (std::any_of(text.begin(), text.end(), isControl)) return;
   state.platform.profiles.WriteString(section, key, text.c_str(), state.runtimeIniPath.c_str());
 }
 

@@ -11,7 +11,7 @@ namespace set32 {
 // Whether a text may be a device's address: it holds three dots or more.
 bool LooksLikeAddress(std::string_view text);
 
-// Stores the text. One with a line end or another control character isn't stored: it would be more than a value.
+// Stores the text, unless it can't be a value in a profile.
 void StoreDefaultDevice(ModuleState& state, const std::string& text);
 
 // The stored text, at most 255 bytes, "NoDefault" where there is none. While an older version's value stands in the
