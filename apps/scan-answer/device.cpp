@@ -35,9 +35,11 @@ sockaddr_in SocketAddress(std::uint32_t address, std::uint16_t port) {
 std::vector<std::uint8_t> WellFormedAnswer(const std::string& name) {
   constexpr std::size_t longest = 76, shortest = 12, nameOffset = 9;
   const std::string_view cut = std::string_view(name).substr(0, longest - nameOffset);
-  std::vector<std::uint8_t> bytes = {'N', 'E', 'T', 'S', 0x20, 0, 0, 0, static_cast<std::uint8_t>(cut.size())};
-  bytes.insert(bytes.end(), cut.begin(), cut.end());
-  bytes.resize(std::max(bytes.size(), shortest));
+  std::vector<std::uint8_t> bytes(std::max(nameOffset + cut.size(), shortest));
+  std::copy(requestStart.begin(), requestStart.end(), bytes.begin());
+  bytes[4] = 0x20;
+  bytes[8] = static_cast<std::uint8_t>(cut.size());
+  std::copy(cut.begin(), cut.end(), bytes.begin() + nameOffset);
   return bytes;
 }
 

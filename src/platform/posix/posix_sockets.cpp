@@ -12,6 +12,9 @@
 #include <cerrno>
 #include <chrono>
 #include <thread>
+#include <utility>
+
+#include "platform/posix/file_handle.h"
 
 namespace set32 {
 
@@ -35,24 +38,21 @@ int MillisecondsUntil(Clock::time_point end) {
 
 class PosixSocket : public DatagramSocket {
  public:
-  explicit PosixSocket(int descriptor) : descriptor_(descriptor) {}
-  ~PosixSocket() override { ::close(descriptor_); }
-  PosixSocket(const PosixSocket&) = delete;
-  PosixSocket& operator=(const PosixSocket&) = delete;
+  explicit PosixSocket(FileHandle handle) : handle_(std::move(handle)) {}
 
   bool AllowBroadcast() override {
     const int on = 1;
-    return ::setsockopt(descriptor_, SOL_SOCKET, SO_BROADCAST, &on, sizeof on) == 0;
+    return ::setsockopt(handle_.Get(), SOL_SOCKET, SO_BROADCAST, &on, sizeof on) == 0;
   }
 
   bool Bind(std::uint16_t port) override {
     const sockaddr_in local = SocketAddress(INADDR_ANY, port);
-    return ::bind(descriptor_, reinterpret_cast<const sockaddr*>(&local), sizeof local) == 0;
+    return ::bind(handle_.Get(), reinterpret_cast<const sockaddr*>(&local), sizeof local) == 0;
   }
 
   bool Send(std::span<const std::uint8_t> bytes, std::uint32_t address, std::uint16_t port) override {
     const sockaddr_in to = SocketAddress(address, port);
-    const ssize_t sent = ::sendto(descriptor_, bytes.data(), bytes.size(), MSG_DONTWAIT | MSG_NOSIGNAL,
+    const ssize_t sent = ::sendto(handle_.Get(), bytes.data(), bytes.size(), MSG_DONTWAIT | MSG_NOSIGNAL,
                                   reinterpret_cast<const sockaddr*>(&to), sizeof to);
     return sent == static_cast<ssize_t>(bytes.size());
   }
@@ -60,7 +60,7 @@ class PosixSocket : public DatagramSocket {
   Received Receive(std::span<std::uint8_t> into, int milliseconds) override;
 
  private:
-  int descriptor_;
+  FileHandle handle_;
 };
 
 Received PosixSocket::Receive(std::span<std::uint8_t> into, int milliseconds) {
@@ -68,7 +68,7 @@ Received PosixSocket::Receive(std::span<std::uint8_t> into, int milliseconds) {
   for (;;) {
     sockaddr_in from{};
     socklen_t fromSize = sizeof from;
-    const ssize_t size = ::recvfrom(descriptor_, into.data(), into.size(), MSG_DONTWAIT | MSG_TRUNC,
+    const ssize_t size = ::recvfrom(handle_.Get(), into.data(), into.size(), MSG_DONTWAIT | MSG_TRUNC,
                                     reinterpret_cast<sockaddr*>(&from), &fromSize);
     if (size >= 0) {
       if (static_cast<std::size_t>(size) > into.size()) return {};
@@ -81,7 +81,7 @@ Received PosixSocket::Receive(std::span<std::uint8_t> into, int milliseconds) {
     }
     const int left = MillisecondsUntil(end);
     if (left == 0) return {ReceiveStatus::timeOut, 0, 0, 0};
-    pollfd waiting{descriptor_, POLLIN, 0};
+    pollfd waiting{handle_.Get(), POLLIN, 0};
     ::poll(&waiting, 1, left);
   }
 }
@@ -94,9 +94,9 @@ bool PosixSockets::Start(std::uint16_t version) {
 }
 
 std::unique_ptr<DatagramSocket> PosixSockets::Open() {
-  const int descriptor = ::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
-  if (descriptor < 0) return nullptr;
-  return std::make_unique<PosixSocket>(descriptor);
+  FileHandle handle(::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0));
+  if (!handle.IsOpen()) return nullptr;
+  return std::make_unique<PosixSocket>(std::move(handle));
 }
 
 bool PosixSockets::HostName(std::string& name) {
