@@ -33,7 +33,7 @@ bool CRangeRealEdit::OnCharacter(std::string_view character) {
   const EditVerdict verdict = rules_.Judge(before, character);
   if (verdict != EditVerdict::foreign) DeleteSelection(before);
   if (verdict == EditVerdict::taken) return true;
-  platform_.system.Beep();
+  system_.Beep();
   return false;
 }
 
@@ -41,12 +41,12 @@ bool CRangeRealEdit::OnCharacter(std::string_view character) {
 bool CRangeRealEdit::OnPaste() {
   if (edit_ == nullptr) return false;
   std::string pasted;
-  switch (platform_.clipboard.Read(pasted)) {
+  switch (clipboard_.Read(pasted)) {
     case ClipboardRead::cantOpen:
       edit_->SetText("");
       return false;
     case ClipboardRead::noText:
-      platform_.system.Beep();
+      system_.Beep();
       return false;
     case ClipboardRead::text:
       break;
@@ -60,12 +60,12 @@ bool CRangeRealEdit::OnPaste() {
   }
   DeleteSelection(before);
   if (verdict == EditVerdict::refused) {
-    platform_.system.Beep();
+    system_.Beep();
     return false;
   }
   edit_->SetText(before.With(pasted));
   const std::string head = before.text.substr(0, before.start) + pasted;
-  const int caret = static_cast<int>(CountCharacters(platform_.system, head));
+  const int caret = static_cast<int>(CountCharacters(system_, head));
   edit_->Select({caret, caret});
   return false;
 }
@@ -78,7 +78,7 @@ EditState CRangeRealEdit::State() const {
   const TextRange selection = edit_->Selection();
   EditState state{.text = edit_->Text()};
   const auto bytes = [&](int characters) {
-    return BytesOfCharacters(platform_.system, state.text, static_cast<std::size_t>(std::max(characters, 0)));
+    return BytesOfCharacters(system_, state.text, static_cast<std::size_t>(std::max(characters, 0)));
   };
   state.start = bytes(selection.start);
   state.end = std::max(state.start, bytes(selection.end));
@@ -92,9 +92,9 @@ void CRangeRealEdit::DeleteSelection(const EditState& state) {
 void CRangeRealEdit::BeepForForeign(std::string_view pasted) {
   int beeps = 0;
   while (!pasted.empty() && beeps < mostBeeps) {
-    const std::size_t length = std::max<std::size_t>(platform_.system.CharacterLength(pasted), 1);
+    const std::size_t length = std::max<std::size_t>(system_.CharacterLength(pasted), 1);
     if (!rules_.Allows(pasted.substr(0, length))) {
-      platform_.system.Beep();
+      system_.Beep();
       ++beeps;
     }
     pasted.remove_prefix(std::min(length, pasted.size()));

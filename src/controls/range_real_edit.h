@@ -14,7 +14,8 @@ namespace set32 {
 // Until SetRange: 0.0 to 1000.0. The object must outlive the edit's window. Host's thread only.
 class CRangeRealEdit : public EditFilter {
  public:
-  explicit CRangeRealEdit(Platform& platform) : platform_(platform) {}
+  CRangeRealEdit(Clipboard& clipboard, System& system) : clipboard_(clipboard), system_(system) {}
+  explicit CRangeRealEdit(Platform& platform) : CRangeRealEdit(platform.clipboard, platform.system) {}
   CRangeRealEdit(const CRangeRealEdit&) = delete;
   CRangeRealEdit& operator=(const CRangeRealEdit&) = delete;
 
@@ -33,7 +34,8 @@ class CRangeRealEdit : public EditFilter {
   void BeepForForeign(std::string_view pasted);
   void NoteRange();
 
-  Platform& platform_;
+  Clipboard& clipboard_;
+  System& system_;
   Dialog* dialog_ = nullptr;
   Edit* edit_ = nullptr;
   RealEditRules rules_;
