@@ -32,7 +32,8 @@ class PanelServices {
   // Takes every frame tab away, each with its report to the host.
   virtual void RemoveAllFrames() = 0;
   // Where auto crop is on: turns it off and on again, so that the host hears of it.
-  virtual void RepeatAutoCrop() = 0;
+  enum class Saving { asUsual, off };
+  virtual void RepeatAutoCrop(Saving saving) = 0;
 };
 
 }  // namespace set32

@@ -24,10 +24,6 @@ constexpr char Fold(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-bool EqualFolded(std::string_view a, std::string_view b) {
-  return std::ranges::equal(a, b, [](char x, char y) { return Fold(x) == Fold(y); });
-}
-
 std::size_t TextStart(std::string_view text) {
   return text.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
 }
@@ -146,6 +142,10 @@ std::uint32_t TakeBase(std::string_view& text) {
 }
 
 }  // namespace
+
+bool EqualFolded(std::string_view a, std::string_view b) {
+  return std::ranges::equal(a, b, [](char x, char y) { return Fold(x) == Fold(y); });
+}
 
 std::string_view Trim(std::string_view text) {
   while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);

@@ -1,0 +1,52 @@
+// Which row of the configuration list is meant: the store's rules as functions of the rows' flags, without windows.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "host_records.h"
+
+namespace set32 {
+
+struct RowFlags {
+  bool editable = false;
+  bool deletable = false;
+  bool hasItem = true;  // false for the fallback row
+};
+
+// The first row of the run of editable rows that ends the list, where row 0 is never looked at; the number of rows
+// when no editable row ends the list, and 1 with fewer than two rows.
+int CustomRow(std::span<const RowFlags> rows);
+
+struct AutoSaveTarget {
+  int row = -1;  // -1: nothing is saved
+  bool editable = false;
+  bool deletable = false;
+  bool countsFromEnd = false;  // the row is found again by its distance from the end of the new list
+};
+
+// Where a change goes that was made while `selectedRow` is selected: into the row itself, if it is editable, else
+// into the custom row.
+AutoSaveTarget FindAutoSaveTarget(std::span<const RowFlags> rows, int selectedRow);
+
+// The row that is selected after a deletion.
+int RowAfterDeletion(int selectedRow, int rowsBefore, int rowsAfter);
+
+// Whether the buttons Save and Delete are live on a row.
+struct RowButtons {
+  bool save = false;
+  bool remove = false;
+};
+RowButtons ButtonsOf(const RowFlags& row);
+
+// Place of a mode's icon in the list's image list.
+int ModeIcon(std::uint32_t mode);
+
+// Width of the list's one column for a row: the window's, less room for a scroll bar once the rows don't fit, or the
+// text's where that is much wider. Pixels.
+int ColumnWidthFor(int listWidth, int row, int rowsPerPage, int textWidth);
+
+// Lengths of a record as a click takes them: cut to two decimals.
+void CutLengths(ScanSettings& settings);
+
+}  // namespace set32

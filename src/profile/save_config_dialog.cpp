@@ -1,0 +1,64 @@
+#include "profile/save_config_dialog.h"
+
+#include <cstddef>
+
+#include "controls/format.h"
+#include "profile/config_items.h"
+#include "resources/dialogs.h"
+#include "resources/ids.h"
+#include "resources/strings.h"
+
+namespace set32 {
+
+NameVerdict JudgeConfigName(ProfileCalls& calls, const std::string& profilePath, const std::string& name) {
+  if (!IsUsableConfigName(name)) return NameVerdict::bad;
+  const std::vector<ConfigEntry> entries = ReadConfigEntries(calls, profilePath);
+  const ConfigEntry* stored = FindConfigEntry(entries, name);
+  if (stored == nullptr) return NameVerdict::fresh;
+  ScanConfigItem item{};
+  const bool flagsAreKnown = DecodeConfigItem(stored->value, item) > offsetof(ScanConfigItem, deletable);
+  return flagsAreKnown && item.deletable != 0 ? NameVerdict::replaceable : NameVerdict::guarded;
+}
+
+int CSaveConfigDlg::Run(WindowHandle owner) {
+  return state_.platform.windows.RunModal(*FindDialog(dialog::saveConfig), owner, *this);
+}
+
+void CSaveConfigDlg::OnInit(Dialog& dialog) {
+  constexpr int longestTyped = 128;  // characters
+  dialog_ = &dialog;
+  Edit& edit = dialog.Get<Edit>(id104::nameEdit);
+  edit.SetText(name);
+  edit.SetLimit(longestTyped);
+}
+
+void CSaveConfigDlg::OnOk() {
+  const std::string typed = dialog_->Get<Edit>(id104::nameEdit).Text();
+  switch (JudgeConfigName(state_.platform.profiles, state_.profilePath, typed)) {
+    case NameVerdict::bad:
+      return Say(text::badConfigName, box_style::stop);
+    case NameVerdict::guarded:
+      return Say(text::protectedConfig, box_style::ok);
+    case NameVerdict::replaceable:
+      if (!AskToReplace(typed)) return;
+      break;
+    case NameVerdict::fresh:
+      break;
+  }
+  if (!dialog_->IsAlive()) return;
+  name = typed;
+  dialog_->EndModal(dialog_result::ok);
+}
+
+void CSaveConfigDlg::Say(int textId, std::uint32_t style) {
+  state_.platform.boxes.Show(dialog_->Handle(), LoadString(state_.platform.system, textId), state_.productName,
+                             style);
+}
+
+bool CSaveConfigDlg::AskToReplace(const std::string& typed) {
+  const std::string question = FormatText(LoadString(state_.platform.system, text::replaceConfig), typed);
+  return state_.platform.boxes.Show(dialog_->Handle(), question, state_.productName,
+                                    box_style::yesNo | box_style::exclamation) != BoxAnswer::no;
+}
+
+}  // namespace set32

@@ -1,0 +1,87 @@
+// Which row of the configuration list is meant: the rules over flags alone.
+#include "profile/config_rules.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace set32 {
+namespace {
+
+// A letter a row: F factory, C custom, U the user's, - the fallback row.
+std::vector<RowFlags> Rows(const std::string& letters) {
+  std::vector<RowFlags> rows;
+  for (const char letter : letters) {
+    rows.push_back({letter == 'C' || letter == 'U', letter == 'U', letter != '-'});
+  }
+  return rows;
+}
+
+TEST(ConfigRules, ChangesOfAFactoryRowGoToTheCustomRow) {
+  struct Case {
+    std::string rows;
+    int selected;
+    int target;
+    bool deletable;
+  };
+  for (const Case& c : std::vector<Case>{
+           {"FFFFFC", 2, 5, false},   // a fresh flatbed
+           {"FFFFFC", 5, 5, false},   // the custom row takes its own changes
+           {"FFFFFCUU", 1, 5, false},  // the user's rows follow the custom row
+           {"FFFFFCUU", 7, 7, true},
+           {"FFC", 0, 2, false},
+           {"UU", 0, 0, true},
+           {"FF", 0, -1, false},   // nothing editable ends the list
+           {"FUF", 0, -1, false},
+           {"F", 0, -1, false},
+           {"FU", 0, 1, false},
+           {"-", 0, -1, false},    // the fallback row stores nothing
+           {"", 0, -1, false},
+           {"FC", 2, -1, false},   // past the end
+           {"FC", -1, -1, false},
+       }) {
+    const AutoSaveTarget target = FindAutoSaveTarget(Rows(c.rows), c.selected);
+    EXPECT_EQ(target.row, c.target) << c.rows << " " << c.selected;
+    if (c.target < 0) continue;
+    EXPECT_TRUE(target.editable) << c.rows;
+    EXPECT_EQ(target.deletable, c.deletable) << c.rows << " " << c.selected;
+  }
+}
+
+TEST(ConfigRules, RowZeroIsNeverTheReasonToStop) {
+  EXPECT_EQ(CustomRow(Rows("CUU")), 1);
+  EXPECT_EQ(CustomRow(Rows("FUU")), 1);
+  EXPECT_EQ(CustomRow(Rows("C")), 1);
+  EXPECT_EQ(CustomRow(Rows("")), 1);
+  EXPECT_EQ(CustomRow(Rows("FFF")), 3);
+}
+
+TEST(ConfigRules, DeletionSelectsTheNewLastRowOrTheRowThatMovedUp) {
+  EXPECT_EQ(RowAfterDeletion(7, 8, 7), 6);
+  EXPECT_EQ(RowAfterDeletion(6, 8, 7), 6);
+  EXPECT_EQ(RowAfterDeletion(-1, 8, 7), -1);
+}
+
+TEST(ConfigRules, ColumnLeavesRoomForAScrollBarOnceTheRowsDoNotFit) {
+  EXPECT_EQ(ColumnWidthFor(200, 3, 4, 50), 195);
+  EXPECT_EQ(ColumnWidthFor(200, 4, 4, 50), 181);
+  EXPECT_EQ(ColumnWidthFor(200, 4, 4, 219), 181);
+  EXPECT_EQ(ColumnWidthFor(200, 0, 4, 220), 220);
+}
+
+TEST(ConfigRules, ClickCutsLengthsToHundredths) {
+  ScanSettings settings{};
+  settings.width = 8.279999;
+  settings.height = 11.0;
+  settings.customWidth = -1.239;
+  settings.customHeight = 1e300;
+  CutLengths(settings);
+  EXPECT_DOUBLE_EQ(settings.width, 8.27);
+  EXPECT_DOUBLE_EQ(settings.height, 11.0);
+  EXPECT_DOUBLE_EQ(settings.customWidth, -1.23);
+  EXPECT_DOUBLE_EQ(settings.customHeight, 1e300);
+}
+
+}  // namespace
+}  // namespace set32
