@@ -1,0 +1,30 @@
+#include "host/start_up.h"
+
+#include "profile/options.h"
+
+namespace set32 {
+
+namespace {
+
+// Drive and folder of a path, with the closing separator.
+std::string FolderOf(const std::string& path) {
+  const std::size_t end = path.find_last_of("/\\");
+  return end == std::string::npos ? std::string() : path.substr(0, end + 1);
+}
+
+}  // namespace
+
+void StartUp(ModuleState& state) {
+  state.moduleDir = FolderOf(state.platform.paths.ModuleFile());
+  const ModuleSettings settings(state.platform.profiles, state.platform.system, state.moduleDir + module_file::settings);
+  const std::string runtimeIni = settings.RuntimeOptionsName();
+  const std::string profile = settings.ProfileName();
+  const std::string scannerList = settings.ScannerListName();
+  state.driverType = settings.DriverType();
+  const std::string folder = state.platform.paths.TemporaryFolder();
+  state.profilePath = folder + profile;
+  state.scannerListPath = folder + scannerList;
+  state.runtimeIniPath = folder + runtimeIni;
+}
+
+}  // namespace set32

@@ -1,0 +1,85 @@
+// Frames: tab bar 1095 and button 5005. The frames live in the host; the bar shows how many there are and which is
+// current. Removal always takes the last tab, so the images stay in sequence.
+#include "panel/panel_page.h"
+#include "panel/rules/mode_rules.h"
+#include "resources/ids.h"
+#include "resources/pictures.h"
+
+namespace set32 {
+
+namespace {
+
+constexpr int imageWidth = 15;
+constexpr int minTabWidth = 18;
+constexpr Size tabPadding = {2, 3};
+constexpr Colour transparent = {255, 0, 255};
+
+void AddFrameTab(TabBar& tabs) {
+  const int count = tabs.Count();
+  tabs.SetMinTabWidth(minTabWidth);
+  tabs.Add({}, ImageOfNewTab(count));
+  tabs.SetMinTabWidth(minTabWidth);
+  tabs.SetPadding(tabPadding);
+  tabs.SetCurrent(count);
+}
+
+}  // namespace
+
+void CPanelPage::SetUpFrameTabs() {
+  TabBar& tabs = Get<TabBar>(id::frameTabs);
+  tabs.SetImages(LoadPicture(picture::frameTabs), imageWidth, transparent);
+  AddFrameTab(tabs);
+}
+
+void CPanelPage::ActOnFrameCommand(const FrameCommand& command) {
+  TabBar& tabs = Get<TabBar>(id::frameTabs);
+  switch (command.action) {
+    case frame_action::added:
+      AddFrameTab(tabs);
+      if (tabs.Count() > 0) Get<Button>(id::removeFrameButton).SetEnabled(true);
+      break;
+    case frame_action::select:
+      if (command.index < static_cast<std::uint32_t>(tabs.Count())) tabs.SetCurrent(static_cast<int>(command.index));
+      break;
+    case frame_action::allGone:
+      tabs.Clear();
+      break;
+    case frame_action::removed:
+      tabs.Remove(tabs.Count() - 1);
+      break;
+    default:
+      break;
+  }
+}
+
+void CPanelPage::OnRemoveFrame(const Event&) {
+  TabBar& tabs = Get<TabBar>(id::frameTabs);
+  if (tabs.Count() == 0) return;
+  // With no current tab, as after the host took the current one, the tab that goes is the one that is meant.
+  const int before = tabs.Current() >= 0 ? tabs.Current() : tabs.Count() - 1;
+  tabs.Remove(tabs.Count() - 1);
+  tabs.SetCurrent(CurrentAfterRemoval(before, tabs.Count()));
+  Get<Button>(id::removeFrameButton).SetEnabled(tabs.Count() > 0);
+  host_.FrameRemoved(*settings_, static_cast<std::uint32_t>(before));
+  host_.FrameTabChanged(tabs.Current());
+}
+
+void CPanelPage::RemoveAllFrames() {
+  TabBar& tabs = Get<TabBar>(id::frameTabs);
+  while (tabs.Count() > 0) {
+    const int last = tabs.Count() - 1;
+    tabs.Remove(last);
+    host_.FrameRemoved(*settings_, static_cast<std::uint32_t>(last));
+  }
+}
+
+void CPanelPage::OnFrameTabChange(const Event&) {
+  if (dialog_->IsAlive()) host_.FrameTabChanged(Get<TabBar>(id::frameTabs).Current());
+}
+
+void CPanelPage::EnableRemoveButton() {
+  const bool live = Get<TabBar>(id::frameTabs).Count() > 0 && settings_->autoCrop == 0;
+  Get<Button>(id::removeFrameButton).SetEnabled(live);
+}
+
+}  // namespace set32

@@ -1,0 +1,156 @@
+// What holds the page together: its binding, the steps of its start, the central refresh and its end.
+#include "panel/panel_page.h"
+
+#include "adjust/adjustment_rules.h"
+#include "profile/options.h"
+#include "resources/ids.h"
+#include "resources/pictures.h"
+#include "resources/strings.h"
+
+namespace set32 {
+
+CPanelPage::CPanelPage(ModuleState& state, const PanelFace& face)
+    : state_(state),
+      face_(face),
+      host_(state.platform.windows),
+      store_(state, *this, face.store),
+      renderer_(face.preview, imageLibrary_),
+      resolutionEdit_(state.platform),
+      widthEdit_(state.platform),
+      heightEdit_(state.platform),
+      sizeCombo_(state.platform.windows),
+      resolutionCombo_(state.platform.windows),
+      scannerCombo_(state.platform.windows),
+      sourceCombo_(state.platform.windows) {
+  state_.jpegModesOn = false;
+}
+
+void CPanelPage::Bind(const DeviceLimits* limits, ScanSettings& settings, WindowHandle hostWindow, CDib* preview) {
+  constexpr std::uint16_t allModes = mode::colour | mode::gray | mode::blackWhite;
+  constexpr std::uint16_t defaultMaxDpi = 4800;
+  limits_ =
+      limits != nullptr ? *limits : DeviceLimits{allModes, face_.rules.resolutionMaskWithoutLimits, defaultMaxDpi, 0};
+  settings_ = &settings;
+  limits_.minDpi = face_.rules.minDpiAtBinding[settings.paperSource];
+  host_.Bind(hostWindow);
+  preview_ = preview;
+  if (preview_ != nullptr) CopyAdjustmentsToPreview(*settings_, *preview_);
+}
+
+RuntimeOptions CPanelPage::Options() const {
+  return {state_.platform.profiles, state_.platform.system, state_.runtimeIniPath};
+}
+
+std::string CPanelPage::String(int id) const {
+  return LoadString(state_.platform.system, id);
+}
+
+void CPanelPage::AttachControls(Dialog& dialog) {
+  dialog_ = &dialog;
+  store_.Attach(dialog);
+  sizeCombo_.Attach(Get<Combo>(id::sizeCombo));
+  resolutionCombo_.Attach(Get<Combo>(id::resolutionCombo));
+  scannerCombo_.Attach(Get<Combo>(id::scannerCombo));
+  sourceCombo_.Attach(Get<Combo>(id::sourceCombo));
+  resolutionEdit_.Attach(dialog, id::resolutionEdit);
+  widthEdit_.Attach(dialog, id::widthEdit);
+  heightEdit_.Attach(dialog, id::heightEdit);
+  modeCombo_.Attach(Get<Combo>(id::modeCombo));
+}
+
+void CPanelPage::ReadProductName() {
+  state_.productName = Options().ProductName(String(text::productName));
+}
+
+void CPanelPage::DecideHighBit() {
+  state_.highBitRestricted = Options().HighBitRestricted();
+}
+
+void CPanelPage::FillUnits() {
+  Combo& combo = Get<Combo>(id::unitCombo);
+  for (const int text : {text::unitInch, text::unitCentimetre, text::unitPixel}) combo.Add(String(text));
+}
+
+void CPanelPage::AttachPictures() {
+  for (const int button : {id::widthPicture, id::heightPicture, id::bwButton, id::grayButton, id::colourButton}) {
+    AttachBitmaps(Get<PictureButton>(button));
+  }
+}
+
+// The list takes the room of the paper source's controls.
+void CPanelPage::HidePaperSource() {
+  constexpr int belowGroup = 18;  // pixels
+  Get<Combo>(id::sourceCombo).SetVisible(false);
+  Get<Label>(id::sourceLabel).SetVisible(false);
+  List& list = Get<List>(id::configList);
+  Rect place = list.Place();
+  place.top = Get<GroupBox>(id::listGroup).Place().top + belowGroup;
+  list.Move(place);
+}
+
+void CPanelPage::RefreshPanel() {
+  BuildResolutionList();
+  if (pageSource_ != paper_source::feeder) {
+    Get<CheckButton>(id::autoCropCheck).SetChecked(settings_->autoCrop != 0);
+  }
+  OfferModes();
+  if (preview_ != nullptr) CopyAdjustmentsToPreview(*settings_, *preview_);
+  if (state_.highBitRestricted) settings_->highBitDepth = 0;
+  ApplyMode(settings_->mode);
+  shownUnits_ = settings_->units;
+  Get<Combo>(id::unitCombo).SelectIndex(static_cast<int>(shownUnits_));
+  const std::uint32_t hostWord = settings_->hostWord;
+  SelectSize(settings_->sizeId);
+  ShowSizeText();
+  SetSizeRanges();
+  {
+    const NotifySizeHold quiet(state_, false);
+    ApplySizeChoice();
+  }
+  settings_->hostWord = hostWord;
+  store_.SetButtons();
+  host_.ModeShown(settings_->mode);
+  settings_->frameCommand = 0;
+  host_.SettingsChanged(settings_change::values, *settings_);
+  OnRefreshTold();
+}
+
+void CPanelPage::FirstRefresh() {
+  state_.notifySize = Options().HasCrop();
+  RefreshPanel();
+  state_.notifySize = true;
+}
+
+void CPanelPage::RefreshPreview() {
+  renderer_.Refresh(*settings_, preview_, state_.bwThreshold, host_, state_.notifySize);
+}
+
+void CPanelPage::OnResize(ResizeKind kind, Size client) {
+  if (kind == ResizeKind::minimised || dialog_ == nullptr) return;
+  anchors_.Resize(*dialog_, client);
+  store_.FitColumn();
+}
+
+// A child window's edit hears nothing when its parent goes; what was typed counts all the same.
+void CPanelPage::LeaveFocusedEdit() {
+  const Control* focused = dialog_->Focused();
+  if (focused == nullptr || focused->Kind() != ControlKind::edit) return;
+  Event left{EventKind::focusLost};
+  left.controlId = focused->Id();
+  OnEvent(left);
+}
+
+void CPanelPage::OnDestroying() {
+  if (dialog_ == nullptr || isDetached_) return;
+  LeaveFocusedEdit();
+  OnClosing();
+}
+
+void CPanelPage::OnDestroyed() {
+  if (!isDetached_) OnClosed();
+  settings_ = &own_;
+  preview_ = nullptr;
+  host_.Bind(0);
+}
+
+}  // namespace set32

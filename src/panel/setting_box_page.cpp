@@ -1,0 +1,169 @@
+#include "panel/setting_box_page.h"
+
+#include <algorithm>
+
+#include "panel/rules/mode_rules.h"
+#include "profile/options.h"
+#include "resources/ids.h"
+
+namespace set32 {
+
+namespace {
+
+constexpr PanelFace sheetFace = {sheetFaceRules, sheetStoreFace, sheetPreview, true};
+
+}  // namespace
+
+std::span<const MessageRow<CSettingBoxPage>> CSettingBoxPage::Messages() {
+  using Page = CSettingBoxPage;
+  static constexpr MessageRow<Page> rows[] = {
+      {EventKind::selectionChosen, id::resolutionCombo, &Page::OnResolutionChoice},
+      {EventKind::focusLost, id::resolutionEdit, &Page::OnResolutionEdit},
+      {EventKind::selectionChosen, id::sizeCombo, &Page::OnSizeChoice},
+      {EventKind::selectionChosen, id::unitCombo, &Page::OnUnitChoice},
+      {EventKind::focusGained, id::widthEdit, &Page::OnSizeEditEnter},
+      {EventKind::focusGained, id::heightEdit, &Page::OnSizeEditEnter},
+      {EventKind::focusLost, id::widthEdit, &Page::OnWidthEdit},
+      {EventKind::focusLost, id::heightEdit, &Page::OnHeightEdit},
+      {EventKind::selectionChosen, id::modeCombo, &Page::OnModeChoice},
+      {EventKind::clicked, id::colourButton, &Page::OnColourClicked},
+      {EventKind::clicked, id::colourRadio, &Page::OnColourClicked},
+      {EventKind::clicked, id::grayButton, &Page::OnGrayClicked},
+      {EventKind::clicked, id::grayRadio, &Page::OnGrayClicked},
+      {EventKind::clicked, id::bwButton, &Page::OnBlackWhiteClicked},
+      {EventKind::clicked, id::bwRadio, &Page::OnBlackWhiteClicked},
+      {EventKind::selectionChosen, id::sourceCombo, &Page::OnSourceChoice},
+      {EventKind::clicked, id::autoCropCheck, &Page::OnAutoCropClicked},
+      {EventKind::tabChanged, id::frameTabs, &Page::OnFrameTabChange},
+      {EventKind::clicked, id::removeFrameButton, &Page::OnRemoveFrame},
+      {EventKind::rowChanged, id::configList, &Page::OnRowChanged},
+      {EventKind::rowClicked, id::configList, &Page::OnRowClicked},
+      {EventKind::clicked, id::saveButton, &Page::OnSaveClicked},
+      {EventKind::clicked, id::deleteButton, &Page::OnDeleteClicked},
+      {EventKind::selectionChosen, id::scannerCombo, &Page::OnScannerChoice},
+      {EventKind::clicked, id::refreshButton, &Page::OnRefreshScanners},
+      {EventKind::dropDown, id::sizeCombo, &Page::OnSizeDropDown},
+      {EventKind::dropDown, id::resolutionCombo, &Page::OnResolutionDropDown},
+      {EventKind::dropDown, id::scannerCombo, &Page::OnScannerDropDown},
+      {EventKind::dropDown, id::sourceCombo, &Page::OnSourceDropDown},
+  };
+  return rows;
+}
+
+CSettingBoxPage::CSettingBoxPage(ModuleState& state) : CPanelPage(state, sheetFace), scanners_(state, host_) {}
+
+void CSettingBoxPage::OnEvent(const Event& event) {
+  Dispatch(*this, Messages(), event);
+}
+
+MessageResult CSettingBoxPage::OnMessage(std::uint32_t message, WParam wParam, LParam lParam) {
+  switch (message) {
+    case to_panel::frameReport:
+      OnHostReport(wParam, reinterpret_cast<const ScanSettings*>(lParam));
+      return 0;
+    case to_panel::autoCropOff:
+      ClearAutoCrop();
+      return 0;
+    case to_panel::deviceQuestion:
+      return 1;
+    case to_panel::askAddress:
+      scanners_.OnAskScannerAddress();
+      return 0;
+    default:
+      return 0;
+  }
+}
+
+// The page's whole start. The order is part of the behaviour: what the host's record holds decides the lists, and the
+// record itself is replaced on the way by what the last run left.
+void CSettingBoxPage::OnInit(Dialog& dialog) {
+  AttachControls(dialog);
+  EnterAnchors();
+  store_.WriteFreshProfile();
+  settings_->frameCommand = 0;
+  Get<Button>(id::advancedButton).SetEnabled(false);
+  Get<Button>(id::advancedButton).SetVisible(false);
+  SetUpFrameTabs();
+  ReadProductName();
+  AttachPictures();
+  FillUnits();
+  DecideHighBit();
+  if (!Options().PaperSourceControlsShown()) HidePaperSource();
+  AddTooltips(Frames::some);
+  scanners_.Attach(dialog);
+  scanners_.Start();
+  FillSources();
+  store_.SetUpList();
+  StartStore();
+  BuildSizeList();
+  shownUnits_ = settings_->units;
+  FirstRefresh();
+  store_.HoldSelectedRow();
+  store_.SetButtons();
+  SelectSource(pageSource_);
+  ShowAutoCropAtStart();
+  FillModes();
+  if (pageSource_ != paper_source::flatbed) ChangePaperSource();
+  Get<Combo>(id::modeCombo).SelectIndex(std::max(IndexOfMode(settings_->mode), 0));
+  SetSizeRanges();
+  if (advanced_ != nullptr) advanced_->LoadFromSettings(settings_);
+  EnableRemoveButton();
+  host_.AreaChanged(*settings_);
+}
+
+void CSettingBoxPage::EnterAnchors() {
+  anchors_.Add(anchor::moveY | anchor::stretchY, {id::listGroup, id::configList});
+  anchors_.Add(anchor::moveY,
+               {id::saveButton,      id::deleteButton, id::scanGroup,      id::modeCombo,     id::resolutionCombo,
+                id::resolutionEdit,  id::sizeCombo,    id::unitCombo,      id::heightEdit,    id::heightPicture,
+                id::widthEdit,       id::widthPicture, id::advancedButton, id::autoCropCheck, id::modeLabel,
+                id::resolutionLabel, id::sizeLabel,    id::frameTabs,      id::framesLabel,   id::removeFrameButton});
+}
+
+void CSettingBoxPage::StartStore() {
+  pageSource_ = settings_->paperSource;
+  pageSource_ = store_.LoadLastSettings(*settings_);
+  store_.BuildConfigList();
+  store_.ShowSelectedRow();
+}
+
+// On the feeder the check box is there only where auto crop stays available; on film it can't be used.
+void CSettingBoxPage::ShowAutoCropAtStart() {
+  CheckButton& check = Get<CheckButton>(id::autoCropCheck);
+  if (pageSource_ == paper_source::flatbed) {
+    check.SetVisible(true);
+    check.SetEnabled(true);
+  } else if (IsTransparency(pageSource_) || (pageSource_ == paper_source::feeder && !Options().FeederAutoCrop())) {
+    check.SetEnabled(false);
+  }
+}
+
+void CSettingBoxPage::OnRefreshTold() {
+  scanners_.ReportAtPanelRefresh();
+  if (advanced_ != nullptr) {
+    advanced_->LoadFromSettings(settings_);
+    if (advanced_->HasWindow()) {
+      advanced_->UpdateEnabling(settings_);
+      advanced_->ShowSettings(settings_);
+    }
+  }
+  RefreshPreview();
+}
+
+void CSettingBoxPage::OnModeShown() {
+  if (advanced_ == nullptr) return;
+  advanced_->UpdateEnabling(settings_);
+  advanced_->LoadFromSettings(settings_);
+}
+
+void CSettingBoxPage::OnClosing() {
+  scanners_.StoreAtClose();
+}
+
+void CSettingBoxPage::OnClosed() {
+  store_.Close(*settings_, pageSource_);
+  scanners_.ClearScannerList();
+  settings_->highBitDepth = 0;
+}
+
+}  // namespace set32
