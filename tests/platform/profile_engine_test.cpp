@@ -1,0 +1,241 @@
+// The contract of the profile calls, on every implementation there is; then what the engine alone promises: all other
+// bytes of a file stay, and a write that breaks anywhere leaves the old file.
+#include "platform/profile_engine.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <optional>
+#include <string>
+
+#include "tests/support/faulty_files.h"
+#include "tests/support/profile_peer.h"
+#include "tests/support/scratch_folder.h"
+
+namespace set32 {
+namespace {
+
+using testing::ElementsAre;
+using namespace std::string_literals;
+
+class ProfileContract : public testing::TestWithParam<ProfilePeer> {
+ protected:
+  std::string Get(const char* section, const char* key, const char* fallback = "none", std::size_t size = 600) {
+    std::string out(size, '?');
+    out.resize(calls_->GetString(section, key, fallback, out, path_.c_str()));
+    return out;
+  }
+
+  std::string Section(const char* section, std::size_t size = 600) {
+    std::string out(size, '?');
+    const std::size_t count = calls_->GetSection(section, out, path_.c_str());
+    EXPECT_EQ(out[count], '\0');
+    out.resize(count);
+    return out;
+  }
+
+  ScratchFolder folder_;
+  std::string path_ = folder_.Path("p.ini");
+  std::unique_ptr<ProfileCalls> calls_ = GetParam().make();
+};
+
+INSTANTIATE_TEST_SUITE_P(Peers, ProfileContract, testing::ValuesIn(ProfilePeers()),
+                         [](const auto& peer) { return peer.param.name; });
+
+TEST_P(ProfileContract, ReadsTheFirstMatchingKeyOfItsSection) {
+  folder_.Write("p.ini",
+                "stray=outside\r\n[One]\r\n  Key =  a b \r\nkey=later\r\n;hidden=1\r\nempty=\r\nbare\r\n"
+                "equals=a=b=c\r\n[no header\r\nlast=end\r\n[TWO] trailing\nkey=two\n'q'='x'\n double=\"y "
+                "\"\nopen='z\n[one]\nnew=1");
+  const struct {
+    const char* section;
+    const char* key;
+    const char* value;
+  } cases[] = {
+      {"One", "Key", "a b"},      {"ONE", " kEY ", "a b"},    {"One", "empty", ""},   {"One", "bare", "none"},
+      {"One", ";hidden", "none"}, {"One", "equals", "a=b=c"}, {"two", "key", "two"},  {"two", "'q'", "x"},
+      {"two", "double", "y "},    {"two", "open", "'z"},      {"One", "new", "none"}, {"One", "stray", "none"},
+      {"One", "last", "end"},     {"Three", "key", "none"},   {"One", "Ke", "none"},  {"One", "Keyy", "none"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(Get(c.section, c.key), c.value) << c.section << '/' << c.key;
+}
+
+TEST_P(ProfileContract, GivesTheFallbackWithoutAFile) {
+  EXPECT_EQ(Get("s", "k"), "none");
+  EXPECT_EQ(Get("s", "k", nullptr), "");
+  EXPECT_EQ(calls_->GetInteger("s", "k", -3, path_.c_str()), 0xFFFFFFFDU);
+  EXPECT_EQ(Section("s"), "");
+}
+
+TEST_P(ProfileContract, CutsAValueToItsBuffer) {
+  folder_.Write("p.ini", "[s]\r\nk=abcdef\r\n");
+  EXPECT_EQ(Get("s", "k", "none", 7), "abcdef");
+  EXPECT_EQ(Get("s", "k", "none", 4), "abc");
+  EXPECT_EQ(Get("s", "k", "none", 1), "");
+  EXPECT_EQ(Get("s", "x", "fallback", 5), "fall");
+}
+
+TEST_P(ProfileContract, ReadsIntegers) {
+  const struct {
+    const char* value;
+    std::uint32_t number;
+  } cases[] = {{"42", 42}, {"-1", 0xFFFFFFFF}, {"+7", 7},         {" 8 ", 8}, {"9x", 9}, {"x9", 0},
+               {"-", 0},   {"0x1F", 31},       {"4294967297", 1}, {"'5'", 5}, {"", 77}};
+  for (const auto& c : cases) {
+    folder_.Write("p.ini", "[s]\nk="s + c.value + "\n");
+    EXPECT_EQ(calls_->GetInteger("s", "k", 77, path_.c_str()), c.number) << c.value;
+  }
+}
+
+TEST_P(ProfileContract, ListsTheLinesOfASection) {
+  folder_.Write("p.ini", "[s]\r\n b = 1 \r\n\r\n;c=2\r\na='x'\r\nbare\r\nb=3\r\n[t]\r\nd=4\r\n");
+  const std::string all = "b=1\0a='x'\0bare\0b=3\0"s;
+  EXPECT_EQ(Section("S"), all);
+  EXPECT_EQ(Section("s", all.size() + 1), all);
+  EXPECT_EQ(Section("s", all.size()), all.substr(0, all.size() - 2));
+  EXPECT_EQ(Section("s", 6), "b=1\0"s);
+  EXPECT_EQ(Section("u"), "");
+}
+
+TEST_P(ProfileContract, WritesReadBackAtOnce) {
+  ASSERT_TRUE(calls_->WriteString("s", "b", "1", path_.c_str()));
+  ASSERT_TRUE(calls_->WriteString("s", "a", "2", path_.c_str()));
+  ASSERT_TRUE(calls_->WriteString("t", "c", std::string(5000, 'D').c_str(), path_.c_str()));
+  ASSERT_TRUE(calls_->WriteString("S", "B", "3", path_.c_str()));
+  EXPECT_EQ(Section("s"), "b=3\0a=2\0"s);
+  EXPECT_EQ(Get("t", "c", "", 6000), std::string(5000, 'D'));
+  ASSERT_TRUE(calls_->WriteString("s", "b", "", path_.c_str()));
+  EXPECT_EQ(Section("s"), "b=\0a=2\0"s);
+  ASSERT_TRUE(calls_->WriteString("s", "b", nullptr, path_.c_str()));
+  EXPECT_EQ(Section("s"), "a=2\0"s);
+  ASSERT_TRUE(calls_->WriteString("s", nullptr, nullptr, path_.c_str()));
+  EXPECT_EQ(Section("s"), "");
+  EXPECT_EQ(Get("t", "c", "", 3), "DD");
+}
+
+// The engine alone.
+
+struct WriteCase {
+  std::optional<std::string> before;
+  const char* section;
+  const char* key;
+  const char* value;
+  std::optional<std::string> after;
+};
+
+TEST(ProfileEngineWrite, TouchesNothingButItsLine) {
+  const WriteCase cases[] = {
+      {std::nullopt, "s", "k", "v", "[s]\r\nk=v\r\n"},
+      {"", "s", "k", "v", "[s]\r\nk=v\r\n"},
+      {"[s]\n", "s", "k", "v", "[s]\nk=v\n"},
+      {"[s]", "s", "k", "v", "[s]\r\nk=v\r\n"},
+      {"\xEF\xBB\xBF[s]\nk=1", "s", "k", "v", "\xEF\xBB\xBF[s]\nk=v"},
+      {"\xEF\xBB\xBF", "s", "k", "v", "\xEF\xBB\xBF[s]\r\nk=v\r\n"},
+      {"; top\n\n[ S ] x\n K =  old \r\nz=1\n", "s", "k", "v", "; top\n\n[ S ] x\n K =v\r\nz=1\n"},
+      {"[s]\nk=1\nk=2\n", "s", "k", "v", "[s]\nk=v\nk=2\n"},
+      {"[s]\na=1\n;c\n\n \n[t]\nb=2\n", "s", "k", "v", "[s]\na=1\n;c\nk=v\n\n \n[t]\nb=2\n"},
+      {"[s]\nk\n", "s", "k", "v", "[s]\nk\nk=v\n"},
+      {"[t]\r\nb=2", "s", "k", "v", "[t]\r\nb=2\r\n[s]\r\nk=v\r\n"},
+      {"[s]\na\0b=1\n\xFF\xFE\n"s, "s", "k", "v", "[s]\na\0b=1\n\xFF\xFE\nk=v\n"s},
+      {"[s]\nk=1\n;k=0\nz=2\n", "s", "k", nullptr, "[s]\n;k=0\nz=2\n"},
+      {"[a]\nx=1\n[s]\nk=1\n\n[t]\ny=2\n", "s", nullptr, nullptr, "[a]\nx=1\n[t]\ny=2\n"},
+      {"[s]\nk=1\n", "t", nullptr, nullptr, "[s]\nk=1\n"},
+      {std::nullopt, "s", "k", nullptr, std::nullopt},
+  };
+  for (const WriteCase& c : cases) {
+    const ScratchFolder folder;
+    ProfileEngine engine(SystemFiles());
+    if (c.before) folder.Write("p.ini", *c.before);
+    EXPECT_TRUE(engine.WriteString(c.section, c.key, c.value, folder.Path("p.ini").c_str()));
+    EXPECT_EQ(SystemFiles().Exists(folder.Path("p.ini")), c.after.has_value());
+    EXPECT_EQ(folder.Read("p.ini"), c.after.value_or("")) << c.before.value_or("no file");
+  }
+}
+
+TEST(ProfileEngineWrite, RefusesWhatCouldNotBeReadBack) {
+  const ScratchFolder folder;
+  ProfileEngine engine(SystemFiles());
+  const std::string before = "[s]\nk=1\n";
+  const std::string path = folder.Write("p.ini", before);
+  const std::array<const char*, 3> cases[] = {
+      {"s", "k", "a\nb"}, {"s", "k", "a\rb"}, {"s]", "k", "v"},  {"s\n[t", "k", "v"}, {"s", "k=k", "v"},
+      {"s", "a\nb", "v"}, {"s", ";k", "v"},   {"s", " [k", "v"}, {"s", "  ", "v"},    {nullptr, "k", "v"},
+  };
+  for (const auto& [section, key, value] : cases) {
+    EXPECT_FALSE(engine.WriteString(section, key, value, path.c_str()));
+    EXPECT_EQ(folder.Read("p.ini"), before);
+  }
+}
+
+TEST(ProfileEngineRead, EndsAValueAtANul) {
+  const ScratchFolder folder;
+  ProfileEngine engine(SystemFiles());
+  const std::string path = folder.Write("p.ini", "[s]\nk=ab\0cd\nx\0=1\n"s);
+  std::array<char, 40> out{};
+  EXPECT_EQ(engine.GetString("s", "k", "", out, path.c_str()), 2U);
+  EXPECT_EQ(engine.GetSection("s", out, path.c_str()), 7U);
+  EXPECT_EQ(std::string(out.data(), 8), "k=ab\0x\0\0"s);
+}
+
+TEST(ProfileEngineRead, LeavesAFileOfAbsurdSizeAlone) {
+  const ScratchFolder folder;
+  ProfileEngine engine(SystemFiles());
+  const std::string path = folder.Write("p.ini", "[s]\nk=1\n");
+  std::filesystem::resize_file(path, std::uintmax_t{1} << 36);
+  EXPECT_EQ(engine.GetInteger("s", "k", 5, path.c_str()), 5U);
+  EXPECT_FALSE(engine.WriteString("s", "k", "2", path.c_str()));
+  EXPECT_EQ(std::filesystem::file_size(path), std::uintmax_t{1} << 36);
+}
+
+// Each step of each kind of write fails once. What stands afterwards is the old file, whole, and nothing beside it; a
+// result of true means the new one.
+TEST(ProfileEngineFaults, LeaveTheOldFileOrTheNewOne) {
+  const std::string before = "[s]\r\nk=1\r\n" + std::string(3000, ';') + "\r\n[t]\r\nx=2\r\n";
+  using Work = bool (*)(ProfileEngine&, const char*);
+  const Work works[] = {
+      [](ProfileEngine& engine, const char* path) { return engine.WriteString("s", "k", "new", path); },
+      [](ProfileEngine& engine, const char* path) { return engine.WriteString("u", "k", "new", path); },
+      [](ProfileEngine& engine, const char* path) { return engine.WriteString("t", nullptr, nullptr, path); },
+      [](ProfileEngine& engine, const char* path) {
+        return engine.ReplaceFile(path, std::string_view("[a]\nb=1\n"));
+      },
+  };
+  for (const Work work : works) {
+    int failures = 0;
+    for (int step = 0;; ++step) {
+      const ScratchFolder folder;
+      const std::string path = folder.Write("p.ini", before);
+      FaultyFiles files(SystemFiles());
+      ProfileEngine engine(files);
+      files.FailAt(step);
+      const bool done = work(engine, path.c_str());
+      EXPECT_EQ(folder.Read("p.ini") == before, !done) << "step " << step;
+      EXPECT_THAT(folder.Names(), ElementsAre("p.ini")) << "step " << step;
+      if (!files.HasFailed()) {
+        EXPECT_TRUE(done);
+        break;
+      }
+      EXPECT_FALSE(done) << "step " << step;
+      ++failures;
+    }
+    EXPECT_GE(failures, 5);
+  }
+}
+
+// A file that can't be opened but stands must not give way to one that holds a single key.
+TEST(ProfileEngineFaults, KeepAFileThatCannotBeRead) {
+  class Unreadable : public ForwardingFiles {
+   public:
+    using ForwardingFiles::ForwardingFiles;
+    std::unique_ptr<File> OpenToRead(std::string_view) override { return nullptr; }
+  };
+  const ScratchFolder folder;
+  Unreadable files(SystemFiles());
+  const std::string path = folder.Write("p.ini", "[s]\nk=1\n");
+  EXPECT_FALSE(ProfileEngine(files).WriteString("s", "new", "2", path.c_str()));
+  EXPECT_EQ(folder.Read("p.ini"), "[s]\nk=1\n");
+}
+
+}  // namespace
+}  // namespace set32

@@ -1,0 +1,142 @@
+// The options from outside: each key's default, its meaning, and where texts are cut.
+#include "profile/options.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "host_records.h"
+#include "platform/headless/headless_system.h"
+#include "platform/profile_engine.h"
+#include "tests/support/profile_peer.h"
+#include "tests/support/scratch_folder.h"
+
+namespace set32 {
+namespace {
+
+class Options : public testing::Test {
+ protected:
+  template <typename T>
+  T From(const std::string& text) {
+    return T(engine_, system_, folder_.Write("o.ini", text));
+  }
+  DefaultAdjustments Adjustments(const std::string& text, std::uint32_t mode) {
+    CProfileFile profile(engine_);
+    profile.SetFileName(folder_.Write("o.ini", text).c_str());
+    return ReadDefaultAdjustments(profile, mode);
+  }
+
+  ScratchFolder folder_;
+  SimulatedClock clock_;
+  HeadlessSystem system_{clock_, 0x0404};
+  ProfileEngine engine_{SystemFiles()};
+};
+
+TEST_F(Options, HaveTheirDefaultsWithoutAFile) {
+  const ModuleSettings module(engine_, system_, folder_.Path("none"));
+  EXPECT_EQ(module.RuntimeOptionsName(), "QUIRNHTp.INI");
+  EXPECT_EQ(module.ProfileName(), "QUIRNPrf.ini");
+  EXPECT_EQ(module.ScannerListName(), "QUIRNSLT.dat");
+  EXPECT_EQ(module.DriverType(), 3);
+
+  const HardwareOptions hardware(engine_, system_, folder_.Path("none"));
+  EXPECT_TRUE(hardware.HighBitControlShown());
+  EXPECT_FALSE(hardware.DialogPlace());
+
+  const RuntimeOptions options(engine_, system_, folder_.Path("none"));
+  EXPECT_FALSE(options.IsInlineFace());
+  EXPECT_EQ(options.ProductName("own"), "own");
+  EXPECT_TRUE(options.HighBitRestricted());
+  EXPECT_FALSE(options.PaperSourceControlsShown());
+  EXPECT_EQ(options.PaperSource(), 0U);
+  EXPECT_TRUE(options.HasCrop());
+  EXPECT_FALSE(options.FeederAutoCrop());
+  EXPECT_EQ(options.DefaultDevice(), "NoDefault");
+}
+
+TEST_F(Options, ChooseTheFaceAndTheName) {
+  EXPECT_TRUE(From<RuntimeOptions>("[OPTION]\nUIFace=0\n").IsInlineFace());
+  EXPECT_FALSE(From<RuntimeOptions>("[Option]\nUIFace=2\n").IsInlineFace());
+  EXPECT_EQ(From<RuntimeOptions>("[Option]\nOEM=0\n[Identity]\nProductName=X\n").ProductName("own"), "own");
+  EXPECT_EQ(From<RuntimeOptions>("[Option]\nOEM=2\n[Identity]\nProductName=X\n").ProductName("own"), "X");
+  EXPECT_EQ(From<RuntimeOptions>("[Option]\nOEM=1\n").ProductName("own"), "Scan Desk");
+  EXPECT_EQ(From<ModuleSettings>("[RunTime]\nDriverType=257\n").DriverType(), 1);
+}
+
+TEST_F(Options, ShowPaperSourceControlsOnlyWithBothKeys) {
+  EXPECT_FALSE(From<RuntimeOptions>("[OPTION]\nEnablePaperSource=1\n").PaperSourceControlsShown());
+  EXPECT_FALSE(From<RuntimeOptions>("[OPTION]\nLLDriverInterface=1\n").PaperSourceControlsShown());
+  EXPECT_TRUE(
+      From<RuntimeOptions>("[option]\nLLDriverInterface=1\nEnablePaperSource=1\n").PaperSourceControlsShown());
+}
+
+TEST_F(Options, CutTextsBetweenCharacters) {
+  EXPECT_EQ(From<ModuleSettings>("[INIFiles]\nQUIRNMFP_PROFILE=" + std::string(60, 'n') + "\n").ProfileName(),
+            std::string(49, 'n'));
+  // 48 bytes, then a character of three that has no room.
+  EXPECT_EQ(From<ModuleSettings>("[INIFiles]\nQUIRNMFP_PROFILE=" + std::string(48, 'n') + "\u7DE8x\n").ProfileName(),
+            std::string(48, 'n'));
+  EXPECT_EQ(From<ModuleSettings>("[INIFiles]\nQUIRNMFP_PROFILE=" + std::string(46, 'n') + "\u7DE8x\n").ProfileName(),
+            std::string(46, 'n') + "\u7DE8");
+  EXPECT_EQ(From<RuntimeOptions>("[Device]\nDefault=" + std::string(300, 'd') + "\n").DefaultDevice(),
+            std::string(255, 'd'));
+}
+
+TEST_F(Options, RestrictHighBitsToListedApplications) {
+  const struct {
+    const char* list;
+    const char* application;
+    bool listed;
+  } cases[] = {{"a,b", "b", true},   {"a,b", "a", true},   {"a,b", "B", false}, {"a, b", "b", false},
+               {"a, b", " b", true}, {",,a", "a", true},   {"a,,", "", false},  {"", "", false},
+               {"ab", "a", false},   {"a,b", "a,b", false}};
+  for (const auto& c : cases) EXPECT_EQ(ListsApplication(c.list, c.application), c.listed) << c.list;
+  EXPECT_FALSE(From<RuntimeOptions>("[OPTION]\nAppName=b\nEnable36BitApps=a,b\n").HighBitRestricted());
+  EXPECT_TRUE(From<RuntimeOptions>("[OPTION]\nAppName=B\nEnable36BitApps=a,b\n").HighBitRestricted());
+}
+
+TEST_F(Options, KeepTheDialogsPlace) {
+  const auto hardware = From<HardwareOptions>("[Option]\n36BitsColorMode=0\n");
+  EXPECT_FALSE(hardware.HighBitControlShown());
+  EXPECT_TRUE(hardware.WriteDialogPlace({-5, 20, 300, 400}));
+  EXPECT_EQ(folder_.Read("o.ini"), "[Option]\n36BitsColorMode=0\nAdvancePos=-5,20,300,400\n");
+  EXPECT_EQ(hardware.DialogPlace(), (Point{-5, 20}));
+  EXPECT_EQ(From<HardwareOptions>("[Option]\nAdvancePos=1, +2\n").DialogPlace(), (Point{1, 2}));
+  for (const char* const text : {"", "1", "1,", "1;2", "x,2", "1,99999999999", ",1,2"}) {
+    EXPECT_FALSE(From<HardwareOptions>("[Option]\nAdvancePos=" + std::string(text) + "\n").DialogPlace()) << text;
+  }
+}
+
+TEST_F(Options, WriteTheDefaultDeviceInPlace) {
+  const auto options = From<RuntimeOptions>("[Device]\r\nDefault=old\r\nx=1\r\n");
+  EXPECT_TRUE(options.WriteDefaultDevice("10.0.0.1 Scanner"));
+  EXPECT_EQ(folder_.Read("o.ini"), "[Device]\r\nDefault=10.0.0.1 Scanner\r\nx=1\r\n");
+  EXPECT_EQ(options.DefaultDevice(), "10.0.0.1 Scanner");
+}
+
+TEST_F(Options, GiveEachModeItsAdjustments) {
+  const std::string text =
+      "[Default Settings]\nColorBrightness=-1\nColorContrast=2\nColorGamma=1.1\nGrayBrightness=3\nGrayContrast=4\n"
+      "GrayGamma=1.2\nB&WBrightness=5\nB&WContrast=6\nB&WGamma=1.3\nJPEGQualityFactor=7.9\n";
+  const struct {
+    std::uint32_t mode;
+    int brightness;
+    int contrast;
+    double gamma;
+  } cases[] = {{mode::colour, -1, 2, 1.1},  {mode::jpegColour, -1, 2, 1.1}, {mode::gray, 3, 4, 1.2},
+               {mode::jpegGray, 3, 4, 1.2}, {mode::blackWhite, 5, 0, 1.3},  {77, 0, 0, 1.0}};
+  for (const auto& c : cases) {
+    const DefaultAdjustments values = Adjustments(text, c.mode);
+    EXPECT_EQ(values.brightness, c.brightness) << c.mode;
+    EXPECT_EQ(values.contrast, c.contrast) << c.mode;
+    EXPECT_EQ(values.gamma, c.gamma) << c.mode;
+    EXPECT_EQ(values.jpegQuality, 7) << c.mode;
+  }
+  EXPECT_EQ(Adjustments("", mode::colour).gamma, 1.0);
+  EXPECT_EQ(Adjustments("", mode::colour).jpegQuality, 9);
+  EXPECT_EQ(Adjustments("[Default Settings]\nJPEGQualityFactor=1e99\n", mode::gray).jpegQuality,
+            std::numeric_limits<std::int32_t>::max());
+}
+
+}  // namespace
+}  // namespace set32
