@@ -77,7 +77,7 @@ class DialogHandler {
 
 // A dialog's window. The object is its owner's. Releasing it destroys the window, if that still stands, with all
 // windows inside it and without a word to any handler (they may be gone already): Destroy tells them. An object may
-// be released at any time, also inside an event of its own.
+// be released at any time, also inside an event of its own; its handler then leaves the default handling undone.
 class Dialog {
  public:
   virtual ~Dialog() = default;

@@ -57,6 +57,7 @@ void RecordingHandler::OnInit(Dialog& dialog) {
 
 void RecordingHandler::OnEvent(const Event& event) {
   if (event.refuse != nullptr && refuseSpin) *event.refuse = true;
+  if (event.kind == EventKind::paint && !recordPaint) return;
   Note(std::to_string(event.controlId) + " " + Described(event));
 }
 
@@ -71,22 +72,23 @@ void RecordingHandler::OnResize(ResizeKind, Size client) {
 
 void RecordingHandler::OnOk() {
   Note("ok");
-  DialogHandler::OnOk();
+  if (runDefaults) DialogHandler::OnOk();
 }
 
 void RecordingHandler::OnCancel() {
   Note("cancel");
-  DialogHandler::OnCancel();
+  if (runDefaults) DialogHandler::OnCancel();
 }
 
 void RecordingHandler::OnPointerMoved(Point at) {
   Note("pointer " + std::to_string(at.x) + " " + std::to_string(at.y));
 }
 
-// The line stands before whatever `on` does, which may end the dialog.
+// The line stands before whatever `on` does, which may end the dialog or replace itself.
 void RecordingHandler::Note(std::string line) {
   lines_.push_back(line);
-  if (on) on(line);
+  const auto act = on;
+  if (act) act(line);
 }
 
 }  // namespace set32

@@ -33,6 +33,8 @@ class RecordingHandler : public DialogHandler {
   void OnDestroyed() override { Note("destroyed"); }
 
   bool refuseSpin = false;
+  bool runDefaults = true;   // the default of OnOk and OnCancel; not once the dialog object is released
+  bool recordPaint = false;  // repaints come when the loop likes
 
  private:
   void Note(std::string line);

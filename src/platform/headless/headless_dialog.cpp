@@ -26,7 +26,7 @@ HeadlessDialog::HeadlessDialog(HeadlessWindows& windows, const DialogTemplate& s
 
 HeadlessDialog::~HeadlessDialog() {
   if (windows_ != nullptr) windows_->Release(*this);
-  if (graveyard_->deliveries > 0) graveyard_->controls.push_back(std::move(controls_));
+  graveyard_->controls.push_back(std::move(controls_));
 }
 
 Control* HeadlessDialog::Find(int id) const {

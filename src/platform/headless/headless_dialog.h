@@ -16,7 +16,8 @@ namespace set32 {
 
 class HeadlessWindows;
 
-// Controls of released dialogs, kept until no event is under way: one of them may be what raised it.
+// Controls of released dialogs, kept until the next event that isn't nested in another: one of them may be what
+// raised the event in which its dialog was released.
 struct Graveyard {
   int deliveries = 0;
   std::vector<std::vector<std::unique_ptr<Control>>> controls;

@@ -16,11 +16,11 @@ constexpr int scrollBarWidth = 17;
 }  // namespace
 
 HeadlessWindows::Delivery::Delivery(Graveyard& graveyard) : graveyard_(graveyard) {
-  ++graveyard_.deliveries;
+  if (graveyard_.deliveries++ == 0) graveyard_.controls.clear();
 }
 
 HeadlessWindows::Delivery::~Delivery() {
-  if (--graveyard_.deliveries == 0) graveyard_.controls.clear();
+  --graveyard_.deliveries;
 }
 
 HeadlessWindows::HeadlessWindows() : graveyard_(std::make_shared<Graveyard>()) {}
