@@ -1,6 +1,134 @@
 #include "adjust/adjustment_rules.h"
 
+#include "controls/number_text.h"
+#include "platform/events.h"
+
 namespace set32 {
+
+namespace {
+
+constexpr double gammaLineStep = 0.01;
+constexpr double gammaPageStep = 0.1;
+constexpr double gammaCeiling = 10.0;
+constexpr std::int64_t numberPageStep = 10;
+
+bool OnTransparency(const ScanSettings& settings) {
+  return settings.paperSource == paper_source::positive || settings.paperSource == paper_source::negative;
+}
+
+bool IsKnownMode(std::uint32_t scanMode) {
+  return scanMode == mode::colour || scanMode == mode::gray || scanMode == mode::blackWhite ||
+         scanMode == mode::jpegColour || scanMode == mode::jpegGray;
+}
+
+}  // namespace
+
+double GammaScale::Held(double value) const {
+  if (!(value > low)) return low;
+  return value >= gammaCeiling ? high : value;
+}
+
+std::int32_t GammaScale::PositionOf(double value) const {
+  return CutToInt(value * positions);
+}
+
+double GammaAfterScroll(const GammaScale& scale, double value, int code, std::int32_t position) {
+  switch (code) {
+    case scroll_code::lineLeft:
+      return scale.Held(value - gammaLineStep);
+    case scroll_code::lineRight:
+      return scale.Held(value + gammaLineStep);
+    case scroll_code::pageLeft:
+      return scale.Held(value - gammaPageStep);
+    case scroll_code::pageRight:
+      return scale.Held(value + gammaPageStep);
+    case scroll_code::thumbPosition:
+    case scroll_code::thumbTrack:
+      return scale.Held(scale.ValueAt(position));
+    default:
+      return value;
+  }
+}
+
+std::int32_t NumberAfterScroll(const ValueRange& range, std::int32_t value, int code, std::int32_t position) {
+  const std::int64_t wide = value;
+  switch (code) {
+    case scroll_code::lineLeft:
+      return range.Held(wide - 1);
+    case scroll_code::lineRight:
+      return range.Held(wide + 1);
+    case scroll_code::pageLeft:
+      return range.Held(wide - numberPageStep);
+    case scroll_code::pageRight:
+      return range.Held(wide + numberPageStep);
+    case scroll_code::thumbPosition:
+    case scroll_code::thumbTrack:
+      return range.Held(position);
+    default:
+      return value;
+  }
+}
+
+AllowedAdjustments AllowedBy(std::uint32_t scanMode, bool hasLowLevelDriver) {
+  const bool colour = scanMode == mode::colour || scanMode == mode::jpegColour;
+  const bool jpeg = scanMode == mode::jpegColour || scanMode == mode::jpegGray;
+  const bool known = IsKnownMode(scanMode);
+  const bool levels = known && scanMode != mode::blackWhite;
+  return {.brightness = known,
+          .contrast = levels,
+          .gamma = known,
+          .bandGamma = colour,
+          .sharpness = levels,
+          .colour = colour,
+          .descreen = levels && !jpeg,
+          .highBit = scanMode == mode::colour || (scanMode == mode::gray && hasLowLevelDriver),
+          .jpegQuality = jpeg};
+}
+
+bool DescreenUsable(const ScanSettings& settings, std::uint32_t restrictedMaxDpi) {
+  return (settings.mode == mode::colour || settings.mode == mode::gray) && settings.highBitDepth == 0 &&
+         settings.paperSource != paper_source::feeder && std::int64_t{settings.dpi} <= restrictedMaxDpi;
+}
+
+bool HighBitUsable(const ScanSettings& settings, bool highBitRestricted, bool hasLowLevelDriver) {
+  return settings.descreen == 0 && !highBitRestricted && AllowedBy(settings.mode, hasLowLevelDriver).highBit;
+}
+
+bool PageDescreenUsable(const ScanSettings& settings) {
+  return IsKnownMode(settings.mode) && settings.mode != mode::blackWhite && settings.highBitDepth == 0 &&
+         !OnTransparency(settings);
+}
+
+bool PageHighBitUsable(const ScanSettings& settings, bool highBitRestricted) {
+  return IsKnownMode(settings.mode) && settings.mode != mode::blackWhite && settings.descreen == 0 &&
+         !highBitRestricted;
+}
+
+bool DescreenForbidden(const ScanSettings& settings) {
+  return settings.mode == mode::blackWhite || settings.paperSource == paper_source::feeder;
+}
+
+void LoadAdjustmentDefaults(const AdjustmentDefaults& defaults, ScanSettings& settings, CDib* preview) {
+  if (IsKnownMode(settings.mode)) {
+    settings.brightness = defaults.brightness;
+    settings.contrast = settings.mode == mode::blackWhite ? 0 : defaults.contrast;
+    settings.gammaAll = defaults.gamma;
+  }
+  settings.gammaRed = settings.gammaGreen = settings.gammaBlue = settings.gammaAll;
+  settings.jpegQuality = defaults.jpegQuality;
+  if (preview != nullptr) CopyAdjustmentsToPreview(settings, *preview);
+}
+
+void ChooseDefaults(ScanSettings& settings) {
+  settings.useDefaults = 1;
+  settings.singleFile = 0;
+  ClearOutputOptions(settings);
+}
+
+void ClearOutputOptions(ScanSettings& settings) {
+  settings.descreen = 0;
+  settings.highBitDepth = 0;
+}
 
 void CopyAdjustmentsToPreview(const ScanSettings& settings, CDib& preview) {
   preview.brightness = settings.brightness;

@@ -8,7 +8,6 @@ namespace {
 
 constexpr std::uint32_t uncompressed = 0;
 constexpr int bytesPerPixel = 3;
-constexpr double metresPerInch = 0.0254;
 
 bool IsPlain(const BitmapInfoHeader& header) {
   return header.bitCount == 8 * bytesPerPixel && header.compression == uncompressed && header.width > 0 &&
@@ -32,13 +31,6 @@ std::optional<PictureView> ViewOf(const CDib& dib) {
   view.source = dib.sourcePixels + below;
   view.display = dib.displayPixels + below;
   return view;
-}
-
-std::int32_t PreviewDpi(const CDib* dib) {
-  if (!dib || !dib->header) return 0;
-  const double dpi = dib->header->pixelsPerMetreX * metresPerInch;  // below 2^26, so every conversion is defined
-  const auto whole = static_cast<std::int32_t>(dpi);
-  return dpi - whole > 0.5 ? whole + 1 : whole;
 }
 
 }  // namespace set32

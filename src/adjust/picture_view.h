@@ -28,8 +28,4 @@ struct PictureView {
 // overlap.
 std::optional<PictureView> ViewOf(const CDib& dib);
 
-// Whole dots per inch of the picture, from the header's pixels per metre across, a half rounded down; 0 without a
-// header.
-std::int32_t PreviewDpi(const CDib* dib);
-
 }  // namespace set32

@@ -1,9 +1,9 @@
 #include "adjust/preview.h"
 
-#include <cstring>
 #include <numeric>
 #include <utility>
 
+#include "adjust/adjustment_rules.h"
 #include "adjust/picture_view.h"
 #include "adjust/pixel_roads.h"
 #include "adjust/tone_tables.h"
@@ -19,11 +19,6 @@ bool IsColour(std::uint32_t scanMode) {
 }
 bool IsGray(std::uint32_t scanMode) {
   return scanMode == mode::gray || scanMode == mode::jpegGray;
-}
-
-// As the page reads a record: what lies outside the range counts as no adjustment.
-std::int32_t InRangeOrNone(std::int32_t value, std::int32_t limit) {
-  return value >= -limit && value <= limit ? value : 0;
 }
 
 // Contrast means nothing in black and white; the preview keeps its own.
@@ -45,18 +40,6 @@ ToneTable UnchangedTable() {
   ToneTable table;
   std::iota(table.begin(), table.end(), std::uint8_t{0});
   return table;
-}
-
-void Tone(const PictureView& view, const BandTables& tables) {
-  for (int row = 0; row < view.height; ++row) {
-    BestRoad().tables(view.SourceRow(row), view.DisplayRow(row), static_cast<std::size_t>(view.width), tables);
-  }
-}
-
-void Copy(const PictureView& view) {
-  for (int row = 0; row < view.height; ++row) {
-    std::memcpy(view.DisplayRow(row), view.SourceRow(row), static_cast<std::size_t>(view.width) * 3);
-  }
 }
 
 enum class ReduceFrom { source, display };
@@ -99,12 +82,8 @@ void PreviewRenderer::Render(const ScanSettings& settings, CDib& preview, std::u
     return;
   }
 
-  if (blackWhite) {
-    Copy(*view);
-  } else {
-    Tone(*view, TablesOf(preview));
-  }
-  KeepToned(preview);
+  const auto [width, height] = preview.GetDimensions();
+  ApplyToneTables(preview, {0, 0, width, height}, blackWhite ? ToneUse::copyUnchanged : ToneUse::useTables);
   if (filtered) RunLibrary(settings.mode, filters, *view);
   if (reduced) {
     Reduce(*view, ReduceFrom::display, (blackWhite ? BlackWhiteTable(limit) : UnchangedTable()).data());
@@ -112,9 +91,9 @@ void PreviewRenderer::Render(const ScanSettings& settings, CDib& preview, std::u
 }
 
 PreviewRenderer::Filters PreviewRenderer::FiltersOf(const ScanSettings& settings) {
-  return {.sharpness = InRangeOrNone(settings.sharpness, 100),
-          .saturation = InRangeOrNone(settings.saturation, 100),
-          .hue = InRangeOrNone(settings.hue, 180)};
+  return {.sharpness = sharpnessRange.HeldOrZero(settings.sharpness),
+          .saturation = saturationRange.HeldOrZero(settings.saturation),
+          .hue = hueRange.HeldOrZero(settings.hue)};
 }
 
 bool PreviewRenderer::NeedsLibrary(std::uint32_t scanMode, const Filters& filters) const {

@@ -119,10 +119,6 @@ void ApplyToneTables(CDib& dib, const Rect& rect, ToneUse use) {
       std::memcpy(to, from, pixels * 3);
     }
   }
-  KeepToned(dib);
-}
-
-void KeepToned(CDib& dib) {
   if (dib.kind == dib_kind::keepsToned && dib.savedPixels) {
     std::memcpy(dib.savedPixels, dib.displayPixels, dib.imageSize);
   }

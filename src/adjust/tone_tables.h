@@ -37,9 +37,6 @@ enum class ToneUse { copyUnchanged, useTables };
 // dib_kind::keepsToned the display pixels are then copied to the saved ones.
 void ApplyToneTables(CDib& dib, const Rect& rect, ToneUse use);
 
-// The last step of ApplyToneTables for callers that wrote the display pixels themselves.
-void KeepToned(CDib& dib);
-
 namespace dib_kind {
 inline constexpr std::uint32_t keepsToned = 3;
 }  // namespace dib_kind

@@ -13,7 +13,7 @@
 #include <cstdint>
 #include <string>
 
-#include "adjust/no_image_library.h"
+#include "adjust/own_image_library.h"
 #include "adjust/preview.h"
 #include "boundary/host_link.h"
 #include "boundary/module_state.h"
@@ -172,7 +172,7 @@ class CPanelPage : public DialogHandler, public PanelServices {
   const PanelFace& face_;
   HostLink host_;
   CConfigStore store_;
-  NoImageLibrary imageLibrary_;
+  OwnImageLibrary imageLibrary_;
   PreviewRenderer renderer_;
   CAnchors anchors_;
 

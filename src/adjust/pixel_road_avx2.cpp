@@ -1,0 +1,140 @@
+// AVX2: as SSSE3, in two halves of 16 bytes at once.
+#include "adjust/pixel_road_kinds.h"
+
+#if SET32_WIDE_ROADS
+
+#include <immintrin.h>
+
+#include <cstring>
+
+#include "adjust/pixel_road_shuffles.h"
+
+#define SET32_ROAD [[gnu::target("avx2")]]
+#define SET32_ROAD_INLINE [[gnu::always_inline, gnu::target("avx2")]] inline
+
+namespace set32 {
+
+namespace {
+
+using Register = __m256i;
+constexpr std::size_t laneBytes = 32;
+
+SET32_ROAD_INLINE Register Load(const void* from) {
+  return _mm256_loadu_si256(static_cast<const __m256i*>(from));
+}
+SET32_ROAD_INLINE void Store(void* to, Register bytes) {
+  _mm256_storeu_si256(static_cast<__m256i*>(to), bytes);
+}
+SET32_ROAD_INLINE Register Zero() {
+  return _mm256_setzero_si256();
+}
+SET32_ROAD_INLINE Register Words(std::int16_t word) {
+  return _mm256_set1_epi16(word);
+}
+SET32_ROAD_INLINE Register WordPairs(int even, int odd) {
+  return Words(BytePair(even, odd));
+}
+SET32_ROAD_INLINE Register InterleaveLow(Register a, Register b) {
+  return _mm256_unpacklo_epi8(a, b);
+}
+SET32_ROAD_INLINE Register InterleaveHigh(Register a, Register b) {
+  return _mm256_unpackhi_epi8(a, b);
+}
+SET32_ROAD_INLINE Register Pack(Register low, Register high) {
+  return _mm256_packus_epi16(low, high);
+}
+SET32_ROAD_INLINE Register Add(Register a, Register b) {
+  return _mm256_add_epi16(a, b);
+}
+SET32_ROAD_INLINE Register Subtract(Register a, Register b) {
+  return _mm256_sub_epi16(a, b);
+}
+SET32_ROAD_INLINE Register Multiply(Register a, Register b) {
+  return _mm256_mullo_epi16(a, b);
+}
+SET32_ROAD_INLINE Register Least(Register a, Register b) {
+  return _mm256_min_epi16(a, b);
+}
+SET32_ROAD_INLINE Register Greatest(Register a, Register b) {
+  return _mm256_max_epi16(a, b);
+}
+SET32_ROAD_INLINE Register UpperByte(Register words) {
+  return _mm256_srli_epi16(words, 8);
+}
+SET32_ROAD_INLINE Register RoundedProduct(Register a, Register b) {
+  return _mm256_mulhrs_epi16(a, b);
+}
+SET32_ROAD_INLINE Register WeighedPairs(Register bytes, Register weights) {
+  return _mm256_maddubs_epi16(bytes, weights);
+}
+
+template <int bits>
+SET32_ROAD_INLINE Register ShiftUp(Register words) {
+  return _mm256_slli_epi16(words, bits);
+}
+
+template <int bits>
+SET32_ROAD_INLINE Register ShiftDown(Register words) {
+  return _mm256_srai_epi16(words, bits);
+}
+
+struct Bands {
+  Register blue;
+  Register green;
+  Register red;
+};
+
+constexpr std::size_t halfBytes = laneBytes / 2;
+constexpr std::size_t halfPixels = 3 * halfBytes;  // bytes of the sixteen pixels that a half holds
+
+SET32_ROAD_INLINE Register Gathered(Register a, Register b, Register c, const Gather& gather) {
+  const auto places = [&gather](int i) {
+    return reinterpret_cast<const __m128i*>(gather[static_cast<std::size_t>(i)].data());
+  };
+  const Register first = _mm256_shuffle_epi8(a, _mm256_broadcastsi128_si256(_mm_loadu_si128(places(0))));
+  const Register second = _mm256_shuffle_epi8(b, _mm256_broadcastsi128_si256(_mm_loadu_si128(places(1))));
+  const Register third = _mm256_shuffle_epi8(c, _mm256_broadcastsi128_si256(_mm_loadu_si128(places(2))));
+  return _mm256_or_si256(_mm256_or_si256(first, second), third);
+}
+
+SET32_ROAD_INLINE Register LoadHalves(const std::uint8_t* from) {
+  const auto half = [](const std::uint8_t* at) { return reinterpret_cast<const __m128i*>(at); };
+  return _mm256_inserti128_si256(_mm256_castsi128_si256(_mm_loadu_si128(half(from))),
+                                 _mm_loadu_si128(half(from + halfPixels)), 1);
+}
+
+SET32_ROAD_INLINE void StoreHalves(std::uint8_t* to, Register bytes) {
+  const auto half = [](std::uint8_t* at) { return reinterpret_cast<__m128i*>(at); };
+  _mm_storeu_si128(half(to), _mm256_castsi256_si128(bytes));
+  _mm_storeu_si128(half(to + halfPixels), _mm256_extracti128_si256(bytes, 1));
+}
+
+SET32_ROAD_INLINE Bands SplitPixels(const std::uint8_t* from) {
+  const Register a = LoadHalves(from);
+  const Register b = LoadHalves(from + halfBytes);
+  const Register c = LoadHalves(from + 2 * halfBytes);
+  return {Gathered(a, b, c, splitGather[0]), Gathered(a, b, c, splitGather[1]), Gathered(a, b, c, splitGather[2])};
+}
+
+SET32_ROAD_INLINE void JoinPixels(const Bands& bands, std::uint8_t* to) {
+  StoreHalves(to, Gathered(bands.blue, bands.green, bands.red, joinGather[0]));
+  StoreHalves(to + halfBytes, Gathered(bands.blue, bands.green, bands.red, joinGather[1]));
+  StoreHalves(to + 2 * halfBytes, Gathered(bands.blue, bands.green, bands.red, joinGather[2]));
+}
+
+#include "adjust/pixel_kernels.inc"
+
+}  // namespace
+
+// Nothing here looks up a level in a table faster than portable code.
+PixelRoad Avx2Road() {
+  PixelRoad road = PortableRoad();
+  road.name = "AVX2";
+  road.sharpen = Sharpen;
+  road.colours = Colours;
+  return road;
+}
+
+}  // namespace set32
+
+#endif

@@ -1,0 +1,264 @@
+// AVX-512 with VBMI: a table of 256 bytes lives in four registers, and any byte of two registers can go anywhere.
+#include "adjust/pixel_road_kinds.h"
+
+#if SET32_WIDE_ROADS
+
+#include <immintrin.h>
+
+#include <array>
+#include <cstring>
+
+#include "adjust/pixel_road_shuffles.h"
+
+#define SET32_ROAD [[gnu::target("avx512f,avx512bw,avx512vbmi")]]
+#define SET32_ROAD_INLINE [[gnu::always_inline, gnu::target("avx512f,avx512bw,avx512vbmi")]] inline
+
+namespace set32 {
+
+namespace {
+
+using Register = __m512i;
+constexpr std::size_t laneBytes = 64;
+constexpr std::size_t bytesPerPixel = 3;
+
+SET32_ROAD_INLINE Register Load(const void* from) {
+  return _mm512_loadu_si512(from);
+}
+SET32_ROAD_INLINE void Store(void* to, Register bytes) {
+  _mm512_storeu_si512(to, bytes);
+}
+SET32_ROAD_INLINE Register Zero() {
+  return _mm512_setzero_si512();
+}
+SET32_ROAD_INLINE Register Words(std::int16_t word) {
+  return _mm512_set1_epi16(word);
+}
+SET32_ROAD_INLINE Register WordPairs(int even, int odd) {
+  return Words(BytePair(even, odd));
+}
+SET32_ROAD_INLINE Register InterleaveLow(Register a, Register b) {
+  return _mm512_unpacklo_epi8(a, b);
+}
+SET32_ROAD_INLINE Register InterleaveHigh(Register a, Register b) {
+  return _mm512_unpackhi_epi8(a, b);
+}
+SET32_ROAD_INLINE Register Pack(Register low, Register high) {
+  return _mm512_packus_epi16(low, high);
+}
+SET32_ROAD_INLINE Register Add(Register a, Register b) {
+  return _mm512_add_epi16(a, b);
+}
+SET32_ROAD_INLINE Register Subtract(Register a, Register b) {
+  return _mm512_sub_epi16(a, b);
+}
+SET32_ROAD_INLINE Register Multiply(Register a, Register b) {
+  return _mm512_mullo_epi16(a, b);
+}
+SET32_ROAD_INLINE Register Least(Register a, Register b) {
+  return _mm512_min_epi16(a, b);
+}
+SET32_ROAD_INLINE Register Greatest(Register a, Register b) {
+  return _mm512_max_epi16(a, b);
+}
+SET32_ROAD_INLINE Register UpperByte(Register words) {
+  return _mm512_srli_epi16(words, 8);
+}
+SET32_ROAD_INLINE Register RoundedProduct(Register a, Register b) {
+  return _mm512_mulhrs_epi16(a, b);
+}
+SET32_ROAD_INLINE Register WeighedPairs(Register bytes, Register weights) {
+  return _mm512_maddubs_epi16(bytes, weights);
+}
+
+template <int bits>
+SET32_ROAD_INLINE Register ShiftUp(Register words) {
+  return _mm512_slli_epi16(words, bits);
+}
+
+template <int bits>
+SET32_ROAD_INLINE Register ShiftDown(Register words) {
+  return _mm512_srai_epi16(words, bits);
+}
+
+struct Table {
+  Register part[4];
+};
+
+SET32_ROAD_INLINE Table LoadTable(const std::uint8_t* bytes) {
+  Table table;
+  for (int i = 0; i < 4; ++i) table.part[i] = _mm512_loadu_si512(bytes + 64 * i);
+  return table;
+}
+
+SET32_ROAD_INLINE Register LookUp(const Table& table, Register levels) {
+  const Register low = _mm512_permutex2var_epi8(table.part[0], levels, table.part[1]);
+  const Register high = _mm512_permutex2var_epi8(table.part[2], levels, table.part[3]);
+  return _mm512_mask_blend_epi8(_mm512_movepi8_mask(levels), low, high);
+}
+
+// The masked form, since the compiler's header for the plain one warns of itself.
+SET32_ROAD_INLINE Register Permuted(Register places, Register bytes) {
+  return _mm512_maskz_permutexvar_epi8(~__mmask64{0}, places, bytes);
+}
+
+// The lowest `bytes` bytes of a register.
+SET32_ROAD_INLINE __mmask64 Lowest(std::size_t bytes) {
+  return bytes >= laneBytes ? ~__mmask64{0} : (__mmask64{1} << bytes) - 1;
+}
+
+// Every third byte, from byte `first` on.
+constexpr std::uint64_t EveryThird(unsigned first) {
+  std::uint64_t mask = 0;
+  for (unsigned i = first; i < 64; i += 3) mask |= std::uint64_t{1} << i;
+  return mask;
+}
+
+SET32_ROAD_INLINE Register LookUpBands(const Table& blue, const Table& green, const Table& red, Register levels,
+                                       __mmask64 greens, __mmask64 reds) {
+  Register out = LookUp(blue, levels);
+  out = _mm512_mask_mov_epi8(out, greens, LookUp(green, levels));
+  return _mm512_mask_mov_epi8(out, reds, LookUp(red, levels));
+}
+
+SET32_ROAD void Tables(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const BandTables& tables) {
+  const Table blue = LoadTable(tables.blue);
+  const Table green = LoadTable(tables.green);
+  const Table red = LoadTable(tables.red);
+  std::size_t bytes = pixels * bytesPerPixel;
+  for (; bytes >= 3 * laneBytes; bytes -= 3 * laneBytes, from += 3 * laneBytes, to += 3 * laneBytes) {
+    // 64 bytes hold 21 pixels and a byte: each register begins one band further on.
+    const Register a = _mm512_loadu_si512(from);
+    const Register b = _mm512_loadu_si512(from + laneBytes);
+    const Register c = _mm512_loadu_si512(from + 2 * laneBytes);
+    _mm512_storeu_si512(to, LookUpBands(blue, green, red, a, EveryThird(1), EveryThird(2)));
+    _mm512_storeu_si512(to + laneBytes, LookUpBands(blue, green, red, b, EveryThird(0), EveryThird(1)));
+    _mm512_storeu_si512(to + 2 * laneBytes, LookUpBands(blue, green, red, c, EveryThird(2), EveryThird(0)));
+  }
+  constexpr std::uint64_t bands[3] = {EveryThird(0), EveryThird(1), EveryThird(2)};
+  for (unsigned begin = 0; bytes > 0; ++begin) {
+    const __mmask64 mask = Lowest(bytes);
+    const Register levels = _mm512_maskz_loadu_epi8(mask, from);
+    _mm512_mask_storeu_epi8(to, mask,
+                            LookUpBands(blue, green, red, levels, bands[(4 - begin) % 3], bands[(5 - begin) % 3]));
+    const std::size_t done = bytes < laneBytes ? bytes : laneBytes;
+    bytes -= done;
+    from += done;
+    to += done;
+  }
+}
+
+using Places = std::array<std::uint8_t, 64>;
+
+// Where byte `i` of output register `part` finds its pixel's green in two input registers that begin at `begin`.
+constexpr Places GreenPlaces(unsigned part, unsigned begin) {
+  Places places{};
+  for (unsigned i = 0; i < 64; ++i) {
+    places[i] = static_cast<std::uint8_t>((64 * part + i) / 3 * 3 + 1 - begin);
+  }
+  return places;
+}
+
+alignas(64) constexpr Places greens0 = GreenPlaces(0, 0);
+alignas(64) constexpr Places greens1 = GreenPlaces(1, 64);
+alignas(64) constexpr Places greens2 = GreenPlaces(2, 64);
+
+SET32_ROAD void Levels(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const std::uint8_t* table) {
+  const Table levels = LoadTable(table);
+  const Register place0 = Load(greens0.data());
+  const Register place1 = Load(greens1.data());
+  const Register place2 = Load(greens2.data());
+  std::size_t bytes = pixels * bytesPerPixel;
+  while (bytes > 0) {
+    const std::size_t here = bytes < 3 * laneBytes ? bytes : 3 * laneBytes;
+    const __mmask64 mask0 = Lowest(here);
+    const __mmask64 mask1 = Lowest(here > laneBytes ? here - laneBytes : 0);
+    const __mmask64 mask2 = Lowest(here > 2 * laneBytes ? here - 2 * laneBytes : 0);
+    const Register a = _mm512_maskz_loadu_epi8(mask0, from);
+    const Register b = _mm512_maskz_loadu_epi8(mask1, from + laneBytes);
+    const Register c = _mm512_maskz_loadu_epi8(mask2, from + 2 * laneBytes);
+    _mm512_mask_storeu_epi8(to, mask0, LookUp(levels, _mm512_permutex2var_epi8(a, place0, b)));
+    _mm512_mask_storeu_epi8(to + laneBytes, mask1, LookUp(levels, Permuted(place1, b)));
+    _mm512_mask_storeu_epi8(to + 2 * laneBytes, mask2, LookUp(levels, _mm512_permutex2var_epi8(b, place2, c)));
+    bytes -= here;
+    from += here;
+    to += here;
+  }
+}
+
+// Where band `band` of 64 pixels stands in the registers 0 and 1 (128 bytes), and in register 2.
+constexpr Places SplitPlaces(unsigned band) {
+  Places places{};
+  for (unsigned i = 0; i < 64; ++i) places[i] = static_cast<std::uint8_t>((3 * i + band) % 128);
+  return places;
+}
+
+constexpr std::uint64_t SplitLast(unsigned band) {
+  std::uint64_t mask = 0;
+  for (unsigned i = 0; i < 64; ++i) {
+    if (3 * i + band >= 128) mask |= std::uint64_t{1} << i;
+  }
+  return mask;
+}
+
+// Where the bytes of output register `part` stand in the registers of blue and green, and of red.
+constexpr Places JoinPlaces(unsigned part) {
+  Places places{};
+  for (unsigned i = 0; i < 64; ++i) {
+    const unsigned at = 64 * part + i;
+    places[i] = static_cast<std::uint8_t>(at / 3 + (at % 3 == 1 ? 64 : 0));
+  }
+  return places;
+}
+
+constexpr std::uint64_t JoinReds(unsigned part) {
+  return EveryThird((2 + 2 * part) % 3);
+}
+
+alignas(64) constexpr Places splitBlue = SplitPlaces(0);
+alignas(64) constexpr Places splitGreen = SplitPlaces(1);
+alignas(64) constexpr Places splitRed = SplitPlaces(2);
+alignas(64) constexpr Places join0 = JoinPlaces(0);
+alignas(64) constexpr Places join1 = JoinPlaces(1);
+alignas(64) constexpr Places join2 = JoinPlaces(2);
+
+SET32_ROAD_INLINE Register Band(Register a, Register b, Register c, const Places& places, std::uint64_t last) {
+  const Register at = Load(places.data());
+  return _mm512_mask_mov_epi8(_mm512_permutex2var_epi8(a, at, b), last, Permuted(at, c));
+}
+
+struct Bands {
+  Register blue;
+  Register green;
+  Register red;
+};
+
+SET32_ROAD_INLINE Bands SplitPixels(const std::uint8_t* from) {
+  const Register a = Load(from);
+  const Register b = Load(from + laneBytes);
+  const Register c = Load(from + 2 * laneBytes);
+  return {Band(a, b, c, splitBlue, SplitLast(0)), Band(a, b, c, splitGreen, SplitLast(1)),
+          Band(a, b, c, splitRed, SplitLast(2))};
+}
+
+SET32_ROAD_INLINE Register Joined(const Bands& bands, const Places& places, std::uint64_t reds) {
+  const Register at = Load(places.data());
+  return _mm512_mask_mov_epi8(_mm512_permutex2var_epi8(bands.blue, at, bands.green), reds, Permuted(at, bands.red));
+}
+
+SET32_ROAD_INLINE void JoinPixels(const Bands& bands, std::uint8_t* to) {
+  Store(to, Joined(bands, join0, JoinReds(0)));
+  Store(to + laneBytes, Joined(bands, join1, JoinReds(1)));
+  Store(to + 2 * laneBytes, Joined(bands, join2, JoinReds(2)));
+}
+
+#include "adjust/pixel_kernels.inc"
+
+}  // namespace
+
+PixelRoad Avx512Road() {
+  return {"AVX-512 VBMI", Tables, Levels, Sharpen, Colours};
+}
+
+}  // namespace set32
+
+#endif

@@ -1,0 +1,126 @@
+// SSSE3: bytes go anywhere within 16. This is the road of Windows builds, whose stack is aligned for no more.
+#include "adjust/pixel_road_kinds.h"
+
+#if SET32_X86_ROADS
+
+#include <tmmintrin.h>
+
+#include <cstring>
+
+#include "adjust/pixel_road_shuffles.h"
+
+// A 32-bit host may call with a stack that is aligned for 4 bytes alone.
+#if defined(__i386__)
+#define SET32_ROAD [[gnu::target("ssse3"), gnu::force_align_arg_pointer]]
+#else
+#define SET32_ROAD [[gnu::target("ssse3")]]
+#endif
+#define SET32_ROAD_INLINE [[gnu::always_inline, gnu::target("ssse3")]] inline
+
+namespace set32 {
+
+namespace {
+
+using Register = __m128i;
+constexpr std::size_t laneBytes = 16;
+
+SET32_ROAD_INLINE Register Load(const void* from) {
+  return _mm_loadu_si128(static_cast<const __m128i*>(from));
+}
+SET32_ROAD_INLINE void Store(void* to, Register bytes) {
+  _mm_storeu_si128(static_cast<__m128i*>(to), bytes);
+}
+SET32_ROAD_INLINE Register Zero() {
+  return _mm_setzero_si128();
+}
+SET32_ROAD_INLINE Register Words(std::int16_t word) {
+  return _mm_set1_epi16(word);
+}
+SET32_ROAD_INLINE Register WordPairs(int even, int odd) {
+  return Words(BytePair(even, odd));
+}
+SET32_ROAD_INLINE Register InterleaveLow(Register a, Register b) {
+  return _mm_unpacklo_epi8(a, b);
+}
+SET32_ROAD_INLINE Register InterleaveHigh(Register a, Register b) {
+  return _mm_unpackhi_epi8(a, b);
+}
+SET32_ROAD_INLINE Register Pack(Register low, Register high) {
+  return _mm_packus_epi16(low, high);
+}
+SET32_ROAD_INLINE Register Add(Register a, Register b) {
+  return _mm_add_epi16(a, b);
+}
+SET32_ROAD_INLINE Register Subtract(Register a, Register b) {
+  return _mm_sub_epi16(a, b);
+}
+SET32_ROAD_INLINE Register Multiply(Register a, Register b) {
+  return _mm_mullo_epi16(a, b);
+}
+SET32_ROAD_INLINE Register Least(Register a, Register b) {
+  return _mm_min_epi16(a, b);
+}
+SET32_ROAD_INLINE Register Greatest(Register a, Register b) {
+  return _mm_max_epi16(a, b);
+}
+SET32_ROAD_INLINE Register UpperByte(Register words) {
+  return _mm_srli_epi16(words, 8);
+}
+SET32_ROAD_INLINE Register RoundedProduct(Register a, Register b) {
+  return _mm_mulhrs_epi16(a, b);
+}
+SET32_ROAD_INLINE Register WeighedPairs(Register bytes, Register weights) {
+  return _mm_maddubs_epi16(bytes, weights);
+}
+
+template <int bits>
+SET32_ROAD_INLINE Register ShiftUp(Register words) {
+  return _mm_slli_epi16(words, bits);
+}
+
+template <int bits>
+SET32_ROAD_INLINE Register ShiftDown(Register words) {
+  return _mm_srai_epi16(words, bits);
+}
+
+struct Bands {
+  Register blue;
+  Register green;
+  Register red;
+};
+
+SET32_ROAD_INLINE Register Gathered(Register a, Register b, Register c, const Gather& gather) {
+  return _mm_or_si128(
+      _mm_or_si128(_mm_shuffle_epi8(a, Load(gather[0].data())), _mm_shuffle_epi8(b, Load(gather[1].data()))),
+      _mm_shuffle_epi8(c, Load(gather[2].data())));
+}
+
+SET32_ROAD_INLINE Bands SplitPixels(const std::uint8_t* from) {
+  const Register a = Load(from);
+  const Register b = Load(from + laneBytes);
+  const Register c = Load(from + 2 * laneBytes);
+  return {Gathered(a, b, c, splitGather[0]), Gathered(a, b, c, splitGather[1]), Gathered(a, b, c, splitGather[2])};
+}
+
+SET32_ROAD_INLINE void JoinPixels(const Bands& bands, std::uint8_t* to) {
+  Store(to, Gathered(bands.blue, bands.green, bands.red, joinGather[0]));
+  Store(to + laneBytes, Gathered(bands.blue, bands.green, bands.red, joinGather[1]));
+  Store(to + 2 * laneBytes, Gathered(bands.blue, bands.green, bands.red, joinGather[2]));
+}
+
+#include "adjust/pixel_kernels.inc"
+
+}  // namespace
+
+// Nothing here looks up a level in a table faster than portable code.
+PixelRoad Ssse3Road() {
+  PixelRoad road = PortableRoad();
+  road.name = "SSSE3";
+  road.sharpen = Sharpen;
+  road.colours = Colours;
+  return road;
+}
+
+}  // namespace set32
+
+#endif
