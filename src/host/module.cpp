@@ -1,5 +1,6 @@
 #include "host/module.h"
 
+#include <algorithm>
 #include <string>
 
 #include "boundary/module_state.h"
@@ -11,8 +12,10 @@ namespace set32 {
 
 namespace {
 
+// A window system's places are 16 bits wide; within them no later sum passes the ints.
 Rect ToRect(const PanelRect& place) {
-  return {place.left, place.top, place.right, place.bottom};
+  const auto held = [](std::int32_t edge) { return std::clamp(edge, -0x8000, 0x7FFF); };
+  return {held(place.left), held(place.top), held(place.right), held(place.bottom)};
 }
 
 // The face: everything but 0 is the sheet.
