@@ -30,7 +30,6 @@ void HostLink::FrameRemoved(ScanSettings& settings, std::uint32_t frame) {
   if (FrameCommand* command = frameCommand_.Get()) *command = {frame, frame_action::removed};
   settings.frameCommand = frameCommand_.Word();
   SettingsChanged(settings_change::values, settings);
-  settings.frameCommand = 0;
 }
 
 void HostLink::ModeShown(std::uint32_t mode) {
@@ -49,9 +48,9 @@ void HostLink::AutoCropChanged(WParam change, ScanSettings& settings) {
   Send(to_host::autoCropChanged, change, PointerParam(&settings));
 }
 
-void HostLink::FrameTabChanged(std::uint32_t frame) {
-  const std::uint32_t word = frame;
-  Send(to_host::frameTabChanged, frame, PointerParam(&word));
+void HostLink::FrameTabChanged(int frame) {
+  const auto word = static_cast<std::uint32_t>(frame);
+  Send(to_host::frameTabChanged, static_cast<WParam>(frame), PointerParam(&word));
 }
 
 void HostLink::DeviceSelected(bool isAddEntry, const std::string& text) {

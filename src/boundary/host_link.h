@@ -23,13 +23,14 @@ class HostLink {
   void ResolutionChanged(std::uint32_t shownUnits, std::int32_t dpi);    // 0x401
   void AreaChanged(ScanSettings& settings, WParam quiet = 0);            // 0x402
   MessageResult SettingsChanged(WParam change, ScanSettings& settings);  // 0x403
-  // 0x403 with a frame command that lives for the message.
+  // 0x403 with a frame command. The caller clears `frameCommand` behind it in the record that is bound then: the host
+  // may have taken this one away.
   void FrameRemoved(ScanSettings& settings, std::uint32_t frame);
   void ModeShown(std::uint32_t mode);                             // 0x404
   void UnitChosen(std::uint32_t shownUnits, std::int32_t dpi);    // 0x405
   void CustomSizeTaken(ScanSettings& settings);                   // 0x407
   void AutoCropChanged(WParam change, ScanSettings& settings);    // 0x409
-  void FrameTabChanged(std::uint32_t frame);                      // 0x40B
+  void FrameTabChanged(int frame);                                // 0x40B, -1: none is left
   void DeviceSelected(bool isAddEntry, const std::string& text);  // 0x40C
 
   // The preview was recomputed: the host's window is to be painted anew.

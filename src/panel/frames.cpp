@@ -60,17 +60,24 @@ void CPanelPage::OnRemoveFrame(const Event&) {
   tabs.Remove(tabs.Count() - 1);
   tabs.SetCurrent(CurrentAfterRemoval(before, tabs.Count()));
   Get<Button>(id::removeFrameButton).SetEnabled(tabs.Count() > 0);
-  host_.FrameRemoved(*settings_, static_cast<std::uint32_t>(before));
+  TellFrameRemoved(before);
   host_.FrameTabChanged(tabs.Current());
 }
 
+// As many as stood at the start: a host that answers each report with a new frame must not keep the page here.
 void CPanelPage::RemoveAllFrames() {
   TabBar& tabs = Get<TabBar>(id::frameTabs);
-  while (tabs.Count() > 0) {
+  for (int left = tabs.Count(); left > 0 && tabs.Count() > 0; --left) {
     const int last = tabs.Count() - 1;
     tabs.Remove(last);
-    host_.FrameRemoved(*settings_, static_cast<std::uint32_t>(last));
+    TellFrameRemoved(last);
   }
+}
+
+// The pointer in the record lives for the message.
+void CPanelPage::TellFrameRemoved(int frame) {
+  host_.FrameRemoved(*settings_, static_cast<std::uint32_t>(frame));
+  settings_->frameCommand = 0;
 }
 
 void CPanelPage::OnFrameTabChange(const Event&) {
