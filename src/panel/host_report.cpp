@@ -1,4 +1,6 @@
 // Message 0x403 from the host: a frame was drawn or moved, or the automatic crop delivered a size.
+#include <cstring>
+
 #include "panel/panel_page.h"
 #include "pointer_word.h"
 #include "resources/ids.h"
@@ -10,12 +12,11 @@ namespace set32 {
 void CPanelPage::OnHostReport(WParam change, const ScanSettings* reported) {
   if (reported == nullptr) return;
   const ScanSettings report = *reported;
-  const FrameCommand command =
-      report.frameCommand != 0 ? *FromWord<FrameCommand>(report.frameCommand) : FrameCommand{};
-
   if (change == frame_report::cropAgain) {
     RepeatAutoCrop(Saving::off);
   } else if (change == frame_report::drawn || change == frame_report::cropped) {
+    FrameCommand command{};
+    if (report.frameCommand != 0) std::memcpy(&command, FromWord<void>(report.frameCommand), sizeof(command));
     TakeSizeReport(change, report);
     ActOnFrameCommand(command);
   }

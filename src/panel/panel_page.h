@@ -69,7 +69,8 @@ class CPanelPage : public DialogHandler, public PanelServices {
   void Detach() { isDetached_ = true; }
 
   CDib* Preview() const { return preview_; }
-  WindowHandle Window() const { return dialog_ != nullptr ? dialog_->Handle() : 0; }
+  // 0 while the page has no window; its dialog object may be gone then as well, as after a death inside its start.
+  WindowHandle Window() const { return handled_ != nullptr ? handled_->Handle() : 0; }
 
   // DialogHandler
   void OnResize(ResizeKind kind, Size client) override;
@@ -144,6 +145,7 @@ class CPanelPage : public DialogHandler, public PanelServices {
   void OnRemoveFrame(const Event& event);
   void OnFrameTabChange(const Event& event);
   void EnableRemoveButton();
+  void TellFrameRemoved(int frame);
 
   // Host.
   void OnHostReport(WParam change, const ScanSettings* reported);

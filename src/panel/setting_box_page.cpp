@@ -103,7 +103,7 @@ void CSettingBoxPage::OnInit(Dialog& dialog) {
   SelectSource(pageSource_);
   ShowAutoCropAtStart();
   FillModes();
-  if (pageSource_ != paper_source::flatbed) ChangePaperSource();
+  if (pageSource_ == paper_source::feeder || IsTransparency(pageSource_)) ChangePaperSource();
   Get<Combo>(id::modeCombo).SelectIndex(std::max(IndexOfMode(settings_->mode), 0));
   SetSizeRanges();
   if (advanced_ != nullptr) advanced_->LoadFromSettings(settings_);
@@ -113,11 +113,11 @@ void CSettingBoxPage::OnInit(Dialog& dialog) {
 
 void CSettingBoxPage::EnterAnchors() {
   anchors_.Add(anchor::moveY | anchor::stretchY, {id::listGroup, id::configList});
-  anchors_.Add(anchor::moveY,
-               {id::saveButton,      id::deleteButton, id::scanGroup,      id::modeCombo,     id::resolutionCombo,
-                id::resolutionEdit,  id::sizeCombo,    id::unitCombo,      id::heightEdit,    id::heightPicture,
-                id::widthEdit,       id::widthPicture, id::advancedButton, id::autoCropCheck, id::modeLabel,
-                id::resolutionLabel, id::sizeLabel,    id::frameTabs,      id::framesLabel,   id::removeFrameButton});
+  anchors_.Add(anchor::moveY, {id::saveButton,      id::deleteButton,   id::scanGroup,    id::modeCombo,
+                               id::resolutionCombo, id::resolutionEdit, id::sizeCombo,    id::unitCombo,
+                               id::heightEdit,      id::widthEdit,      id::widthPicture, id::heightPicture,
+                               id::advancedButton,  id::autoCropCheck,  id::modeLabel,    id::resolutionLabel,
+                               id::sizeLabel,       id::frameTabs,      id::framesLabel,  id::removeFrameButton});
 }
 
 void CSettingBoxPage::StartStore() {

@@ -139,7 +139,8 @@ void CPanelPage::LeaveSizeEdit(Dimension dimension) {
   // The width is compared with what stood before, the height with what was remembered.
   const double before = dimension == Dimension::width ? settings_->width : CustomLengthOf(*settings_, dimension);
   double typed = InchesOf(edit.Text(), shownUnits_, settings_->dpi);
-  const std::optional<PreviewFacts> facts = FactsOf(preview_);
+  std::optional<PreviewFacts> facts;
+  if (face_.rules.typedSizeKeepsToPreview) facts = FactsOf(preview_);
   if (facts && !FitsPreview(typed, FrameStartOf(*settings_, dimension), dimension, *facts)) {
     typed = before;
     showInEdit(before);
