@@ -6,6 +6,7 @@
 #include <cstring>
 #include <iterator>
 #include <span>
+#include <unordered_map>
 
 #include "platform/profile_text.h"
 #include "profile/hex_text.h"
@@ -35,6 +36,15 @@ std::string ReadSection(ProfileCalls& calls, const std::string& profilePath) {
 
 std::span<std::uint8_t> BytesOf(ScanConfigItem& item) {
   return {reinterpret_cast<std::uint8_t*>(&item), sizeof(item)};
+}
+
+// One spelling for all that count as the same name.
+std::string Folded(std::string_view name) {
+  std::string folded(name);
+  for (char& letter : folded) {
+    if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
+  }
+  return folded;
 }
 
 struct FactoryConfig {
@@ -69,16 +79,17 @@ constexpr const char* lineEnd = "\r\n";
 std::vector<ConfigEntry> ReadConfigEntries(ProfileCalls& calls, const std::string& profilePath) {
   const std::string text = ReadSection(calls, profilePath);
   std::vector<ConfigEntry> entries;
+  std::unordered_map<std::string, std::size_t> firsts;  // by folded name
   for (std::string_view rest = text; !rest.empty();) {
     const std::string_view line = rest.substr(0, rest.find('\0'));
     rest.remove_prefix(std::min(line.size() + 1, rest.size()));
     const std::size_t equals = line.find('=');
     if (equals == std::string_view::npos || equals == 0) continue;
     const std::string_view name = profile_text::Trim(line.substr(0, equals));
-    const ConfigEntry* first = FindConfigEntry(entries, name);
-    entries.push_back({std::string(name), first != nullptr ? first->value
-                                                           : std::string(profile_text::Unquote(
-                                                                 profile_text::Trim(line.substr(equals + 1))))});
+    const auto [first, isFirst] = firsts.try_emplace(Folded(name), entries.size());
+    entries.push_back(
+        {std::string(name), isFirst ? std::string(profile_text::Unquote(profile_text::Trim(line.substr(equals + 1))))
+                                    : entries[first->second].value});
   }
   return entries;
 }

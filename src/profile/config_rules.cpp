@@ -1,5 +1,6 @@
 #include "profile/config_rules.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace set32 {
@@ -7,7 +8,7 @@ namespace set32 {
 int CustomRow(std::span<const RowFlags> rows) {
   const int count = static_cast<int>(rows.size());
   int row = count < 2 ? 0 : count - 1;
-  while (row > 0 && rows[static_cast<std::size_t>(row)].editable) --row;
+  while (row > 0 && rows[static_cast<std::size_t>(row)].editable == 1) --row;
   return row + 1;
 }
 
@@ -15,19 +16,19 @@ AutoSaveTarget FindAutoSaveTarget(std::span<const RowFlags> rows, int selectedRo
   if (selectedRow < 0 || selectedRow >= static_cast<int>(rows.size())) return {};
   const RowFlags& selected = rows[static_cast<std::size_t>(selectedRow)];
   if (!selected.hasItem) return {};
-  if (selected.editable) return {selectedRow, true, selected.deletable, false};
+  if (selected.editable != 0) return {selectedRow, selected.editable, selected.deletable, false};
   const int custom = CustomRow(rows);
   if (custom >= static_cast<int>(rows.size())) return {};
-  return {custom, true, false, true};
+  return {custom, 1, 0, true};
 }
 
 int RowAfterDeletion(int selectedRow, int rowsBefore, int rowsAfter) {
-  return selectedRow == rowsBefore - 1 ? rowsAfter - 1 : selectedRow;
+  return selectedRow == rowsBefore - 1 ? rowsAfter - 1 : std::min(selectedRow, rowsAfter - 1);
 }
 
 RowButtons ButtonsOf(const RowFlags& row) {
   if (!row.hasItem) return {true, false};
-  return {row.editable, row.deletable};
+  return {row.editable == 1, row.deletable == 1};
 }
 
 int ModeIcon(std::uint32_t mode) {

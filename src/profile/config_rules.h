@@ -8,9 +8,11 @@
 
 namespace set32 {
 
+// The flags as they are stored: 1 is set; of an edited file any other byte but 0 counts as set only where a change is
+// taken up, not for the buttons nor for the run of editable rows.
 struct RowFlags {
-  bool editable = false;
-  bool deletable = false;
+  std::uint8_t editable = 0;
+  std::uint8_t deletable = 0;
   bool hasItem = true;  // false for the fallback row
 };
 
@@ -20,8 +22,8 @@ int CustomRow(std::span<const RowFlags> rows);
 
 struct AutoSaveTarget {
   int row = -1;  // -1: nothing is saved
-  bool editable = false;
-  bool deletable = false;
+  std::uint8_t editable = 0;
+  std::uint8_t deletable = 0;
   bool countsFromEnd = false;  // the row is found again by its distance from the end of the new list
 };
 
@@ -29,7 +31,7 @@ struct AutoSaveTarget {
 // into the custom row.
 AutoSaveTarget FindAutoSaveTarget(std::span<const RowFlags> rows, int selectedRow);
 
-// The row that is selected after a deletion.
+// The row that is selected after a deletion; the last one where a file edited meanwhile lost more.
 int RowAfterDeletion(int selectedRow, int rowsBefore, int rowsAfter);
 
 // Whether the buttons Save and Delete are live on a row.

@@ -58,6 +58,7 @@ void CConfigStore::WriteFreshProfile() {
 }
 
 std::uint32_t CConfigStore::LoadLastSettings(ScanSettings& settings) {
+  hasLoaded_ = true;
   const std::uint32_t hostSource = settings.paperSource;
   CProfileFile profile(state_.platform.profiles);
   profile.SetFileName(state_.profilePath.c_str());
@@ -130,8 +131,8 @@ const ScanConfigItem* CConfigStore::ItemOf(int row) const {
 
 RowFlags CConfigStore::FlagsOf(int row) const {
   const ScanConfigItem* item = ItemOf(row);
-  if (item == nullptr) return {false, false, false};
-  return {item->editable != 0, item->deletable != 0, true};
+  if (item == nullptr) return {0, 0, false};
+  return {item->editable, item->deletable, true};
 }
 
 std::vector<RowFlags> CConfigStore::Flags() const {
@@ -148,7 +149,7 @@ int CConfigStore::LastSelectedRow() const {
 }
 
 void CConfigStore::SetButtons() {
-  if (selectedRow < 0 || selectedRow >= Rows().Count()) return;
+  if (selectedRow < 0) return;
   const RowButtons buttons = ButtonsOf(FlagsOf(selectedRow));
   dialog_->Get<Button>(id::saveButton).SetEnabled(buttons.save);
   dialog_->Get<Button>(id::deleteButton).SetEnabled(buttons.remove);
@@ -225,12 +226,16 @@ void CConfigStore::AutoSaveConfig() {
   const std::string name = text.substr(0, BytesOfCharacters(system, text, longestName));
   ScanConfigItem item{};
   item.settings = page_.Settings();
-  item.editable = target.editable ? 1 : 0;
-  item.deletable = target.deletable ? 1 : 0;
+  item.editable = target.editable;
+  item.deletable = target.deletable;
   StoreConfigItem(state_.platform.profiles, state_.profilePath, name, item);
   ClearRows();
   BuildConfigList();
-  const int row = target.countsFromEnd ? Rows().Count() - fromEnd : selectedRow;
+  int row = target.countsFromEnd ? Rows().Count() - fromEnd : selectedRow;
+  // A file that was edited meanwhile has the row elsewhere.
+  if (Rows().RowText(row) != text) {
+    if (const int moved = FindRow(text); moved >= 0) row = moved;
+  }
   Rows().SelectAndFocus(row);
 }
 
@@ -284,6 +289,7 @@ void CConfigStore::DeleteConfig() {
 }
 
 void CConfigStore::Close(ScanSettings& settings, std::uint32_t pageSource) {
+  if (!hasLoaded_) return;
   CProfileFile profile(state_.platform.profiles);
   profile.SetFileName(state_.profilePath.c_str());
   profile.WriteInteger(profile_key::selected, profile_key::SelectedKey(pageSource),

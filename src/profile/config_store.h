@@ -74,7 +74,8 @@ class CConfigStore {
   void OnRowChanged(const Event& event);
   void OnRowClicked(const Event& event);
 
-  // Writes the selected row and `Tmp`, and takes the high bit depth away from the host afterwards.
+  // Writes the selected row and `Tmp`, and takes the high bit depth away from the host afterwards. Nothing happens
+  // where the host ended the page before the last settings were read: they would be lost.
   void Close(ScanSettings& settings, std::uint32_t pageSource);
 
   int selectedRow = -1;
@@ -95,6 +96,7 @@ class CConfigStore {
   PanelServices& page_;
   const StoreFace& face_;
   Dialog* dialog_ = nullptr;
+  bool hasLoaded_ = false;
   std::array<ScanConfigItem, slotCount> slots_{};
 };
 
