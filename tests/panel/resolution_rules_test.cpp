@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 namespace set32 {
 namespace {
@@ -13,120 +12,77 @@ using namespace resolution;
 
 constexpr std::uint32_t everyEntry = 0x7FFE;
 
-struct Example {
-  const char* what;
-  const FaceRules& rules;
-  ResolutionInput input;
-  std::vector<int> listed;  // dpi, 0 for user-defined
-  int low, high, dpi;
-  std::uint32_t resolutionId;
-  int selectedDpi;  // -1: nothing
+struct Given {
+  std::uint32_t mode, source;
+  int dpi;
+  std::uint32_t code, restricted;
+  std::uint32_t mask = everyEntry;
+  std::uint32_t descreen = 0;
 };
 
-std::vector<int> DpisOf(const ResolutionList& list) {
-  std::vector<int> dpis;
-  for (const ResolutionEntry& entry : list.Entries()) dpis.push_back(entry.dpi);
-  return dpis;
+ResolutionList ListOf(const Given& given, const FaceRules& rules) {
+  return ComputeResolutionList({.mode = given.mode,
+                                .resolutionId = given.code,
+                                .dpi = given.dpi,
+                                .descreen = given.descreen,
+                                .pageSource = given.source,
+                                .resolutionMask = given.mask,
+                                .restrictedMaxDpi = given.restricted},
+                               rules);
+}
+
+std::string Entries(const ResolutionList& list) {
+  std::string shown;
+  for (const ResolutionEntry& entry : list.Entries()) {
+    shown += entry.dpi == 0 ? "user" : std::to_string(entry.dpi) + ' ';
+  }
+  return shown;
+}
+
+// The typing range, then what the record holds, and whether an entry for it is selected.
+std::string Outcome(const ResolutionList& list) {
+  return std::to_string(list.low) + ".." + std::to_string(list.high) + ' ' + std::to_string(list.dpi) + '=' +
+         std::to_string(list.resolutionId) + (list.selected < 0 ? " unlisted" : "");
 }
 
 TEST(ResolutionList, Examples) {
   using namespace paper_source;
-  constexpr std::uint32_t small = dpi75 | dpi300 | userDefined;
-  const std::vector<int> to600 = {75, 100, 150, 200, 300, 400, 500, 600, 0};
-  const std::vector<int> to1200 = {75, 100, 150, 200, 300, 400, 500, 600, 1200, 0};
-  const std::vector<int> all = {75, 100, 150, 200, 300, 400, 500, 600, 1200, 2400, 4800, 9600, 19200, 0};
-  const std::vector<int> film = {300, 400, 500, 600, 1200, 2400, 4800, 9600, 19200, 0};
-  const auto& sheet = sheetFaceRules;
-  const auto& inlined = inlineFaceRules;
-  const auto input = [](std::uint32_t modeCode, std::uint32_t source, int dpi, std::uint32_t code,
-                        std::uint32_t restricted, std::uint32_t mask = everyEntry, std::uint32_t descreen = 0) {
-    return ResolutionInput{.mode = modeCode,
-                           .resolutionId = code,
-                           .dpi = dpi,
-                           .descreen = descreen,
-                           .pageSource = source,
-                           .resolutionMask = mask,
-                           .restrictedMaxDpi = restricted};
+  constexpr std::uint32_t some = dpi75 | dpi300 | userDefined, every = everyEntry;
+  const FaceRules &sheet = sheetFaceRules, &inlined = inlineFaceRules;
+  const std::string coarse = "75 100 150 200 300 400 500 600 ", few = "75 300 user";
+  const std::string fine = "1200 2400 4800 9600 19200 user", film = "300 400 500 600 " + fine;
+  const std::string upTo600 = coarse + "user", all = coarse + fine;
+  struct Example {
+    const char* what;
+    const FaceRules& rules;
+    Given given;
+    std::string entries, outcome;
   };
   const Example examples[] = {
-      {"dpi above the list comes down",
-       sheet,
-       input(1, flatbed, 600, userDefined, 600, small),
-       {75, 300, 0},
-       75,
-       300,
-       300,
-       userDefined,
-       0},
-      {"inline: it stays",
-       inlined,
-       input(1, flatbed, 600, userDefined, 600, small),
-       {75, 300, 0},
-       75,
-       300,
-       600,
-       userDefined,
-       0},
-      {"no entry: the range stays wide",
-       inlined,
-       input(1, flatbed, 100, dpi100, 600, 0),
-       {},
-       75,
-       19200,
-       100,
-       dpi100,
-       -1},
-      {"negative film starts at 300", sheet, input(1, negative, 100, userDefined, 600), film, 300, 19200, 300, dpi300,
-       300},
-      {"negative film keeps 150", sheet, input(1, negative, 150, userDefined, 600), film, 300, 19200, 150,
-       userDefined, 0},
-      {"inline: negative film starts at 150",
-       inlined,
-       input(1, negative, 149, userDefined, 600),
-       {150, 200, 300, 400, 500, 600, 1200, 2400, 4800, 9600, 19200, 0},
-       150,
-       19200,
-       150,
-       dpi150,
-       150},
-      {"code without an entry keeps its dpi", sheet, input(1, positive, 222, dpi100, 600), film, 75, 19200, 100,
-       dpi100, -1},
-      {"inline: positive film has them all", inlined, input(1, positive, 222, dpi100, 600), all, 75, 19200, 100,
-       dpi100, 100},
-      {"descreen limits", sheet, input(1, flatbed, 1200, dpi1200, 600, everyEntry, 1), to600, 75, 600, 600, dpi600,
-       600},
-      {"descreen up to 1200", sheet, input(2, flatbed, 1200, dpi1200, 1200, everyEntry, 1), to1200, 75, 1200, 1200,
-       dpi1200, 1200},
-      {"feeder to 300", sheet, input(1, feeder, 400, dpi400, 300), to600, 75, 300, 300, dpi300, 300},
-      {"feeder: 1200 has a code and no entry", sheet, input(1, feeder, 2400, dpi2400, 1200), to600, 75, 1200, 1200,
-       dpi1200, -1},
-      {"a limit above 1200 is one code",
-       sheet,
-       input(1, flatbed, 9600, dpi9600, 4800, everyEntry, 1),
-       {75, 100, 150, 200, 300, 400, 500, 600, 1200, 2400, 4800, 0},
-       75,
-       4800,
-       2400,
-       dpi2400,
-       2400},
-      {"a limit between entries", sheet, input(8, flatbed, 500, dpi500, 450), to600, 75, 450, 400, dpi400, 400},
-      {"under it a typed dpi stays", sheet, input(8, flatbed, 420, userDefined, 450), to600, 75, 450, 420,
-       userDefined, 0},
-      {"no limit known", sheet, input(16, flatbed, 300, dpi300, 0), to600, 75, 75, 75, dpi75, 75},
-      {"the code wins over the dpi", sheet, input(1, flatbed, 100, dpi400, 600), all, 75, 19200, 400, dpi400, 400},
-      {"dpi of no meaning", sheet, input(1, flatbed, -5, userDefined, 600), all, 75, 19200, 75, userDefined, 0},
-      {"code of no meaning", sheet, input(1, flatbed, 123, 3, 600), all, 75, 19200, 123, 3, -1},
+      {"above the list", sheet, {1, flatbed, 600, userDefined, 600, some}, few, "75..300 300=4096"},
+      {"inline: it stays", inlined, {1, flatbed, 600, userDefined, 600, some}, few, "75..300 600=4096"},
+      {"no entry", inlined, {1, flatbed, 100, dpi100, 600, 0}, "", "75..19200 100=4 unlisted"},
+      {"negative film from 300", sheet, {1, negative, 100, userDefined, 600}, film, "300..19200 300=32"},
+      {"it keeps 150", sheet, {1, negative, 150, userDefined, 600}, film, "300..19200 150=4096"},
+      {"inline: from 150", inlined, {1, negative, 149, userDefined, 600}, "150 200 " + film, "150..19200 150=8"},
+      {"code without entry", sheet, {1, positive, 222, dpi100, 600}, film, "75..19200 100=4 unlisted"},
+      {"inline: positive has all", inlined, {1, positive, 222, dpi100, 600}, all, "75..19200 100=4"},
+      {"descreen to 600", sheet, {1, flatbed, 1200, dpi1200, 600, every, 1}, upTo600, "75..600 600=256"},
+      {"to 1200", sheet, {2, flatbed, 1200, dpi1200, 1200, every, 1}, coarse + "1200 user", "75..1200 1200=512"},
+      {"feeder to 300", sheet, {1, feeder, 400, dpi400, 300}, upTo600, "75..300 300=32"},
+      {"feeder lacks 1200", sheet, {1, feeder, 2400, dpi2400, 1200}, upTo600, "75..1200 1200=512 unlisted"},
+      {"above 1200 one code", sheet, {1, flatbed, 9600, dpi9600, 2500, 1024, 1}, "2400 ", "75..2500 2400=1024"},
+      {"between entries", sheet, {8, flatbed, 500, dpi500, 450}, upTo600, "75..450 400=64"},
+      {"a typed dpi below", sheet, {8, flatbed, 420, userDefined, 450}, upTo600, "75..450 420=4096"},
+      {"no limit known", sheet, {16, flatbed, 300, dpi300, 0}, upTo600, "75..75 75=2"},
+      {"the code wins", sheet, {1, flatbed, 100, dpi400, 600}, all, "75..19200 400=64"},
+      {"dpi of no meaning", sheet, {1, flatbed, -5, userDefined, 600, some}, few, "75..300 75=4096"},
+      {"code of no meaning", sheet, {1, flatbed, 123, 3, 600, some}, few, "75..300 123=3 unlisted"},
   };
   for (const Example& example : examples) {
-    SCOPED_TRACE(example.what);
-    const ResolutionList list = ComputeResolutionList(example.input, example.rules);
-    EXPECT_EQ(DpisOf(list), example.listed);
-    EXPECT_EQ(list.low, example.low);
-    EXPECT_EQ(list.high, example.high);
-    EXPECT_EQ(list.dpi, example.dpi);
-    EXPECT_EQ(list.resolutionId, example.resolutionId);
-    const int selected = list.selected < 0 ? -1 : list.Entries()[static_cast<std::size_t>(list.selected)].dpi;
-    EXPECT_EQ(selected, example.selectedDpi);
+    const ResolutionList list = ListOf(example.given, example.rules);
+    EXPECT_EQ(Entries(list), example.entries) << example.what;
+    EXPECT_EQ(Outcome(list), example.outcome) << example.what;
   }
 }
 

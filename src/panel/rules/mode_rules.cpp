@@ -9,11 +9,11 @@ namespace set32 {
 namespace {
 
 constexpr ModeEntry allModes[] = {
-    {text::colour, picture::modeColour, mode::colour},
-    {text::gray, picture::modeGray, mode::gray},
-    {text::blackWhite, picture::modeBlackWhite, mode::blackWhite},
-    {text::jpegColour, picture::modeJpegColour, mode::jpegColour},
-    {text::jpegGray, picture::modeJpegGray, mode::jpegGray},
+    {text::colour, mode::colour, picture::modeColour},
+    {text::gray, mode::gray, picture::modeGray},
+    {text::blackWhite, mode::blackWhite, picture::modeBlackWhite},
+    {text::jpegColour, mode::jpegColour, picture::modeJpegColour},
+    {text::jpegGray, mode::jpegGray, picture::modeJpegGray},
 };
 
 constexpr SourceEntry allSources[] = {

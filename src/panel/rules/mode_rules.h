@@ -14,8 +14,8 @@ namespace set32 {
 
 struct ModeEntry {
   int stringId;
-  std::string_view icon;  // picture::
   std::uint32_t mode;     // mode::
+  std::string_view icon;  // picture::
 };
 
 // The entries in the order of the mode combo, which is also the order of their positions.
