@@ -136,6 +136,7 @@ bool PosixFiles::Replace(std::string_view from, std::string_view to) {
       chmod(source.c_str(), old->st_mode & permissionBits) != 0) {
     return false;
   }
+  // The folder is not flushed: after a crash the old file or the new one stands, each whole, and that is the promise.
   return rename(source.c_str(), target.c_str()) == 0;
 }
 
