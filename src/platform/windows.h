@@ -132,6 +132,8 @@ class Dialog {
   // The dialog leaves the screen and its controls lose the focus; the run ends with this result once control comes
   // back to it.
   virtual void EndModal(int result) = 0;
+  // Whether EndModal was called.
+  virtual bool HasEnded() const { return false; }
   virtual bool IsModal() const = 0;
   // A page or a sheet: stands inside its parent.
   virtual bool IsChild() const = 0;
@@ -161,9 +163,9 @@ class Windows {
   // disabled meanwhile. A dialog that is ended inside OnInit is never shown.
   virtual int RunModal(const DialogTemplate& source, WindowHandle owner, DialogHandler& handler) = 0;
 
-  // For scripts and tests: called with each pop-up before its OnInit; with each that was shown, its focus placed, a
-  // modal one inside its run; and with each that leaves the screen, hidden or about to be destroyed, before it hears
-  // of its destruction (the result is a modal run's).
+  // For scripts and tests: called with each pop-up before its OnInit; with each that is shown, its focus placed, a
+  // modal one inside its run, and one that is on the screen already as well; and with each that leaves the screen,
+  // hidden or about to be destroyed, before it hears of its destruction (the result is a modal run's).
   virtual void SetOpeningHook(std::function<void(Dialog&)> opening) = 0;
   virtual void SetOpenedHook(std::function<void(Dialog&)> opened) = 0;
   virtual void SetClosedHook(std::function<void(Dialog&, int result)> closed) = 0;

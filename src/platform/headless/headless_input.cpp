@@ -37,6 +37,10 @@ void HeadlessInput::ChooseTab(TabBar& bar, int index) {
   FocusAnd<TabModel>(bar, [=](TabModel& model) { model.Choose(index); });
 }
 
+void HeadlessInput::TurnToTab(TabBar& bar, int index) {
+  if (auto* model = dynamic_cast<TabModel*>(&bar)) model->Choose(index);
+}
+
 void HeadlessInput::ClickRow(List& list, int row) {
   FocusAnd<ListModel>(list, [=](ListModel& model) { model.Click(row); });
 }

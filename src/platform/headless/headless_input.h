@@ -34,6 +34,7 @@ class HeadlessInput : public Input {
 
   void PressKey(Key key) override;
 
+  void TurnToTab(TabBar& bar, int index) override;
   void ScrollTo(Control& bar, int code, std::optional<int> position) override;
   void SpinBy(Spin& spin, int delta) override;
   void Release(Slider& slider) override;

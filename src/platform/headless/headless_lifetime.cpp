@@ -50,7 +50,11 @@ void HeadlessWindows::EndModal(HeadlessDialog& dialog, int result) {
 
 void HeadlessWindows::Show(WindowHandle window, bool visible) {
   HeadlessDialog* dialog = DialogOf(window);
-  if (dialog == nullptr || dialog->visible_ == visible) return;
+  if (dialog == nullptr) return;
+  if (dialog->visible_ == visible) {
+    if (dialog->open_) TellOpened(window);  // shown once more
+    return;
+  }
   if (visible && !dialog->IsChild() && !FocusIsInside(window)) dialog->focusBefore_ = {focus_.window, focus_.control};
   dialog->visible_ = visible;
   dialog->dirty_ = visible;
@@ -71,8 +75,12 @@ void HeadlessWindows::Appear(WindowHandle window) {
   HeadlessDialog* dialog = DialogOf(window);
   if (dialog == nullptr || !dialog->visible_) return;
   dialog->open_ = true;
+  TellOpened(window);
+}
+
+void HeadlessWindows::TellOpened(WindowHandle window) {
   const Delivery delivery(*graveyard_);
-  if (opened_) opened_(*dialog);
+  if (opened_) opened_(*DialogOf(window));
 }
 
 // A pop-up that was opened is hidden or about to die.

@@ -111,6 +111,7 @@ class HeadlessWindows : public Windows {
   std::unique_ptr<HeadlessDialog> Make(const DialogTemplate& source, WindowHandle parent, DialogHandler& handler,
                                        bool modal);
   void Show(WindowHandle window, bool visible);
+  void TellOpened(WindowHandle window);
   void EnableDialog(HeadlessDialog& dialog, bool enabled);
   void Update(WindowHandle window);
   void EndModal(HeadlessDialog& dialog, int result);

@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "platform/headless/control_model.h"
+#include "platform/input.h"
 #include "platform/utf8.h"
 
 namespace set32 {
@@ -12,7 +13,7 @@ namespace {
 
 constexpr std::int64_t bytesPerPixel = 4;
 constexpr int markHeight = 7;
-constexpr std::uint8_t opaque = 255;
+constexpr std::uint8_t opaque = 255;  // also the default of Put
 
 Rect Common(const Rect& left, const Rect& right) {
   return {std::max(left.left, right.left), std::max(left.top, right.top), std::min(left.right, right.right),
@@ -78,9 +79,10 @@ void RasterCanvas::Line(Point from, Point to, const Pen& pen) {
   const std::int64_t down = std::abs(std::int64_t{to.y} - from.y);
   const int stepX = from.x < to.x ? 1 : -1;
   const int stepY = from.y < to.y ? 1 : -1;
+  const std::uint8_t alpha = pen.style == Pen::Style::dotted ? dottedAlpha : opaque;
   std::int64_t x = from.x, y = from.y, error = across - down;
   for (bool drawn = true; x != to.x || y != to.y; drawn = !drawn) {
-    if (drawn || pen.style == Pen::Style::solid) Put(x, y, pen.colour);
+    if (drawn || pen.style == Pen::Style::solid) Put(x, y, pen.colour, alpha);
     const std::int64_t twice = 2 * error;
     if (twice > -down) {
       error -= down;
@@ -98,7 +100,7 @@ void RasterCanvas::Draw(const Picture& picture, Point at) {
   for (int y = 0; y < picture.size.height; ++y) {
     for (int x = 0; x < picture.size.width; ++x) {
       const std::uint8_t* pixel = SourcePixel(picture, x, y);
-      if (pixel[3] != 0) Put(std::int64_t{at.x} + x, std::int64_t{at.y} + y, {pixel[2], pixel[1], pixel[0]});
+      if (pixel[3] != 0) Put(std::int64_t{at.x} + x, std::int64_t{at.y} + y, {pixel[2], pixel[1], pixel[0]}, pixel[3]);
     }
   }
 }
@@ -156,12 +158,12 @@ std::uint8_t* RasterCanvas::PixelAt(std::int64_t x, std::int64_t y) {
   return raster_.pixels.data() + (y * raster_.size.width + x) * bytesPerPixel;
 }
 
-void RasterCanvas::Put(std::int64_t x, std::int64_t y, Colour colour) {
+void RasterCanvas::Put(std::int64_t x, std::int64_t y, Colour colour, std::uint8_t alpha) {
   if (std::uint8_t* pixel = PixelAt(x, y)) {
     pixel[0] = colour.blue;
     pixel[1] = colour.green;
     pixel[2] = colour.red;
-    pixel[3] = opaque;
+    pixel[3] = alpha;
   }
 }
 

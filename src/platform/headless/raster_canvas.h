@@ -19,7 +19,7 @@ class RasterCanvas : public Canvas {
   void Text(std::string_view text, const Rect& inside, Colour colour) override;
   void FocusRect(const Rect& rect) override;
 
-  // Rows top-down, every pixel opaque.
+  // Rows top-down. Every pixel is opaque, one that a dotted pen laid has the alpha dottedAlpha.
   const Picture& Drawing() const { return raster_; }
 
   // The model's system colours.
@@ -27,7 +27,7 @@ class RasterCanvas : public Canvas {
 
  private:
   std::uint8_t* PixelAt(std::int64_t x, std::int64_t y);  // null outside
-  void Put(std::int64_t x, std::int64_t y, Colour colour);
+  void Put(std::int64_t x, std::int64_t y, Colour colour, std::uint8_t alpha = 255);
   void Invert(int x, int y);
 
   Picture raster_;

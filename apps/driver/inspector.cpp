@@ -1,0 +1,225 @@
+#include "apps/driver/inspector.h"
+
+#include <array>
+
+#include "apps/driver/not_possible.h"
+#include "apps/driver/page_drawing.h"
+#include "apps/driver/settings_fields.h"
+
+namespace set32 {
+
+struct Inspector::Row {
+  std::string_view name;
+  std::size_t arguments;
+  Shown (Inspector::*show)(std::span<const Word>) const;
+};
+
+std::span<const Inspector::Row> Inspector::Rows() {
+  static constexpr std::array rows = {
+      Row{"place", 1, &Inspector::ShowPlace},       Row{"moved", 1, &Inspector::ShowMoved},
+      Row{"title", 1, &Inspector::ShowTitle},       Row{"picture", 1, &Inspector::ShowPicture},
+      Row{"tip", 1, &Inspector::ShowTip},           Row{"focus", 0, &Inspector::ShowFocus},
+      Row{"time", 0, &Inspector::ShowTime},         Row{"page", 0, &Inspector::ShowPage},
+      Row{"settings", 0, &Inspector::ShowSettings}, Row{"open", 0, &Inspector::ShowOpen},
+      Row{"pixel", 2, &Inspector::ShowPixel},       Row{"sum", 0, &Inspector::ShowSum},
+      Row{"drawing", 0, &Inspector::ShowDrawing},   Row{"file", 1, &Inspector::ShowFile},
+  };
+  return rows;
+}
+
+namespace {
+
+// A line whose start repeats the statement's words.
+Shown Line(std::string head, const std::string& rest) {
+  head += ' ';
+  const std::size_t length = head.size();
+  return {{std::move(head) + rest}, length, true};
+}
+
+ControlName RequireControlName(const Word& word) {
+  auto name = ParseControlName(word);
+  if (!name) throw NotPossible(Quote(word.text) + " is no control");
+  return *std::move(name);
+}
+
+std::string RectText(const Rect& rect) {
+  return std::to_string(rect.left) + ' ' + std::to_string(rect.top) + ' ' + std::to_string(rect.right) + ' ' +
+         std::to_string(rect.bottom);
+}
+
+std::string ColourText(Colour colour) {
+  return std::to_string(colour.blue) + ',' + std::to_string(colour.green) + ',' + std::to_string(colour.red);
+}
+
+char DrawingCharacter(const Picture& picture, std::size_t pixel, Colour face) {
+  const std::uint8_t* bytes = picture.pixels.data() + pixel * 4;
+  const Colour colour{bytes[2], bytes[1], bytes[0]};
+  if (colour == face) return '.';
+  if (colour == Colour{0, 0, 0}) return bytes[3] == dottedAlpha ? ':' : '#';
+  if (colour == Colour{255, 0, 0}) return 'r';
+  if (colour == Colour{0, 255, 0}) return 'g';
+  if (colour == Colour{0, 0, 255}) return 'b';
+  return '?';
+}
+
+}  // namespace
+
+Shown Inspector::Show(std::span<const Word> words) {
+  if (words.empty()) throw NotPossible("show what?");
+  if (!words[0].quoted) {
+    for (const Row& row : Rows()) {
+      if (row.name != words[0].text) continue;
+      if (words.size() != row.arguments + 1) throw NotPossible("show " + words[0].text + " takes another form");
+      return (this->*row.show)(words);
+    }
+  }
+  if (words.size() != 1) throw NotPossible("show takes one thing at a time");
+  if (const auto name = ParseControlName(words[0])) return ShowControl(*name);
+  return ShowField(words[0]);
+}
+
+Shown Inspector::ShowControl(const ControlName& name) const {
+  return Line(name.written, Describe(name));
+}
+
+Shown Inspector::ShowPlace(std::span<const Word> words) const {
+  const Control& control = desk_.Require(RequireControlName(words[1])).control;
+  return Line("place " + words[1].text, RectText(control.Place()));
+}
+
+Shown Inspector::ShowMoved(std::span<const Word> words) const {
+  const FoundControl found = desk_.Require(RequireControlName(words[1]));
+  const Rect now = found.control.Place();
+  Rect then = now;
+  if (const auto page = before_.find(found.dialog.Handle()); page != before_.end()) {
+    const auto control = page->second.controls.find(found.control.Id());
+    if (control != page->second.controls.end()) then = control->second;
+  }
+  return Line("moved " + words[1].text,
+              RectText({now.left - then.left, now.top - then.top, now.right - then.right, now.bottom - then.bottom}));
+}
+
+Shown Inspector::ShowTitle(std::span<const Word> words) const {
+  return Line("title " + words[1].text, Quote(desk_.Require(RequireInt(words[1])).Title()));
+}
+
+Shown Inspector::ShowPicture(std::span<const Word> words) const {
+  const Control& control = desk_.Require(RequireControlName(words[1])).control;
+  const auto* picture = dynamic_cast<const PictureControl*>(&control);
+  if (picture == nullptr) throw NotPossible("control " + words[1].text + " shows no picture");
+  const std::string name = picture->PictureName();
+  return Line("picture " + words[1].text, name.empty() ? "none" : name);
+}
+
+Shown Inspector::ShowTip(std::span<const Word> words) const {
+  const FoundControl found = desk_.Require(RequireControlName(words[1]));
+  return Line("tip " + words[1].text, Quote(found.dialog.Tips().ToolText(found.control.Id())));
+}
+
+Shown Inspector::ShowFocus(std::span<const Word>) const {
+  const auto focus = desk_.Focused();
+  if (!focus) return Line("focus", "none");
+  const std::string id = std::to_string(focus->control->Id());
+  const int dialog = focus->dialog->TemplateId();
+  return Line("focus", dialog == desk_.DefaultDialog() ? id : std::to_string(dialog) + ':' + id);
+}
+
+Shown Inspector::ShowTime(std::span<const Word>) const {
+  return Line("time", std::to_string(start_ ? clock_.Now() - *start_ : 0));
+}
+
+Shown Inspector::ShowPage(std::span<const Word>) const {
+  const bool onPage = desk_.DefaultDialog() == dialog::general;
+  const Dialog* page = onPage ? desk_.PageInFront() : &desk_.Require(desk_.DefaultDialog());
+  if (page == nullptr) throw NotPossible("no page stands");
+  const TabBar* tabs = nullptr;
+  if (const Dialog* sheet = desk_.Find(dialog::sheet); onPage && sheet != nullptr) {
+    tabs = &sheet->Get<TabBar>(id_sheet::tabs);
+  }
+  return {DrawInCharacters(*page, tabs), 0, false};
+}
+
+Shown Inspector::ShowSettings(std::span<const Word>) const {
+  return Line("settings", AllFields(host_.Settings()));
+}
+
+Shown Inspector::ShowField(const Word& word) const {
+  const SettingsField* field = word.quoted ? nullptr : FindField(word.text);
+  if (field == nullptr) throw NotPossible("show knows no " + Quote(word.text));
+  const std::string head = word.text + '=';
+  return {{head + FieldText(host_.Settings(), *field)}, head.size(), true};
+}
+
+Shown Inspector::ShowOpen(std::span<const Word>) const {
+  return Line("open", host_.IsSettingOpen() ? "1" : "0");
+}
+
+Shown Inspector::ShowPixel(std::span<const Word> words) const {
+  const auto pixel = host_.Preview().PixelAt(RequireInt(words[1]), RequireInt(words[2]));
+  if (!pixel) throw NotPossible("no such pixel");
+  return Line("pixel " + words[1].text + ' ' + words[2].text,
+              "source=" + ColourText(pixel->source) + " display=" + ColourText(pixel->display));
+}
+
+Shown Inspector::ShowSum(std::span<const Word>) const {
+  const auto sum = host_.Preview().DisplaySum();
+  if (!sum) throw NotPossible("there is no picture");
+  return Line("sum", std::to_string(*sum));
+}
+
+Shown Inspector::ShowDrawing(std::span<const Word>) const {
+  Dialog& page = desk_.Require(dialog::advanced);
+  auto& frame = page.Get<Frame>(id148::pictureFrame);
+  const Picture picture = input_.Drawing(frame);
+  Colour face;
+  frame.Draw([&](Canvas& canvas) { face = canvas.ColourOf(SystemColour::buttonFace); });
+  Shown shown{
+      {"drawing " + std::to_string(picture.size.width) + ' ' + std::to_string(picture.size.height)}, 0, false};
+  if (picture.Empty()) return shown;
+  std::size_t pixel = 0;
+  for (int y = 0; y < picture.size.height; ++y) {
+    std::string line;
+    for (int x = 0; x < picture.size.width; ++x) line += DrawingCharacter(picture, pixel++, face);
+    shown.lines.push_back(std::move(line));
+  }
+  return shown;
+}
+
+Shown Inspector::ShowFile(std::span<const Word> words) const {
+  const auto file = FindModuleFile(words[1].text);
+  if (!file) throw NotPossible("no file " + Quote(words[1].text));
+  Shown shown{files_.Lines(*file), 0, false};
+  for (std::string& line : shown.lines) line.insert(0, "file ");
+  return shown;
+}
+
+Inspector::AllPlaces Inspector::PlacesNow() const {
+  AllPlaces all;
+  for (const Dialog* dialog : desk_.Standing()) {
+    Places places{dialog->Place(), dialog->ClientSize(), {}};
+    for (const auto& control : dialog->Controls()) places.controls[control->Id()] = control->Place();
+    all.emplace(dialog->Handle(), std::move(places));
+  }
+  return all;
+}
+
+void Inspector::BeforeMove() {
+  candidate_ = PlacesNow();
+}
+
+void Inspector::AfterMove() {
+  for (auto& [window, now] : PlacesNow()) {
+    const auto then = candidate_.find(window);
+    if (then == candidate_.end()) {
+      before_[window] = std::move(now);  // new: it stands where it was made
+    } else if (then->second != now) {
+      before_[window] = then->second;
+    }
+  }
+}
+
+void Inspector::StartClock() {
+  if (!start_) start_ = clock_.Now();
+}
+
+}  // namespace set32

@@ -1,0 +1,164 @@
+// The script language of scan-host.
+//
+// A script drives one session: what the host holds, what host and person do, what is to be seen. Statements inside
+// `when` run while a dialog or a box of the panel stands, called from inside its run, so the interpreter is
+// re-entrant: a failure there is noted, the dialog is ended, and the script stops as soon as the panel has returned.
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <functional>
+#include <map>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "apps/driver/script_text.h"
+#include "apps/driver/session.h"
+
+namespace set32 {
+
+struct SourceLine {
+  int number = 0;
+  std::string text;
+};
+
+// Where statements come from, line by line; the prompt is for a terminal.
+using LineReader = std::function<std::optional<SourceLine>(const std::string& prompt)>;
+
+struct InterpreterOptions {
+  bool echo = false;
+  bool interactive = false;  // a terminal: errors don't end it, and dialogs without a block are handed to the person
+  std::string scriptFolder;  // where a preview's file is looked for after the working folder; with its separator
+};
+
+struct InterpreterOutput {
+  std::function<void(const std::string& line)> print;
+  std::function<void(const std::string& line)> complain;
+};
+
+class Interpreter : private SessionListener {
+ public:
+  Interpreter(const AssemblyOptions& outside, InterpreterOptions options, InterpreterOutput output);
+  ~Interpreter() override = default;
+
+  // Runs to the end of the lines or to the first failure. Result: the exit status, 0 or 1.
+  int Run(const LineReader& lines);
+
+  Session& TheSession() { return session_; }
+
+ private:
+  using Words = std::span<const Word>;
+  struct Statement;
+  static std::span<const Statement> Statements();
+  static const Statement* FindStatement(std::string_view name);
+
+  // The lines of a `when`, with the number of its `end`.
+  struct Block {
+    std::deque<SourceLine> lines;
+    int endLine = 0;
+  };
+
+  void OnLine(const std::string& line) override;
+  void OnModalOpened(Dialog& dialog) override;
+  void OnModelessOpened(Dialog& dialog) override;
+  BoxAnswer OnBox(const ShownBox& box) override;
+
+  // Statements inside a dialog or a box run in a place of their own.
+  struct Inside {
+    std::string name;              // "dialog 104", "the box"
+    std::string prompt;            // "104> "
+    int defaultDialog = 0;         // whose controls need no number
+    std::function<bool()> closed;  // whether it is still there to act in
+  };
+  void RunInside(const Inside& inside, Block* block);
+  void RunBlock(const Inside& inside, Block& block);
+  void RunPrompt(const Inside& inside);
+  void RunLines(const LineReader& lines);
+
+  void Execute(const SourceLine& line);
+  void Perform(const SourceLine& line);
+  void Fail(int line, const std::string& why);
+  void Print(const std::string& line);
+  bool Stopped() const { return failed_ || quit_; }
+
+  std::optional<Block> TakeBlock(const std::string& place);
+  Block ReadBlock();
+
+  // What the host holds.
+  void Set(Words words);
+  void Limits(Words words);
+  void Caps(Words words);
+  void Preview(Words words);
+  void Rectangle(Words words);
+  void Arguments(Words words);
+  void Ini(Words words);
+  void Usb(Words words);
+  void Net(Words words);
+  void Bytes(Words words);
+  void RegistryValue(Words words);
+  void Restart(Words words);
+  void Stores(Words words);
+  void Answers(Words words);
+
+  // What host and person do.
+  void Open(Words words);
+  void Close(Words words);
+  void Report(Words words);
+  void Send(Words words);
+  void Pick(Words words);
+  void Click(Words words);
+  void Row(Words words);
+  void Arrow(Words words);
+  void Focus(Words words);
+  void Leave(Words words);
+  void Type(Words words);
+  void Append(Words words);
+  void Paste(Words words);
+  void Erase(Words words);
+  void FillAddress(Words words);
+  void Caret(Words words);
+  void Drop(Words words);
+  void Top(Words words);
+  void PressKey(Words words);
+  void Scroll(Words words);
+  void Spin(Words words);
+  void PointAt(Words words);
+  void Page(Words words);
+  void Resize(Words words);
+  void Poke(Words words);
+  void Release(Words words);
+  void When(Words words);
+  void Answer(Words words);
+
+  // What is seen.
+  void Show(Words words);
+  void Expect(Words words);
+  void ExpectHeard();
+  void Help(Words words);
+  void Quit(Words words);
+
+  InterpreterOptions options_;
+  InterpreterOutput output_;
+  Session session_;
+  bool failed_ = false;
+  bool quit_ = false;
+  int depth_ = 0;  // of runs inside dialogs and boxes
+
+  // The statement that runs, where the next line comes from, and where the outermost ones come from.
+  SourceLine current_;
+  const LineReader* lines_ = nullptr;
+  const LineReader* outermost_ = nullptr;
+
+  std::map<std::string, std::deque<Block>> blocks_;  // by dialog's number, or "box"
+
+  struct OpenBox {
+    std::uint32_t style = 0;
+    std::optional<BoxAnswer> answer;
+  };
+  OpenBox* box_ = nullptr;  // the box that stands
+};
+
+}  // namespace set32

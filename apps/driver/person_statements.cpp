@@ -1,0 +1,160 @@
+// What the person does.
+#include "apps/driver/interpreter.h"
+#include "apps/driver/not_possible.h"
+
+namespace set32 {
+
+namespace {
+
+ControlName RequireControl(const Word& word) {
+  auto name = ParseControlName(word);
+  if (!name) throw NotPossible(Quote(word.text) + " is no control");
+  return *std::move(name);
+}
+
+// The answers that a box of this style offers.
+bool Offers(std::uint32_t style, BoxAnswer answer) {
+  constexpr std::uint32_t buttons = 0x0F;
+  constexpr std::uint32_t okCancel = 1;
+  constexpr std::uint32_t yesNoCancel = 3;
+  const std::uint32_t kind = style & buttons;
+  switch (answer) {
+    case BoxAnswer::ok:
+      return kind == box_style::ok || kind == okCancel;
+    case BoxAnswer::cancel:
+      return kind == okCancel || kind == yesNoCancel;
+    case BoxAnswer::yes:
+    case BoxAnswer::no:
+      return kind == box_style::yesNo || kind == yesNoCancel;
+  }
+  return false;
+}
+
+BoxAnswer RequireAnswer(const Word& word) {
+  if (word.text == "yes") return BoxAnswer::yes;
+  if (word.text == "no") return BoxAnswer::no;
+  if (word.text == "ok") return BoxAnswer::ok;
+  if (word.text == "cancel") return BoxAnswer::cancel;
+  throw NotPossible("no button " + Quote(word.text));
+}
+
+}  // namespace
+
+void Interpreter::Pick(Words words) {
+  const ControlName target = RequireControl(words[0]);
+  if (const auto index = ParseIndex(words[1])) {
+    session_.Person().Pick(target, *index);
+  } else {
+    session_.Person().Pick(target, words[1].text);
+  }
+}
+
+void Interpreter::Click(Words words) {
+  session_.Person().Click(RequireControl(words[0]));
+}
+
+void Interpreter::Row(Words words) {
+  const ControlName target = RequireControl(words[0]);
+  if (const auto index = ParseIndex(words[1])) {
+    session_.Person().ClickRow(target, *index);
+  } else if (!words[1].quoted && words[1].text == "none") {
+    session_.Person().ClickBesideRows(target);
+  } else {
+    session_.Person().ClickRow(target, words[1].text);
+  }
+}
+
+void Interpreter::Arrow(Words words) {
+  const auto index = ParseIndex(words[1]);
+  if (!index) throw NotPossible("arrow takes #INDEX");
+  session_.Person().ArrowTo(RequireControl(words[0]), *index);
+}
+
+void Interpreter::Focus(Words words) {
+  session_.Person().Focus(RequireControl(words[0]));
+}
+
+void Interpreter::Leave(Words) {
+  session_.Person().Leave();
+}
+
+void Interpreter::Type(Words words) {
+  session_.Person().Type(RequireControl(words[0]), words[1].text);
+}
+
+void Interpreter::Append(Words words) {
+  session_.Person().Append(RequireControl(words[0]), words[1].text);
+}
+
+void Interpreter::Paste(Words words) {
+  session_.Person().Paste(RequireControl(words[0]), words[1].text);
+}
+
+void Interpreter::Erase(Words words) {
+  constexpr int most = 10000;
+  session_.Person().Erase(RequireControl(words[0]), static_cast<int>(RequireInteger(words[1], 0, most)));
+}
+
+void Interpreter::FillAddress(Words words) {
+  session_.Person().FillAddress(RequireControl(words[0]), words[1].text);
+}
+
+void Interpreter::Caret(Words words) {
+  const int start = RequireInt(words[1]);
+  session_.Person().SetCaret(RequireControl(words[0]), {start, words.size() > 2 ? RequireInt(words[2]) : start});
+}
+
+void Interpreter::Drop(Words words) {
+  session_.Person().DropList(RequireControl(words[0]));
+}
+
+void Interpreter::Top(Words words) {
+  session_.Person().ScrollList(RequireControl(words[0]), RequireInt(words[1]));
+}
+
+void Interpreter::PressKey(Words words) {
+  if (words[0].text != "enter" && words[0].text != "escape") throw NotPossible("key takes enter or escape");
+  session_.Person().PressKey(words[0].text == "enter" ? Key::enter : Key::escape);
+}
+
+void Interpreter::Scroll(Words words) {
+  std::optional<int> position;
+  if (words.size() > 2) position = RequireInt(words[2]);
+  session_.Person().Scroll(RequireControl(words[0]), RequireInt(words[1]), position);
+}
+
+void Interpreter::Spin(Words words) {
+  session_.Person().Spin(RequireControl(words[0]), RequireInt(words[1]));
+}
+
+void Interpreter::PointAt(Words words) {
+  session_.Person().MovePointer({RequireInt(words[0]), RequireInt(words[1])});
+}
+
+void Interpreter::Page(Words words) {
+  if (words[0].text != "general" && words[0].text != "advanced") throw NotPossible("page takes general or advanced");
+  session_.Person().TurnTo(words[0].text == "general" ? dialog::general : dialog::advanced);
+}
+
+void Interpreter::Resize(Words words) {
+  constexpr int largest = 0x7FFF;
+  session_.Resize({static_cast<int>(RequireInteger(words[0], 0, largest)),
+                   static_cast<int>(RequireInteger(words[1], 0, largest))});
+}
+
+void Interpreter::Poke(Words words) {
+  session_.Person().Poke(RequireControl(words[0]));
+}
+
+void Interpreter::Release(Words words) {
+  session_.Person().Release(RequireControl(words[0]));
+}
+
+void Interpreter::Answer(Words words) {
+  if (box_ == nullptr) throw NotPossible("no box stands");
+  const BoxAnswer answer = RequireAnswer(words[0]);
+  if (!Offers(box_->style, answer)) throw NotPossible("the box has no button " + words[0].text);
+  box_->answer = answer;
+}
+
+}  // namespace set32

@@ -1,0 +1,104 @@
+#include "apps/driver/session.h"
+
+#include "host/module.h"
+#include "resources/ids.h"
+
+namespace set32 {
+
+namespace {
+
+std::string DialogLine(const Dialog& dialog) {
+  return "dialog " + std::to_string(dialog.TemplateId());
+}
+
+std::string BoxLine(const ShownBox& box) {
+  return "box " + Hexadecimal(box.style) + ' ' + Quote(box.caption) + ' ' + Quote(box.text) +
+         (box.onThread ? " thread" : "");
+}
+
+}  // namespace
+
+Session::Session(const AssemblyOptions& options, SessionListener& listener)
+    : listener_(listener),
+      assembly_(Assemble(options)),
+      files_(assembly_->ThePlatform()),
+      desk_(assembly_->ThePlatform().windows) {
+  Platform& platform = assembly_->ThePlatform();
+  host_ = std::make_unique<FakeHost>(platform, assembly_->TheInput(),
+                                     [this](const std::string& line) { listener_.OnLine(line); });
+  user_ = std::make_unique<User>(desk_, assembly_->TheInput(), platform.clipboard, platform.system);
+  inspector_ = std::make_unique<Inspector>(desk_, *host_, files_, assembly_->TheInput(), assembly_->Clock());
+  Listen();
+  InstallPlatform(&platform);
+}
+
+Session::~Session() {
+  InstallPlatform(nullptr);
+  Windows& windows = assembly_->ThePlatform().windows;
+  windows.SetOpeningHook({});
+  windows.SetOpenedHook({});
+  windows.SetClosedHook({});
+}
+
+void Session::Listen() {
+  Windows& windows = assembly_->ThePlatform().windows;
+  // The message dialog is told each time that it is shown, with what it says; every other one before it starts.
+  windows.SetOpeningHook([this](Dialog& dialog) {
+    if (dialog.TemplateId() != dialog::message) listener_.OnLine(DialogLine(dialog));
+  });
+  windows.SetOpenedHook([this](Dialog& dialog) {
+    if (dialog.TemplateId() == dialog::message) {
+      listener_.OnLine(DialogLine(dialog) + ' ' + Quote(dialog.Title()) + ' ' +
+                       Quote(dialog.Get<Label>(id115::text).Text()));
+    } else if (dialog.IsModal()) {
+      listener_.OnModalOpened(dialog);
+    } else {
+      listener_.OnModelessOpened(dialog);
+    }
+  });
+  windows.SetClosedHook([this](Dialog& dialog, int result) {
+    listener_.OnLine(DialogLine(dialog) + " closed" + (dialog.IsModal() ? ' ' + std::to_string(result) : ""));
+  });
+  assembly_->TheSystem().OnBeep([this] { listener_.OnLine("beep"); });
+  assembly_->TheBoxes().SetListener([this](const ShownBox& box) { listener_.OnLine(BoxLine(box)); });
+  assembly_->TheBoxes().SetAnswerer([this](const ShownBox& box) {
+    user_->SetBoxOpen(true);
+    const BoxAnswer answer = listener_.OnBox(box);
+    user_->SetBoxOpen(false);
+    return answer;
+  });
+}
+
+bool Session::Open() {
+  files_.OnModuleLoaded();
+  inspector_->StartClock();
+  inspector_->BeforeMove();
+  const bool stands = host_->Open();
+  desk_.SetPage(host_->Page());
+  inspector_->AfterMove();
+  return stands;
+}
+
+void Session::Resize(Size client) {
+  inspector_->BeforeMove();
+  user_->Resize(client);
+  inspector_->AfterMove();
+}
+
+void Session::Restart() {
+  InstallPlatform(nullptr);
+  host_->EndWindows();
+  desk_.SetPage(0);
+  files_.OnModuleUnloaded();
+  inspector_->ForgetMoves();
+  InstallPlatform(&assembly_->ThePlatform());
+}
+
+bool Session::IsClosed(WindowHandle window) const {
+  for (const Dialog* dialog : desk_.Standing()) {
+    if (dialog->Handle() == window) return !dialog->IsVisible() || dialog->HasEnded();
+  }
+  return true;
+}
+
+}  // namespace set32

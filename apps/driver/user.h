@@ -1,0 +1,85 @@
+// A person at the panel, who can do only what a person could: act on a control that is to be seen and enabled, on the
+// page in front, while no box and no modal dialog stands before it. Everything else throws NotPossible with the
+// reason.
+//
+// After each act the message loop has gone round. Scripts and scenario tests act through this class alone.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string_view>
+
+#include "apps/driver/desk.h"
+#include "platform/clipboard.h"
+#include "platform/input.h"
+#include "platform/system.h"
+
+namespace set32 {
+
+class User {
+ public:
+  // How scripts and tests name a control: by id on the default dialog, or with the dialog's number.
+  struct Target : ControlName {
+    Target(int controlId) { id = controlId; }
+    Target(int dialogId, int controlId) {
+      dialog = dialogId;
+      id = controlId;
+    }
+    Target(const ControlName& name) : ControlName(name) {}
+  };
+
+  User(Desk& desk, Input& input, Clipboard& clipboard, System& system)
+      : desk_(desk), input_(input), clipboard_(clipboard), system_(system) {}
+
+  // While a message box stands the person can do nothing else.
+  void SetBoxOpen(bool open) { boxOpen_ = open; }
+
+  void Pick(Target target, std::string_view text);  // first entry, or tab, with the text
+  void Pick(Target target, int index);
+  void Click(Target target);
+  void ClickRow(Target target, std::string_view text);
+  void ClickRow(Target target, int row);
+  void ClickBesideRows(Target target);
+  void ArrowTo(Target target, int row);
+
+  void Focus(Target target);
+  void Leave();  // the host's window takes the focus
+  void Type(Target target, std::string_view text);
+  void Append(Target target, std::string_view text);
+  void Paste(Target target, std::string_view text);
+  void Erase(Target target, int times);
+  void SetCaret(Target target, TextRange range);
+  void PressKey(Key key);
+  void FillAddress(Target target, std::string_view text);
+
+  void DropList(Target target);
+  void ScrollList(Target target, int topIndex);
+  void Scroll(Target target, int code, std::optional<int> position);
+  void Spin(Target target, int delta);
+  void Release(Target target);
+
+  void MovePointer(Point at);
+  void TurnTo(int pageDialog);  // dialog::general or dialog::advanced
+  void Resize(Size client);
+  void Poke(Target target);  // what a program can do: it asks for no visibility
+
+ private:
+  FoundControl Reachable(const Target& target) const;
+  void CheckReachable(const FoundControl& found) const;
+  void CheckNothingBefore(const Dialog* dialog) const;
+  FoundControl Entered(const Target& target) const;
+  template <typename T>
+  T& Enter(const Target& target, const char* kind) const;
+  template <typename T>
+  T& Reach(const Target& target, const char* kind) const;
+  Dialog& PageShown() const;
+  Edit& EnterAtEnd(const Target& target);
+
+  Desk& desk_;
+  Input& input_;
+  Clipboard& clipboard_;
+  System& system_;
+  bool boxOpen_ = false;
+};
+
+}  // namespace set32
