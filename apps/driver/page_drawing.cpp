@@ -8,9 +8,11 @@ namespace set32 {
 
 namespace {
 
-// Pixels that a cell stands for: as wide as a letter, as high as half a line of controls.
+// Pixels that a cell stands for: a little less than a letter's width, and a line of text.
 constexpr int cellWidth = 5;
-constexpr int cellHeight = 12;
+constexpr int cellHeight = 13;
+// Brings controls whose middles differ by a pixel or two into one row.
+constexpr int lift = 3;
 
 // The cells of a control on the page: first and last column, row of its middle, first and last row.
 struct Cells {
@@ -18,9 +20,11 @@ struct Cells {
   int Width() const { return right - left + 1; }
 };
 
+// A control ends before the cell that its right neighbour may begin in.
 Cells CellsOf(const Rect& place) {
-  return {place.left / cellWidth, std::max(place.left, place.right - 1) / cellWidth,
-          (place.top + place.bottom) / 2 / cellHeight, place.top / cellHeight,
+  const int left = place.left / cellWidth;
+  return {left, std::max(left, place.right / cellWidth - 1),
+          std::max(0, (place.top + place.bottom) / 2 - lift) / cellHeight, place.top / cellHeight,
           std::max(place.top, place.bottom - 1) / cellHeight};
 }
 
@@ -44,7 +48,7 @@ class PageDrawer {
     const Cells at = CellsOf(control.Place());
     switch (control.Kind()) {
       case ControlKind::group:
-        return grid_.Frame(at.left, at.top, at.right, at.bottom, WithoutAccelerator(control.Text()));
+        return grid_.Frame(at.left, at.top, at.right + 1, at.bottom, WithoutAccelerator(control.Text()));
       case ControlKind::frame:
         return grid_.Frame(at.left, at.top, at.right, at.bottom, {});
       case ControlKind::label:
@@ -141,10 +145,6 @@ class PageDrawer {
   CharacterGrid& grid_;
 };
 
-bool IsFrameAround(const Control& control) {
-  return control.Kind() == ControlKind::group;
-}
-
 }  // namespace
 
 std::vector<std::string> DrawInCharacters(const Dialog& dialog, const TabBar* tabs) {
@@ -154,13 +154,16 @@ std::vector<std::string> DrawInCharacters(const Dialog& dialog, const TabBar* ta
   const int columns = std::clamp(client.width / cellWidth + 1, 1, widest);
   const int rows = std::clamp(client.height / cellHeight + 1, 1, highest);
 
-  // Frames first, since what stands in them is drawn over them.
+  // Frames lie at the bottom, and of the others a later one lies under an earlier one, as windows do.
   CharacterGrid grid(columns, rows);
   PageDrawer drawer(grid);
-  for (const bool frames : {true, false}) {
-    for (const auto& control : dialog.Controls()) {
-      if (control->IsVisible() && IsFrameAround(*control) == frames) drawer.Draw(*control);
-    }
+  const auto isFrame = [](const Control& control) { return control.Kind() == ControlKind::group; };
+  const auto& controls = dialog.Controls();
+  for (const auto& control : controls) {
+    if (control->IsVisible() && isFrame(*control)) drawer.Draw(*control);
+  }
+  for (auto control = controls.rbegin(); control != controls.rend(); ++control) {
+    if ((*control)->IsVisible() && !isFrame(**control)) drawer.Draw(**control);
   }
 
   std::vector<std::string> lines = grid.Lines();

@@ -151,7 +151,7 @@ std::optional<std::int64_t> ParseInteger(std::string_view word) {
   return negative ? -value : value;
 }
 
-std::optional<double> ParseDouble(std::string_view word) {
+std::optional<double> ParseReal(std::string_view word) {
   if (const auto whole = ParseInteger(word)) return static_cast<double>(*whole);
   double value = 0;
   const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), value);

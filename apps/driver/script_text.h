@@ -34,7 +34,7 @@ std::string Quote(std::string_view text);
 
 // Decimal or 0x, with an optional minus sign; nothing else.
 std::optional<std::int64_t> ParseInteger(std::string_view word);
-std::optional<double> ParseDouble(std::string_view word);
+std::optional<double> ParseReal(std::string_view word);
 
 // These throw NotPossible, naming what the word should have been.
 std::int64_t RequireInteger(const Word& word, std::int64_t low, std::int64_t high);

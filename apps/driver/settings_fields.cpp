@@ -98,7 +98,7 @@ void SetField(ScanSettings& settings, const SettingsField& field, std::string_vi
       return Store(settings, field, static_cast<std::int32_t>(RequireWord32(value)));
     }
     case FieldType::real: {
-      const auto number = ParseDouble(value);
+      const auto number = ParseReal(value);
       if (!number) throw NotPossible(Quote(value) + " is no number");
       return Store(settings, field, *number);
     }

@@ -1,0 +1,158 @@
+#include "apps/driver/fake_host.h"
+
+#include "apps/driver/not_possible.h"
+#include "apps/driver/script_text.h"
+#include "apps/driver/settings_fields.h"
+#include "messages.h"
+#include "profile/config_items.h"
+#include "ui_fix_setting.h"
+
+namespace set32 {
+
+namespace {
+
+constexpr Size hostSize{640, 480};
+constexpr Size blankPreview{850, 1169};
+constexpr int previewDpi = 100;
+
+bool CarriesRecord(std::uint32_t message) {
+  switch (message) {
+    case to_host::areaChanged:
+    case to_host::settingsChanged:
+    case to_host::customSizeTaken:
+    case to_host::autoCropChanged:
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
+HostArguments::HostArguments() : caps(DeviceCaps{}) {
+  caps->words[DeviceCaps::restrictedMaxDpiWord] = 600;
+  caps->words[DeviceCaps::sourceCapsWord] = source_caps::feeder | source_caps::transparency;
+}
+
+FakeHost::FakeHost(Platform& platform, Input& input, Hear hear)
+    : platform_(platform), input_(input), hear_(std::move(hear)), settings_(MakeSettings(platform.system, {})) {
+  preview_.MakeBlank(blankPreview, previewDpi);
+}
+
+FakeHost::~FakeHost() {
+  EndWindows();
+}
+
+void FakeHost::SetField(std::string_view name, std::string_view value) {
+  set32::SetField(settings_, name, value);
+  ownFrameWord_ = settings_.frameCommand;
+}
+
+bool FakeHost::Open() {
+  if (hostWindow_ == 0) hostWindow_ = input_.MakeHostWindow(hostSize, *this);
+  if (parentWindow_ == 0) parentWindow_ = input_.MakeHostWindow(hostSize, parentHandler_);
+  const HostArguments& given = arguments_;
+  page_ = uiFixSetting(parentWindow_, hostWindow_, given.limits ? &*given.limits : nullptr, &settings_,
+                       preview_.Dib(), given.jpegModes, 0, given.bwThreshold, given.outputBits, &given.rect,
+                       given.caps ? &*given.caps : nullptr);
+  input_.Pump();
+  return page_ != 0;
+}
+
+void FakeHost::Close() {
+  const WindowHandle page = RequirePage();
+  if (IsSettingOpen()) {
+    for (Dialog* dialog : platform_.windows.Standing()) {
+      if (dialog->Handle() != page) continue;
+      input_.SendClose(*dialog);
+      break;
+    }
+  } else {
+    input_.DestroyHostWindow(parentWindow_);
+    parentWindow_ = 0;
+  }
+  input_.Pump();
+}
+
+bool FakeHost::IsSettingOpen() const {
+  return uiIsSettingOpen() != 0;
+}
+
+WindowHandle FakeHost::Page() const {
+  return platform_.windows.IsWindow(page_) ? page_ : 0;
+}
+
+WindowHandle FakeHost::RequirePage() const {
+  const WindowHandle page = Page();
+  if (page == 0) throw NotPossible("no page stands");
+  return page;
+}
+
+MessageResult FakeHost::Report(WParam wParam, const std::function<void(ScanSettings&)>& change,
+                               std::optional<FrameCommand> frame) {
+  const WindowHandle page = RequirePage();
+  ScanSettings report = settings_;
+  if (change) change(report);
+  report.frameCommand = 0;
+  if (frame) {
+    if (frame_.Get() == nullptr) throw NotPossible("no memory below 4 GB");
+    *frame_.Get() = *frame;
+    report.frameCommand = frame_.Word();
+  }
+  const MessageResult result =
+      platform_.windows.Send(page, to_panel::frameReport, wParam, reinterpret_cast<LParam>(&report));
+  input_.Pump();
+  return result;
+}
+
+MessageResult FakeHost::Send(std::uint32_t message, WParam wParam, LParam lParam) {
+  const MessageResult result = platform_.windows.Send(RequirePage(), message, wParam, lParam);
+  input_.Pump();
+  return result;
+}
+
+void FakeHost::EndWindows() {
+  page_ = 0;
+  if (parentWindow_ != 0) input_.DestroyHostWindow(parentWindow_);
+  if (hostWindow_ != 0) input_.DestroyHostWindow(hostWindow_);
+  parentWindow_ = hostWindow_ = 0;
+}
+
+MessageResult FakeHost::OnHostMessage(std::uint32_t message, WParam wParam, LParam lParam) {
+  const std::string line = "host " + Hexadecimal(message) + ' ' + std::to_string(static_cast<std::intptr_t>(wParam)) +
+                           ' ' + Argument(message, lParam);
+  heard_.push_back(line);
+  hear_(line);
+  if (message == to_host::unitChosen && storesUnits_) settings_.units = static_cast<std::uint32_t>(wParam);
+  if (message != to_host::settingsChanged) return 0;
+  const auto answer = answers_.find(wParam);
+  return answer != answers_.end() ? answer->second : 1;
+}
+
+void FakeHost::OnRepaintAsked() {
+  hear_("repaint");
+}
+
+std::string FakeHost::Argument(std::uint32_t message, LParam lParam) {
+  if (lParam == 0) return "0";
+  if (CarriesRecord(message)) {
+    const auto* record = reinterpret_cast<const ScanSettings*>(lParam);
+    if (record != &settings_) sawForeignRecord_ = true;
+    return Record(message, *record);
+  }
+  if (message == to_host::frameTabChanged) {
+    return '&' + std::to_string(*reinterpret_cast<const std::uint32_t*>(lParam));
+  }
+  if (message == to_host::deviceSelected) return Quote(reinterpret_cast<const char*>(lParam));
+  return std::to_string(lParam);
+}
+
+// A frame command travels with 0x403 alone; in any other message the word is a leftover that nobody follows.
+std::string FakeHost::Record(std::uint32_t message, const ScanSettings& settings) const {
+  const bool travels = message == to_host::settingsChanged && settings.frameCommand != ownFrameWord_;
+  if (!travels || settings.frameCommand == 0) return "settings";
+  const auto* frame = FromWord<FrameCommand>(settings.frameCommand);
+  return "settings frame " + std::to_string(frame->action) + ' ' + std::to_string(frame->index);
+}
+
+}  // namespace set32

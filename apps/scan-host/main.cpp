@@ -1,0 +1,144 @@
+// The console host: arguments and the terminal; apps/driver does the rest.
+#include <cstdint>
+#include <cstdio>
+#include <fstream>
+#include <iostream>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+#include "apps/driver/interpreter.h"
+#include "apps/driver/not_possible.h"
+#include "apps/driver/session_folder.h"
+
+namespace {
+
+constexpr int exitUsage = 2;
+constexpr char usage[] =
+    "scan-host [--dir DIR] [--language LANGID] [--network simulated|real] [--echo] [SCRIPT]\n"
+    "\n"
+    "Opens the scan settings panel as a data source does and plays the person at it. Statements come from SCRIPT, "
+    "or\n"
+    "from standard input; `help` lists them.\n"
+    "\n"
+    "  --dir DIR        the module's folder, the temporary folder and the registry lie in it; a fresh one otherwise\n"
+    "  --language ID    the system's default language id, 0x0404 unless given\n"
+    "  --network KIND   simulated: what the script declares (default); real: this machine's network and devices\n"
+    "  --echo           prints each statement behind \"> \"\n";
+
+struct CommandLine {
+  std::string folder;
+  std::uint16_t language = 0x0404;
+  bool realNetwork = false;
+  bool echo = false;
+  bool help = false;
+  std::string script;
+};
+
+// Nothing when the arguments make no sense.
+std::optional<CommandLine> Parse(const std::vector<std::string_view>& arguments) {
+  CommandLine line;
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    const std::string_view argument = arguments[i];
+    const auto value = [&]() -> std::optional<std::string_view> {
+      if (i + 1 >= arguments.size()) return {};
+      return arguments[++i];
+    };
+    if (argument == "--echo") {
+      line.echo = true;
+    } else if (argument == "--help") {
+      line.help = true;
+    } else if (argument == "--dir") {
+      const auto folder = value();
+      if (!folder || folder->empty()) return {};
+      line.folder = *folder;
+    } else if (argument == "--language") {
+      const auto text = value();
+      const auto id = text ? set32::ParseInteger(*text) : std::nullopt;
+      if (!id || *id < 0 || *id > 0xFFFF) return {};
+      line.language = static_cast<std::uint16_t>(*id);
+    } else if (argument == "--network") {
+      const auto kind = value();
+      if (!kind || (*kind != "simulated" && *kind != "real")) return {};
+      line.realNetwork = *kind == "real";
+    } else if (argument.starts_with('-') || argument.empty() || !line.script.empty()) {
+      return {};
+    } else {
+      line.script = argument;
+    }
+  }
+  return line;
+}
+
+bool IsTerminal() {
+#ifdef _WIN32
+  return _isatty(_fileno(stdin)) != 0 && _isatty(_fileno(stdout)) != 0;
+#else
+  return isatty(STDIN_FILENO) == 1 && isatty(STDOUT_FILENO) == 1;
+#endif
+}
+
+set32::LineReader ReaderOf(std::istream& stream, bool prompts) {
+  return [&stream, prompts, number = 0](const std::string& prompt) mutable -> std::optional<set32::SourceLine> {
+    if (prompts) std::cout << prompt << std::flush;
+    set32::SourceLine line;
+    if (!std::getline(stream, line.text)) {
+      if (prompts) std::cout << '\n';
+      return {};
+    }
+    line.number = ++number;
+    if (number == 1 && line.text.starts_with("\xEF\xBB\xBF")) line.text.erase(0, 3);
+    return line;
+  };
+}
+
+int RunSession(const CommandLine& line, std::istream& statements, bool interactive) {
+  const set32::SessionFolder folder(line.folder);
+  set32::InterpreterOptions options;
+  options.echo = line.echo;
+  options.interactive = interactive;
+  options.scriptFolder = line.script.substr(0, line.script.find_last_of("/\\") + 1);
+  const auto print = [](const std::string& text) { std::cout << text << '\n'; };
+  const auto complain = [](const std::string& text) {
+    std::cout.flush();
+    std::cerr << text << '\n';
+  };
+  set32::Interpreter interpreter({folder.Path(), line.language, line.realNetwork}, options, {print, complain});
+  if (interactive) print("`open` opens the panel, `show page` draws it, `help` lists the statements.");
+  const int status = interpreter.Run(ReaderOf(statements, interactive));
+  std::cout.flush();
+  return status;
+}
+
+}  // namespace
+
+int main(int count, char** values) {
+  const auto line = Parse({values + 1, values + count});
+  if (!line) {
+    std::cerr << usage;
+    return exitUsage;
+  }
+  if (line->help) {
+    std::cout << usage;
+    return 0;
+  }
+  try {
+    if (line->script.empty()) return RunSession(*line, std::cin, IsTerminal());
+    std::ifstream script(line->script, std::ios::binary);
+    if (!script) {
+      std::cerr << "scan-host: can't open " << line->script << '\n';
+      return exitUsage;
+    }
+    return RunSession(*line, script, false);
+  } catch (const set32::NotPossible& trouble) {
+    std::cerr << "scan-host: " << trouble.what() << '\n';
+    return 1;
+  }
+}
