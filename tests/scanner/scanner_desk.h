@@ -48,7 +48,19 @@ class ScannerDesk : public testing::Test, public HostWindowHandler, public Dialo
  protected:
   using Lines = std::vector<std::string>;
 
-  ScannerDesk() {
+  // Null ones are simulated.
+  explicit ScannerDesk(Sockets* sockets = nullptr, System* system = nullptr)
+      : platform_{desk_->TheWindows(),
+                  boxes_,
+                  files_,
+                  paths_,
+                  profiles_,
+                  system != nullptr ? *system : system_,
+                  sockets != nullptr ? *sockets : network_,
+                  usb_,
+                  noRegistry_,
+                  desk_->TheClipboard(),
+                  threads_} {
     Windows& windows = desk_->TheWindows();
     windows.SetOpenedHook([this](Dialog& opened) { OnOpened(opened); });
   }
@@ -164,8 +176,7 @@ class ScannerDesk : public testing::Test, public HostWindowHandler, public Dialo
   NoPaths paths_;
   NoThreads threads_;
   std::unique_ptr<DeskUnderTest> desk_ = MakeDesk();
-  Platform platform_{desk_->TheWindows(),   boxes_,  files_, paths_, profiles_, system_, network_, usb_, noRegistry_,
-                     desk_->TheClipboard(), threads_};
+  Platform platform_;
 
   std::uint8_t driverType_ = driver_type::usb | driver_type::network;
   std::unique_ptr<ModuleState> state_;

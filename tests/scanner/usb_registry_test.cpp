@@ -1,4 +1,4 @@
-// The USB walk over numbered devices, the system's device tree, and the older value in the registry.
+// The USB walk over numbered devices, and the older value in the registry.
 #include <filesystem>
 #include <fstream>
 
@@ -7,37 +7,13 @@
 #include "scanner/registry_value.h"
 #include "scanner/usb_walk.h"
 #include "tests/scanner/scanner_desk.h"
-#ifndef _WIN32
-#include "platform/posix/posix_usb.h"
-#endif
+#include "tests/support/folder.h"
 
 namespace set32 {
 namespace {
 
-namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-class Folder {
- public:
-  Folder() {
-    for (int i = 0; !fs::create_directory(path_); ++i)
-      path_ = fs::temp_directory_path() / ("s32_" + std::to_string(i));
-  }
-  ~Folder() { fs::remove_all(path_); }
-  Folder(const Folder&) = delete;
-  Folder& operator=(const Folder&) = delete;
-  fs::path operator/(const char* name) const { return path_ / name; }
-  std::string Text() const { return path_.string(); }
-
- private:
-  fs::path path_ = fs::temp_directory_path();
-};
-
-void WriteText(const fs::path& file, const std::string& content) {
-  fs::create_directories(file.parent_path());
-  std::ofstream(file) << content;
-}
 
 class UsbWalk : public ScannerDesk {
  protected:
@@ -84,37 +60,6 @@ TEST_F(UsbWalk, EntersTheFirstDeviceThatIsAllowed) {
   Allow("DeviceID9", "VID_0C5A&PID_0E72");
   EXPECT_EQ(Walk(), "254 3162:3698");
 }
-
-#ifndef _WIN32
-TEST(PosixUsbTree, NumbersDevicesByBusAndPorts) {
-  const Folder tree;
-  const auto place = [&](const std::string& name, const char* vendor, const char* product) {
-    if (vendor != nullptr) WriteText(tree / name.c_str() / "idVendor", vendor);
-    WriteText(tree / name.c_str() / "idProduct", product);
-  };
-  place("usb1", "1d6b\n", "0002\n");
-  place("1-1:1.0", "dead\n", "beef\n");
-  place("2-1", "0003\n", "000d\n");
-  place("1-10", "0002\n", "000c\n");
-  place("1-2.10", "0001\n", "000b\n");
-  place("1-2", "0c5a\n", "0e72\n");
-  place("1-2.9", "00zz\n", "0001\n");
-  place("1-3", nullptr, "0001\n");
-  place("1-", "0001\n", "0001\n");
-  place("1.2", "0001\n", "0001\n");
-  PosixUsb usb(tree.Text());
-  const auto identity = [&](int number) -> std::string {
-    const std::unique_ptr<UsbDevice> device = usb.Open(number);
-    if (!device) return "none";
-    const std::optional<UsbIdentity> found = device->Identity();
-    return found ? std::to_string(found->vendor) + ':' + std::to_string(found->product) : "silent";
-  };
-  EXPECT_THAT(
-      (std::vector{identity(-1), identity(0), identity(1), identity(2), identity(3), identity(4), identity(5)}),
-      ElementsAre("none", "3162:3698", "silent", "1:11", "2:12", "3:13", "none"));
-  EXPECT_EQ(PosixUsb(tree.Text() + "/nothing").Open(0), nullptr);
-}
-#endif
 
 class OlderValue : public ScannerDesk {
  protected:

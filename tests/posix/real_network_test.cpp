@@ -1,0 +1,252 @@
+// The searches over real sockets: on the loopback, and between two network namespaces that the test makes for itself,
+// so that a broadcast is really sent and heard and nothing leaves them.
+#include <arpa/inet.h>
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+
+#include <atomic>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <thread>
+
+#include "platform/posix/file_handle.h"
+#include "platform/posix/posix_sockets.h"
+#include "platform/posix/posix_system.h"
+#include "scanner/nets.h"
+#include "tests/scanner/scanner_desk.h"
+
+namespace set32 {
+namespace {
+
+using std::chrono::milliseconds;
+using testing::ElementsAre;
+using testing::UnorderedElementsAre;
+using Clock = std::chrono::steady_clock;
+using Bytes = std::vector<std::uint8_t>;
+
+constexpr std::uint32_t loopback = INADDR_LOOPBACK;
+
+milliseconds Lasts(const std::function<void()>& operation) {
+  const Clock::time_point start = Clock::now();
+  operation();
+  return std::chrono::duration_cast<milliseconds>(Clock::now() - start);
+}
+
+milliseconds ProcessorTime() {
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  return milliseconds((usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) * 1000 +
+                      (usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1000);
+}
+
+// A socket at a free port of the loopback.
+class LoopbackPeer {
+ public:
+  LoopbackPeer() {
+    sockaddr_in local{};
+    local.sin_family = AF_INET;
+    local.sin_addr.s_addr = htonl(loopback);
+    socklen_t size = sizeof local;
+    EXPECT_EQ(bind(handle_.Get(), reinterpret_cast<sockaddr*>(&local), size), 0);
+    EXPECT_EQ(getsockname(handle_.Get(), reinterpret_cast<sockaddr*>(&local), &size), 0);
+    port_ = ntohs(local.sin_port);
+  }
+  std::uint16_t Port() const { return port_; }
+
+  // Waits for a datagram and sends these to whoever sent it.
+  void AnswerOnce(const std::vector<Bytes>& answers) {
+    sockaddr_in from{};
+    socklen_t size = sizeof from;
+    std::array<std::uint8_t, 100> request{};
+    ASSERT_EQ(recvfrom(handle_.Get(), request.data(), request.size(), 0, reinterpret_cast<sockaddr*>(&from), &size),
+              8);
+    for (const Bytes& answer : answers) {
+      sendto(handle_.Get(), answer.data(), answer.size(), 0, reinterpret_cast<sockaddr*>(&from), size);
+    }
+  }
+
+ private:
+  FileHandle handle_{socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0)};
+  std::uint16_t port_ = 0;
+};
+
+TEST(PosixSocketsTest, ReceiveTellsDatagramsSilenceAndWhatIsTooLong) {
+  PosixSockets sockets;
+  const std::unique_ptr<DatagramSocket> socket = sockets.Open();
+  ASSERT_NE(socket, nullptr);
+  LoopbackPeer peer;
+  const Bytes request(8, 7);
+  ASSERT_TRUE(socket->Send(request, loopback, peer.Port()));
+  peer.AnswerOnce({Bytes(10, 1), Bytes(11, 2), {}, Bytes(3, 3)});
+  Bytes into(10);
+  Received received = socket->Receive(into, 1000);
+  EXPECT_EQ(received.status, ReceiveStatus::datagram);
+  EXPECT_EQ(received.size, 10U);
+  EXPECT_EQ(received.sender, loopback);
+  EXPECT_EQ(received.senderPort, peer.Port());
+  EXPECT_EQ(socket->Receive(into, 1000).status, ReceiveStatus::error);
+  received = socket->Receive(into, 1000);
+  EXPECT_EQ(received.status, ReceiveStatus::datagram);
+  EXPECT_EQ(received.size, 0U);
+  EXPECT_EQ(socket->Receive(into, 1000).size, 3U);
+  EXPECT_THAT(into, ElementsAre(3, 3, 3, 2, 2, 2, 2, 2, 2, 2));  // the rest stays
+  EXPECT_EQ(socket->Receive(into, 0).status, ReceiveStatus::timeOut);
+  EXPECT_GE(Lasts([&] { EXPECT_EQ(socket->Receive(into, 30).status, ReceiveStatus::timeOut); }), milliseconds(30));
+  EXPECT_FALSE(socket->Send(request, broadcastAddress, 9)) << "nobody allowed a broadcast";
+}
+
+TEST(PosixSocketsTest, CheckSleepsForItsSecondsAndProbeEndsAtOnce) {
+  PosixSockets sockets;
+  PosixSystem system;
+  LoopbackPeer peer;
+  const Bytes answer = {'N', 'E', 'T', 'S', 0x20, 0, 0, 0, 0, 0, 0, 0};
+  std::thread answering([&] { peer.AnswerOnce({answer}); });
+  EXPECT_LT(Lasts([&] { EXPECT_TRUE(ProbeScanner(sockets, system, "127.0.0.1", peer.Port())); }), milliseconds(1000));
+  answering.join();
+
+  DistinctRecords added(2);
+  for (const char* name : {"127.0.0.1", "127.0.0.2"}) {
+    ScannerRecord record;
+    record.flags = SCANNER_FLAG_ADDED | SCANNER_FLAG_ANSWERED;
+    record.SetName(name);
+    added.Put(record);
+  }
+  answering = std::thread([&] { peer.AnswerOnce({answer}); });
+  const milliseconds before = ProcessorTime();
+  const milliseconds lasted = Lasts([&] { CheckAddedScanners(sockets, system, added, peer.Port()); });
+  answering.join();
+  EXPECT_GE(lasted, milliseconds(1990));
+  EXPECT_LE(lasted, milliseconds(3200));
+  EXPECT_LT(ProcessorTime() - before, milliseconds(300)) << "it waited without sleeping";
+  EXPECT_EQ(added.All()[0].flags, 6U);
+  EXPECT_EQ(added.All()[1].flags, 2U);
+}
+
+// Set by the run inside: a process in the network at the other end.
+constexpr char otherNetwork[] = "SET32_TEST_OTHER_NETWORK";
+
+std::string OwnPath() {
+  std::array<char, 4096> self{};
+  EXPECT_GT(readlink("/proc/self/exe", self.data(), self.size() - 1), 0);
+  return self.data();
+}
+
+// scan-answer in the other network.
+class Answerer {
+ public:
+  explicit Answerer(std::vector<std::string> options) {
+    std::array<int, 2> ends{};
+    EXPECT_EQ(pipe(ends.data()), 0);
+    process_ = fork();
+    if (process_ == 0) {
+      dup2(ends[1], STDOUT_FILENO);
+      std::vector<std::string> words = {"nsenter", "-t", std::getenv(otherNetwork), "-n",
+                                        OwnPath().substr(0, OwnPath().rfind('/') + 1) + "scan-answer"};
+      words.insert(words.end(), options.begin(), options.end());
+      std::vector<char*> pointers;
+      for (std::string& word : words) pointers.push_back(word.data());
+      pointers.push_back(nullptr);
+      execvp(pointers[0], pointers.data());
+      _exit(127);
+    }
+    close(ends[1]);
+    const FileHandle output(ends[0]);
+    std::array<char, 9> line{};
+    EXPECT_EQ(read(output.Get(), line.data(), line.size()), 9);
+    EXPECT_EQ(std::string_view(line.data(), 9), "listening");
+  }
+  ~Answerer() {
+    kill(process_, SIGKILL);
+    waitpid(process_, nullptr, 0);
+  }
+  Answerer(const Answerer&) = delete;
+  Answerer& operator=(const Answerer&) = delete;
+
+ private:
+  pid_t process_ = -1;
+};
+
+struct RealNetwork {
+  PosixSockets sockets;
+  PosixSystem system;
+};
+
+class NetworkNamespaces : private RealNetwork, public ScannerDesk {
+ protected:
+  NetworkNamespaces() : ScannerDesk(&sockets, &system) {}
+
+  static bool IsInside() { return std::getenv(otherNetwork) != nullptr; }
+
+  // Runs the current test once more with a network of its own and another beside it.
+  static void RunInside() {
+    const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
+    const std::string name = std::string(test.test_suite_name()) + '.' + test.name();
+    const std::string command =
+        "unshare -Urnu sh '" SET32_TEST_DATA "/two_networks.sh' '" + OwnPath() + "' " + name + " 2>&1";
+    std::FILE* run = popen(command.c_str(), "r");
+    ASSERT_NE(run, nullptr);
+    std::string output;
+    for (int c = std::fgetc(run); c != EOF; c = std::fgetc(run)) output += static_cast<char>(c);
+    const int status = pclose(run);
+    const int code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    if (code != 0 && output.find("[==========]") == output.npos)
+      GTEST_SKIP() << "no network namespaces here: " << output;
+    EXPECT_EQ(code, 0) << output;
+    EXPECT_NE(output.find("[  PASSED  ] 1 test."), output.npos) << output;
+  }
+
+  RealNetwork& Real() { return *this; }
+};
+
+TEST_F(NetworkNamespaces, ScannerIsFoundChosenRememberedAndOfferedAgain) {
+  if (!IsInside()) return RunInside();
+  driverType_ = driver_type::network;
+  std::optional<Answerer> first;
+  first.emplace(std::vector<std::string>{"--address", "10.77.0.2", "--name", "Attic", "--delay", "5"});
+  StartPage();
+  Refresh();
+  EXPECT_THAT(Entries(), ElementsAre("10.77.0.2", addEntry));
+  Pick("10.77.0.2");
+  ClosePage();
+  StartPage();
+  EXPECT_THAT(Entries(), ElementsAre("10.77.0.2", addEntry));
+  EXPECT_EQ(choice_->DefaultAddress(), "10.77.0.2");
+  EXPECT_THAT(Heard(), ElementsAre("0 10.77.0.2", "0 10.77.0.2"));
+
+  // One that no search finds, typed in by its address: it answers with the kind of a request.
+  const std::vector<std::string> shy = {"--address", "10.77.0.3", "--bytes", "4e4554531000000000000000"};
+  {
+    const Answerer second(shy);
+    WhenAddDialogOpensEnter(10, 77, 0, 3);
+    Pick(addEntry);
+    EXPECT_THAT(Heard(), ElementsAre("0 10.77.0.3"));
+    EXPECT_THAT(Entries(), ElementsAre("10.77.0.2", "10.77.0.3", addEntry));
+  }
+  first.reset();
+  Refresh();
+  EXPECT_THAT(Entries(), ElementsAre("10.77.0.2", addEntry)) << "the default device stays, the silent one is hidden";
+  const Answerer second(shy);
+  Refresh();
+  EXPECT_THAT(Entries(), ElementsAre("10.77.0.2", "10.77.0.3", addEntry));
+}
+
+TEST_F(NetworkNamespaces, FloodOfAMillionDatagramsMovesNothing) {
+  if (!IsInside()) return RunInside();
+  const Answerer flooding({"--address", "10.77.0.4", "--flood", "1000000"});
+  CScannerList list;
+  EXPECT_LE(Lasts([&] { BroadcastDiscovery(Real().sockets, Real().system, list); }), milliseconds(4500));
+  ASSERT_EQ(list.Count(), 1);
+  EXPECT_EQ(list.Head()->record.Name(), "10.77.0.4");
+  DistinctRecords added(1);
+  ScannerRecord record;
+  record.SetName("10.77.0.4");
+  added.Put(record);
+  EXPECT_LE(Lasts([&] { CheckAddedScanners(Real().sockets, Real().system, added, networkScannerPort); }),
+            milliseconds(3500));
+}
+
+}  // namespace
+}  // namespace set32
