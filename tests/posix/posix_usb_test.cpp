@@ -3,7 +3,7 @@
 
 #include <gmock/gmock.h>
 
-#include "tests/support/folder.h"
+#include "tests/support/scratch_folder.h"
 
 namespace set32 {
 namespace {
@@ -11,10 +11,11 @@ namespace {
 using testing::ElementsAre;
 
 TEST(PosixUsbTree, NumbersDevicesByBusAndPorts) {
-  const Folder tree;
+  const ScratchFolder tree;
   const auto place = [&](const std::string& name, const char* vendor, const char* product) {
-    if (vendor != nullptr) WriteText(tree / name.c_str() / "idVendor", vendor);
-    WriteText(tree / name.c_str() / "idProduct", product);
+    std::filesystem::create_directory(tree.Path(name));
+    if (vendor != nullptr) tree.Write(name + "/idVendor", vendor);
+    tree.Write(name + "/idProduct", product);
   };
   place("usb1", "1d6b\n", "0002\n");
   place("1-1:1.0", "dead\n", "beef\n");
@@ -26,7 +27,7 @@ TEST(PosixUsbTree, NumbersDevicesByBusAndPorts) {
   place("1-3", nullptr, "0001\n");
   place("1-", "0001\n", "0001\n");
   place("1.2", "0001\n", "0001\n");
-  PosixUsb usb(tree.Text());
+  PosixUsb usb(tree.Path(""));
   const auto identity = [&](int number) -> std::string {
     const std::unique_ptr<UsbDevice> device = usb.Open(number);
     if (!device) return "none";
@@ -36,7 +37,7 @@ TEST(PosixUsbTree, NumbersDevicesByBusAndPorts) {
   EXPECT_THAT(
       (std::vector{identity(-1), identity(0), identity(1), identity(2), identity(3), identity(4), identity(5)}),
       ElementsAre("none", "3162:3698", "silent", "1:11", "2:12", "3:13", "none"));
-  EXPECT_EQ(PosixUsb(tree.Text() + "/nothing").Open(0), nullptr);
+  EXPECT_EQ(PosixUsb(tree.Path("nothing")).Open(0), nullptr);
 }
 
 }  // namespace

@@ -1,19 +1,17 @@
 // The USB walk over numbered devices, and the older value in the registry.
 #include <filesystem>
-#include <fstream>
 
 #include "platform/headless/folder_registry.h"
 #include "scanner/default_device.h"
 #include "scanner/registry_value.h"
 #include "scanner/usb_walk.h"
 #include "tests/scanner/scanner_desk.h"
-#include "tests/support/folder.h"
+#include "tests/support/scratch_folder.h"
 
 namespace set32 {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+namespace fs = std::filesystem;
 
 class UsbWalk : public ScannerDesk {
  protected:
@@ -85,8 +83,8 @@ TEST_F(OlderValue, MovesToTheProfileAndGoesWithItsKey) {
         Case{"...", "...", "..."}, Case{"1.2.3.4\n[x]", "10.9.9.9", "1.2.3.4\n[x]"},
         Case{long256.c_str(), long256.substr(0, 255), long256.substr(0, 255)}}) {
     SCOPED_TRACE(c.value);
-    const Folder folder;
-    FolderRegistry registry(folder.Text());
+    const ScratchFolder folder;
+    FolderRegistry registry(folder.Path("registry"));
     profiles_.WriteString("Device", "Default", "10.9.9.9", "temp/options.ini");
     ASSERT_TRUE(registry.SetString("Software/Norvane\\K700", "IPAddress", c.value));
     ASSERT_TRUE(registry.SetString("Software/Norvane/Other/Deep", "x", "y"));
@@ -94,26 +92,26 @@ TEST_F(OlderValue, MovesToTheProfileAndGoesWithItsKey) {
     StartWith(registry);
     EXPECT_EQ(taken_, c.taken);
     EXPECT_EQ(DefaultDevice(), c.stored);
-    EXPECT_FALSE(fs::exists(folder / "Software/Norvane"));
-    EXPECT_TRUE(fs::exists(folder / "Software/Neighbour/x"));
+    EXPECT_FALSE(fs::exists(folder.Path("registry") + "/Software/Norvane"));
+    EXPECT_TRUE(fs::exists(folder.Path("registry") + "/Software/Neighbour/x"));
     StartWith(registry);
     EXPECT_EQ(taken_, c.stored);
   }
 }
 
 TEST_F(OlderValue, KeyWithoutTheValueGoesToo) {
-  const Folder folder;
-  FolderRegistry registry(folder.Text());
+  const ScratchFolder folder;
+  FolderRegistry registry(folder.Path("registry"));
   ASSERT_TRUE(registry.SetString("software/norvane/k700", "Other", "10.0.0.7"));
   StartWith(registry);
   EXPECT_EQ(taken_, "");
   EXPECT_EQ(DefaultDevice(), "(none)");
-  EXPECT_FALSE(fs::exists(folder / "software/norvane"));
+  EXPECT_FALSE(fs::exists(folder.Path("registry") + "/software/norvane"));
 }
 
 TEST(DeleteRegistryTreeTest, TellsWhatStoppedIt) {
-  const Folder folder;
-  FolderRegistry registry(folder.Text());
+  const ScratchFolder folder;
+  FolderRegistry registry(folder.Path("registry"));
   const std::unique_ptr<RegistryKey> user = registry.CurrentUser();
   ASSERT_TRUE(registry.SetString("a/b/c", "v", "1"));
   EXPECT_EQ(DeleteRegistryTree(*user, ""), registry_result::badKey);
@@ -124,18 +122,19 @@ TEST(DeleteRegistryTreeTest, TellsWhatStoppedIt) {
   }
   EXPECT_EQ(user->DeleteSubKey("a"), registry_result::accessDenied) << "it has keys of its own";
   EXPECT_EQ(DeleteRegistryTree(*user, "A\\B"), registry_result::success);
-  EXPECT_TRUE(fs::exists(folder / "a"));
-  EXPECT_FALSE(fs::exists(folder / "a/b"));
+  EXPECT_TRUE(fs::exists(folder.Path("registry") + "/a"));
+  EXPECT_FALSE(fs::exists(folder.Path("registry") + "/a/b"));
 }
 
 #ifndef _WIN32
 TEST(DeleteRegistryTreeTest, LinksAreNotFollowed) {
-  const Folder folder;
-  WriteText(folder / "outside/kept", "kept");
-  FolderRegistry registry((folder / "registry").string());
+  const ScratchFolder folder;
+  fs::create_directory(folder.Path("outside"));
+  folder.Write("outside/kept", "kept");
+  FolderRegistry registry(folder.Path("registry"));
   ASSERT_TRUE(registry.SetString("key/inner", "v", "1"));
-  fs::create_directory_symlink(folder / "outside", folder / "registry/key/link");
-  fs::create_symlink(folder / "outside/kept", folder / "registry/key/value");
+  fs::create_directory_symlink(folder.Path("outside"), folder.Path("registry/key/link"));
+  fs::create_symlink(folder.Path("outside/kept"), folder.Path("registry/key/value"));
   std::string value;
   std::uint32_t result = 0;
   const std::unique_ptr<RegistryKey> key = registry.CurrentUser()->Open("key", RegistryAccess::read, result);
@@ -143,8 +142,8 @@ TEST(DeleteRegistryTreeTest, LinksAreNotFollowed) {
   EXPECT_EQ(key->ReadString("value", 10, value), registry_result::fileNotFound);
   EXPECT_EQ(key->Open("link", RegistryAccess::read, result), nullptr);
   EXPECT_EQ(DeleteRegistryTree(*registry.CurrentUser(), "key"), registry_result::success);
-  EXPECT_FALSE(fs::exists(folder / "registry/key"));
-  EXPECT_TRUE(fs::exists(folder / "outside/kept"));
+  EXPECT_FALSE(fs::exists(folder.Path("registry/key")));
+  EXPECT_TRUE(fs::exists(folder.Path("outside/kept")));
 }
 #endif
 
