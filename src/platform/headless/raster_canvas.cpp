@@ -64,7 +64,7 @@ RasterCanvas::RasterCanvas(Size area) {
   raster_.size = {std::max(area.width, 0), std::max(area.height, 0)};
   raster_.pixels.resize(static_cast<std::size_t>(raster_.size.width) * static_cast<std::size_t>(raster_.size.height) *
                         static_cast<std::size_t>(bytesPerPixel));
-  Fill({0, 0, raster_.size.width, raster_.size.height}, ModelColour(SystemColour::buttonFace));
+  RasterCanvas::Fill({0, 0, raster_.size.width, raster_.size.height}, ModelColour(SystemColour::buttonFace));
 }
 
 void RasterCanvas::Fill(const Rect& rect, Colour colour) {
