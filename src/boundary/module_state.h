@@ -18,9 +18,6 @@ inline constexpr std::uint8_t usb = 1;      // USB scanners are looked for
 inline constexpr std::uint8_t network = 2;  // network scanners are looked for, Device/Default is in use
 }  // namespace driver_type
 
-// The module's settings, a profile beside the module.
-inline constexpr char moduleIniName[] = "QUIRNMFP.ini";
-
 struct ModuleState {
   explicit ModuleState(Platform& outside) : platform(outside) {}
 

@@ -1,5 +1,6 @@
 #include "controls/message_dialog.h"
 
+#include "boundary/option_file.h"
 #include "resources/dialogs.h"
 #include "resources/ids.h"
 #include "resources/pictures.h"
@@ -25,7 +26,8 @@ bool CMessageDlg::StandsOrOpens(WindowHandle parent) {
 
 // A maker's edition has its own icon on the window.
 void CMessageDlg::TakeIcons() {
-  const bool oem = state_.platform.profiles.GetInteger("Option", "OEM", 0, state_.runtimeIniPath.c_str()) != 0;
+  const OptionFile options(state_.platform.profiles, state_.platform.system, state_.runtimeIniPath);
+  const bool oem = options.Read(option_key::oem) != 0;
   dialog_->SetIcon(LoadPicture(oem ? picture::windowIconOem : picture::windowIcon));
   dialog_->Get<PictureControl>(id115::icon).SetStopIcon();
 }

@@ -12,9 +12,6 @@ namespace set32 {
 
 namespace {
 
-// Longest character in bytes: as much more is read, so that a text is cut between characters and not in one.
-constexpr std::size_t longestCharacter = 4;
-
 // Takes a number off the text, a comma before the next one with it.
 std::optional<int> TakeNumber(std::string_view& text) {
   text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
@@ -32,21 +29,6 @@ std::optional<int> TakeNumber(std::string_view& text) {
 }
 
 }  // namespace
-
-std::int32_t OptionFile::Read(const IntegerKey& key) const {
-  return static_cast<std::int32_t>(calls_.GetInteger(key.section, key.name, key.fallback, path_.c_str()));
-}
-
-std::string OptionFile::Read(const TextKey& key) const {
-  std::string text(key.maxBytes + longestCharacter + 1, '\0');
-  text.resize(std::min(calls_.GetString(key.section, key.name, key.fallback, text, path_.c_str()), text.size()));
-  text.resize(CutAtCharacter(system_, text, key.maxBytes).size());
-  return text;
-}
-
-bool OptionFile::Write(const TextKey& key, const std::string& value) const {
-  return calls_.WriteString(key.section, key.name, value.c_str(), path_.c_str());
-}
 
 std::optional<Point> HardwareOptions::DialogPlace() const {
   const std::string text = file_.Read(hardware_key::dialogPlace);

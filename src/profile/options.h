@@ -11,30 +11,11 @@
 #include <string_view>
 #include <utility>
 
-#include "boundary/option_keys.h"
+#include "boundary/option_file.h"
 #include "platform/geometry.h"
-#include "platform/profile_calls.h"
-#include "platform/system.h"
 #include "profile/profile_file.h"
 
 namespace set32 {
-
-// One file of options.
-class OptionFile {
- public:
-  OptionFile(ProfileCalls& calls, System& system, std::string path)
-      : calls_(calls), system_(system), path_(std::move(path)) {}
-
-  std::int32_t Read(const IntegerKey& key) const;
-  std::string Read(const TextKey& key) const;
-  // False when it couldn't be stored; the file is then as it was.
-  bool Write(const TextKey& key, const std::string& value) const;
-
- private:
-  ProfileCalls& calls_;
-  System& system_;
-  std::string path_;
-};
 
 // The module settings, beside the module.
 class ModuleSettings {
@@ -87,9 +68,6 @@ class RuntimeOptions {
   bool HasCrop() const { return file_.Read(option_key::hasCrop) != 0; }
   // Whether auto crop stays available with the feeder.
   bool FeederAutoCrop() const { return file_.Read(option_key::feederAutoCrop) != 0; }
-  // The network scanner that was chosen last.
-  std::string DefaultDevice() const { return file_.Read(option_key::defaultDevice); }
-  bool WriteDefaultDevice(const std::string& device) const { return file_.Write(option_key::defaultDevice, device); }
 
  private:
   OptionFile file_;

@@ -1,29 +1,24 @@
 #include "scanner/default_device.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <memory>
 
+#include "boundary/option_file.h"
 #include "scanner/registry_value.h"
 
 namespace set32 {
 
 namespace {
 
-constexpr std::size_t textBytes = 256;  // with the terminator
-
-constexpr char section[] = "Device";
-constexpr char key[] = "Default";
+constexpr std::size_t valueBytes = 255;
 
 constexpr char olderRoot[] = "Software\\Norvane";
 constexpr char olderKey[] = "Software\\Norvane\\K700";
 constexpr char olderValue[] = "IPAddress";
 
-std::string ReadDefaultDevice(ModuleState& state) {
-  std::array<char, textBytes> value{};
-  state.platform.profiles.GetString(section, key, "NoDefault", value, state.runtimeIniPath.c_str());
-  return {value.begin(), std::find(value.begin(), value.end() - 1, '\0')};
+OptionFile RuntimeOptionsOf(ModuleState& state) {
+  return {state.platform.profiles, state.platform.system, state.runtimeIniPath};
 }
 
 }  // namespace
@@ -33,16 +28,16 @@ bool LooksLikeAddress(std::string_view text) {
 }
 
 void StoreDefaultDevice(ModuleState& state, const std::string& text) {
-  state.platform.profiles.WriteString(section, key, text.c_str(), state.runtimeIniPath.c_str());
+  RuntimeOptionsOf(state).Write(option_key::defaultDevice, text);
 }
 
 std::string TakeDefaultDevice(ModuleState& state) {
   const std::unique_ptr<RegistryKey> user = state.platform.registry.CurrentUser();
   std::uint32_t result = registry_result::success;
   std::unique_ptr<RegistryKey> older = user->Open(olderKey, RegistryAccess::read, result);
-  if (!older) return ReadDefaultDevice(state);
+  if (!older) return RuntimeOptionsOf(state).Read(option_key::defaultDevice);
   std::string value;
-  older->ReadString(olderValue, textBytes - 1, value);
+  older->ReadString(olderValue, valueBytes, value);
   value.resize(std::min(value.size(), value.find('\0')));
   if (LooksLikeAddress(value)) StoreDefaultDevice(state, value);
   older.reset();

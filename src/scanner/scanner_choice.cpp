@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "boundary/option_keys.h"
 #include "resources/ids.h"
 #include "resources/strings.h"
 #include "scanner/add_scanner_dialog.h"
@@ -86,7 +87,8 @@ void CScannerChoice::RefreshScanners() {
 void CScannerChoice::SearchUsb() {
   Platform& platform = state_.platform;
   const CSearchingDlg searching(platform.windows, page_->Handle(), LoadString(platform.system, text::searchingLocal));
-  EnumerateUsbScanners(platform.usb, platform.profiles, state_.moduleDir + moduleIniName, list_, firstUsbNumber_);
+  EnumerateUsbScanners(platform.usb, platform.profiles, state_.moduleDir + module_file::settings, list_,
+                       firstUsbNumber_);
 }
 
 void CScannerChoice::SearchNetwork() {

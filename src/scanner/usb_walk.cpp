@@ -6,15 +6,14 @@
 #include <optional>
 #include <string_view>
 
+#include "boundary/option_keys.h"
+
 namespace set32 {
 
 namespace {
 
-constexpr int allowedIds = 10;
 constexpr std::size_t idLength = 17;
 constexpr std::size_t idValueBytes = 100;
-constexpr char builtInId[] = "VID_0C5A&PID_0E72";
-static_assert(sizeof builtInId == idLength + 1);
 
 using UsbId = std::array<char, idLength + 1>;
 
@@ -41,10 +40,9 @@ bool QueryUsbDeviceId(UsbDevice& device, ProfileCalls& profiles, const std::stri
   if (!answer) return false;
   identity = *answer;
   const UsbId id = FormatId(identity);
-  for (int i = 0; i < allowedIds; ++i) {
-    const std::string key = "DeviceID" + std::to_string(i);
+  for (const TextKey& key : module_key::deviceIds) {
     std::array<char, idValueBytes> value{};
-    const std::size_t length = profiles.GetString("DeviceID", key.c_str(), builtInId, value, moduleIniPath.c_str());
+    const std::size_t length = profiles.GetString(key.section, key.name, key.fallback, value, moduleIniPath.c_str());
     if (SameText({value.data(), std::min(length, value.size())}, id.data())) return true;
   }
   return false;

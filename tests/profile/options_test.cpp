@@ -51,7 +51,7 @@ TEST_F(Options, HaveTheirDefaultsWithoutAFile) {
   EXPECT_EQ(options.PaperSource(), 0U);
   EXPECT_TRUE(options.HasCrop());
   EXPECT_FALSE(options.FeederAutoCrop());
-  EXPECT_EQ(options.DefaultDevice(), "NoDefault");
+  EXPECT_EQ(OptionFile(engine_, system_, folder_.Path("none")).Read(option_key::defaultDevice), "NoDefault");
 }
 
 TEST_F(Options, ChooseTheFaceAndTheName) {
@@ -78,7 +78,7 @@ TEST_F(Options, CutTextsBetweenCharacters) {
             std::string(48, 'n'));
   EXPECT_EQ(From<ModuleSettings>("[INIFiles]\nQUIRNMFP_PROFILE=" + std::string(46, 'n') + "\u7DE8x\n").ProfileName(),
             std::string(46, 'n') + "\u7DE8");
-  EXPECT_EQ(From<RuntimeOptions>("[Device]\nDefault=" + std::string(300, 'd') + "\n").DefaultDevice(),
+  EXPECT_EQ(From<OptionFile>("[Device]\nDefault=" + std::string(300, 'd') + "\n").Read(option_key::defaultDevice),
             std::string(255, 'd'));
 }
 
@@ -108,10 +108,10 @@ TEST_F(Options, KeepTheDialogsPlace) {
 }
 
 TEST_F(Options, WriteTheDefaultDeviceInPlace) {
-  const auto options = From<RuntimeOptions>("[Device]\r\nDefault=old\r\nx=1\r\n");
-  EXPECT_TRUE(options.WriteDefaultDevice("10.0.0.1 Scanner"));
+  const auto options = From<OptionFile>("[Device]\r\nDefault=old\r\nx=1\r\n");
+  EXPECT_TRUE(options.Write(option_key::defaultDevice, "10.0.0.1 Scanner"));
   EXPECT_EQ(folder_.Read("o.ini"), "[Device]\r\nDefault=10.0.0.1 Scanner\r\nx=1\r\n");
-  EXPECT_EQ(options.DefaultDevice(), "10.0.0.1 Scanner");
+  EXPECT_EQ(options.Read(option_key::defaultDevice), "10.0.0.1 Scanner");
 }
 
 TEST_F(Options, GiveEachModeItsAdjustments) {
