@@ -39,8 +39,10 @@
 //                                                                   editUpdate, editChanged; then scrolled 4 and 8
 //   window  a top-level window destroyed while an edit in it        focusLost on that edit first (a child window
 //           has the focus                                           raises nothing)
-//   dialog  P a modal one opens over a focused edit; it ends        focusLost on the edit; the focus returns without
-//                                                                   an event
+//   dialog  P a modal one, or another pop-up, opens over a          focusLost on the edit, focusGained in the dialog;
+//           focused edit; it ends or is hidden                      focusLost there, and the focus returns without an
+//                                                                   event
+//   edit    focus moves on while the old one hears focusLost        focusLost also on the one where it was to go
 //
 // A report that a row lost its state is not a pick.
 #pragma once
