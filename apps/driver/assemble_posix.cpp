@@ -13,10 +13,34 @@ namespace set32 {
 
 namespace {
 
+// Files of a walk that nobody needs after a power failure.
+class QuickFiles : public ForwardingFiles {
+ public:
+  using ForwardingFiles::ForwardingFiles;
+  std::unique_ptr<File> OpenToWrite(std::string_view path) override {
+    auto file = ForwardingFiles::OpenToWrite(path);
+    return file == nullptr ? nullptr : std::make_unique<QuickFile>(std::move(file));
+  }
+
+ private:
+  class QuickFile : public File {
+   public:
+    explicit QuickFile(std::unique_ptr<File> file) : file_(std::move(file)) {}
+    std::size_t Read(std::span<std::uint8_t> into) override { return file_->Read(into); }
+    std::size_t Write(std::span<const std::uint8_t> bytes) override { return file_->Write(bytes); }
+    bool Flush() override { return true; }
+    std::uint64_t Size() override { return file_->Size(); }
+
+   private:
+    std::unique_ptr<File> file_;
+  };
+};
+
 class PosixAssembly : public Assembly {
  public:
   explicit PosixAssembly(const AssemblyOptions& options)
       : system_(clock_, options.language),
+        profiles_(options.quickFiles ? static_cast<Files&>(quickFiles_) : files_),
         paths_(options.folder),
         registry_(options.folder + "/registry"),
         platform_{desk_.windows,
@@ -45,7 +69,8 @@ class PosixAssembly : public Assembly {
   SimulatedClock clock_;
   HeadlessSystem system_;
   PosixFiles files_;
-  ProfileEngine profiles_{files_};
+  QuickFiles quickFiles_{files_};
+  ProfileEngine profiles_;
   FolderPaths paths_;
   SimulatedNetwork network_{clock_};
   SimulatedUsb usb_;

@@ -21,6 +21,7 @@ struct AssemblyOptions {
   std::string folder;  // holds module/, temp/ and registry/, which exist
   std::uint16_t language = 0x0404;
   bool realNetwork = false;  // sockets and USB devices of the system
+  bool quickFiles = false;   // bytes needn't be on the medium when a write returns
 };
 
 class Assembly {

@@ -47,6 +47,9 @@ class Interpreter : private SessionListener {
   // Runs to the end of the lines or to the first failure. Result: the exit status, 0 or 1.
   int Run(const LineReader& lines);
 
+  // Goes on after a failure. Result: whether there was one.
+  bool Forgive();
+
   Session& TheSession() { return session_; }
 
  private:

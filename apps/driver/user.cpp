@@ -189,10 +189,8 @@ void User::Erase(Target target, int times) {
 void User::SetCaret(Target target, TextRange range) {
   Edit& edit = Enter<Edit>(target, "an edit");
   const int length = static_cast<int>(CountCharacters(system_, edit.Text()));
-  if (range.start < 0 || range.start > length || range.end < 0 || range.end > length) {
-    throw NotPossible("the text has " + std::to_string(length) + " characters");
-  }
-  input_.SetCaret(edit, range);
+  const auto held = [length](int position) { return position < 0 || position > length ? length : position; };
+  input_.SetCaret(edit, {held(range.start), held(range.end)});
   input_.Pump();
 }
 

@@ -48,7 +48,7 @@ class User {
   void Append(Target target, std::string_view text);
   void Paste(Target target, std::string_view text);
   void Erase(Target target, int times);
-  void SetCaret(Target target, TextRange range);
+  void SetCaret(Target target, TextRange range);  // -1, or a place behind the text, is the text's end
   void PressKey(Key key);
   void FillAddress(Target target, std::string_view text);
 

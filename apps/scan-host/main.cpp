@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <fstream>
 #include <iostream>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,6 +17,7 @@
 
 #include "apps/driver/interpreter.h"
 #include "apps/driver/not_possible.h"
+#include "apps/driver/random_walk.h"
 #include "apps/driver/session_folder.h"
 
 namespace {
@@ -23,6 +25,7 @@ namespace {
 constexpr int exitUsage = 2;
 constexpr char usage[] =
     "scan-host [--dir DIR] [--language LANGID] [--network simulated|real] [--echo] [SCRIPT]\n"
+    "scan-host --random SEED STEPS\n"
     "\n"
     "Opens the scan settings panel as a data source does and plays the person at it. Statements come from SCRIPT, "
     "or\n"
@@ -31,7 +34,8 @@ constexpr char usage[] =
     "  --dir DIR        the module's folder, the temporary folder and the registry lie in it; a fresh one otherwise\n"
     "  --language ID    the system's default language id, 0x0404 unless given\n"
     "  --network KIND   simulated: what the script declares (default); real: this machine's network and devices\n"
-    "  --echo           prints each statement behind \"> \"\n";
+    "  --echo           prints each statement behind \"> \"\n"
+    "  --random         acts at random, checks what must always hold, and writes random-SEED.scn when it doesn't\n";
 
 struct CommandLine {
   std::string folder;
@@ -39,8 +43,18 @@ struct CommandLine {
   bool realNetwork = false;
   bool echo = false;
   bool help = false;
+  std::optional<set32::WalkOptions> walk;
   std::string script;
 };
+
+std::optional<set32::WalkOptions> ParseWalk(std::string_view seed, std::string_view steps) {
+  const auto seedNumber = set32::ParseInteger(seed);
+  const auto stepCount = set32::ParseInteger(steps);
+  if (!seedNumber || *seedNumber < 0 || *seedNumber > std::numeric_limits<std::uint32_t>::max()) return {};
+  if (!stepCount || *stepCount < 1 || *stepCount > std::numeric_limits<int>::max()) return {};
+  return set32::WalkOptions{static_cast<std::uint32_t>(*seedNumber), static_cast<int>(*stepCount),
+                            "random-" + std::to_string(*seedNumber) + ".scn"};
+}
 
 // Nothing when the arguments make no sense.
 std::optional<CommandLine> Parse(const std::vector<std::string_view>& arguments) {
@@ -55,6 +69,11 @@ std::optional<CommandLine> Parse(const std::vector<std::string_view>& arguments)
       line.echo = true;
     } else if (argument == "--help") {
       line.help = true;
+    } else if (argument == "--random") {
+      const auto seed = value();
+      const auto steps = value();
+      line.walk = ParseWalk(seed.value_or(""), steps.value_or(""));
+      if (!line.walk) return {};
     } else if (argument == "--dir") {
       const auto folder = value();
       if (!folder || folder->empty()) return {};
@@ -99,19 +118,22 @@ set32::LineReader ReaderOf(std::istream& stream, bool prompts) {
   };
 }
 
+void Print(const std::string& text) {
+  std::cout << text << '\n';
+}
+
 int RunSession(const CommandLine& line, std::istream& statements, bool interactive) {
   const set32::SessionFolder folder(line.folder);
   set32::InterpreterOptions options;
   options.echo = line.echo;
   options.interactive = interactive;
   options.scriptFolder = line.script.substr(0, line.script.find_last_of("/\\") + 1);
-  const auto print = [](const std::string& text) { std::cout << text << '\n'; };
   const auto complain = [](const std::string& text) {
     std::cout.flush();
     std::cerr << text << '\n';
   };
-  set32::Interpreter interpreter({folder.Path(), line.language, line.realNetwork}, options, {print, complain});
-  if (interactive) print("`open` opens the panel, `show page` draws it, `help` lists the statements.");
+  set32::Interpreter interpreter({folder.Path(), line.language, line.realNetwork}, options, {Print, complain});
+  if (interactive) Print("`open` opens the panel, `show page` draws it, `help` lists the statements.");
   const int status = interpreter.Run(ReaderOf(statements, interactive));
   std::cout.flush();
   return status;
@@ -130,6 +152,7 @@ int main(int count, char** values) {
     return 0;
   }
   try {
+    if (line->walk) return set32::WalkAtRandom(*line->walk, Print);
     if (line->script.empty()) return RunSession(*line, std::cin, IsTerminal());
     std::ifstream script(line->script, std::ios::binary);
     if (!script) {

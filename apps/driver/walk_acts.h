@@ -1,0 +1,38 @@
+// What a person or a host might do next, as statements of a script.
+#pragma once
+
+#include <random>
+#include <string>
+#include <vector>
+
+#include "apps/driver/session.h"
+
+namespace set32 {
+
+// Statements that belong together: an act with the blocks that it may need.
+using Chunk = std::vector<std::string>;
+
+// Looks at what stands and picks an act; the same seed gives the same acts on the same panel.
+class WalkActs {
+ public:
+  explicit WalkActs(std::uint32_t seed) : random_(seed) {}
+
+  Chunk Next(Session& session);
+
+ private:
+  int Below(int limit) { return static_cast<int>(random_() % static_cast<std::uint32_t>(limit)); }
+  template <typename T, std::size_t N>
+  const T& OneOf(const T (&choices)[N]) {
+    return choices[Below(static_cast<int>(N))];
+  }
+
+  Chunk AtControl(const Dialog& page, const Control& control);
+  Chunk InEdit(const std::string& name);
+  Chunk ByHost();
+  std::string Report();
+  std::string NumberText();
+
+  std::mt19937 random_;
+};
+
+}  // namespace set32

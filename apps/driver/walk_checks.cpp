@@ -1,0 +1,144 @@
+#include "apps/driver/walk_checks.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <charconv>
+#include <cmath>
+
+#include "apps/driver/script_text.h"
+#include "profile/config_items.h"
+
+namespace set32 {
+
+namespace {
+
+constexpr double centimetresAnInch = 2.54;
+
+bool IsOneOf(std::uint32_t value, std::initializer_list<std::uint32_t> set) {
+  return std::find(set.begin(), set.end(), value) != set.end();
+}
+
+// The entry that a combo's data names, -1 when it isn't listed.
+int IndexOfData(const Combo& combo, std::uint32_t data) {
+  for (int i = 0; i < combo.Count(); ++i) {
+    if (combo.Data(i) == data) return i;
+  }
+  return -1;
+}
+
+// The number that a text begins with; a person may have left blanks around it.
+std::optional<double> LeadingNumber(std::string_view text) {
+  text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+  double value = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error != std::errc()) return {};
+  return value;
+}
+
+// Lengths as they are shown: hundredths of an inch or of a centimetre, or whole pixels.
+bool ReadsBack(const std::string& text, double inches, std::uint32_t units, std::int32_t dpi) {
+  const auto shown = LeadingNumber(text);
+  if (!shown) return false;
+  constexpr double spare = 1e-6;
+  if (units == unit::inch) return std::abs(*shown - inches) <= 0.01 + spare;
+  if (units == unit::centimetre) return std::abs(*shown - inches * centimetresAnInch) <= 0.01 + spare;
+  return std::abs(*shown - inches * dpi) <= 1 + spare;
+}
+
+}  // namespace
+
+std::optional<std::string> WalkChecks::Check(Session& session, const std::string& act) {
+  if (session.Host().SawForeignRecord()) return "a message carried another record than the host's";
+  if (auto finding = CheckCodes(session.Host().Settings())) return finding;
+  if (auto finding = CheckProfile(session)) return finding;
+  if (session.TheDesk().Find(dialog::general) == nullptr) return {};
+  NoteResolution(session.Host().Settings(), act);
+  if (auto finding = CheckCombos(session)) return finding;
+  if (auto finding = CheckLengths(session)) return finding;
+  return CheckNotified(session, act);
+}
+
+WalkChecks::Finding WalkChecks::CheckCodes(const ScanSettings& settings) const {
+  if (settings.mode > mode::jpegGray || !std::has_single_bit(settings.mode)) return "mode is none of its codes";
+  if (settings.resolutionId > resolution::dpi19200 || settings.resolutionId < resolution::dpi75 ||
+      !std::has_single_bit(settings.resolutionId)) {
+    return "resolutionId is none of its codes";
+  }
+  if (!IsOneOf(settings.sizeId,
+               {size_id::photo3x5, size_id::photo4x6, size_id::photo5x7, size_id::letter, size_id::a4, size_id::b5,
+                size_id::businessCard, size_id::userDefined, size_id::legal, size_id::film, size_id::a5,
+                size_id::statement, size_id::executive, size_id::none})) {
+    return "sizeId is none of its codes";
+  }
+  if (settings.units > unit::pixel) return "units is none of its codes";
+  if (settings.paperSource > paper_source::negative) return "paperSource is none of its codes";
+  return {};
+}
+
+WalkChecks::Finding WalkChecks::CheckCombos(Session& session) const {
+  const ScanSettings& settings = session.Host().Settings();
+  const Dialog& page = session.TheDesk().Require(dialog::general);
+  const auto& resolutions = page.Get<Combo>(id::resolutionCombo);
+  if (resolutions.Selected() != IndexOfData(resolutions, settings.resolutionId)) {
+    return "combo 1210 doesn't show the record's resolution";
+  }
+  const auto& sizes = page.Get<Combo>(id::sizeCombo);
+  if (sizes.Selected() != IndexOfData(sizes, settings.sizeId)) return "combo 1251 doesn't show the record's size";
+  const auto& modes = page.Get<Combo>(id::modeCombo);
+  const int index = std::countr_zero(settings.mode);
+  if (modes.Selected() != (index < modes.Count() ? index : -1)) return "combo 1011 doesn't show the record's mode";
+  return {};
+}
+
+// A mode can bring the resolution down without writing the sizes anew, so lengths in pixels stay behind until the
+// next act that writes them.
+void WalkChecks::NoteResolution(const ScanSettings& settings, const std::string& act) {
+  const bool changed = std::exchange(dpiBefore_, settings.dpi) != settings.dpi;
+  if (changed) pixelsAreOld_ = act.starts_with("pick 1011 ");
+}
+
+// An edit that holds the focus shows what is being typed.
+WalkChecks::Finding WalkChecks::CheckLengths(Session& session) const {
+  const ScanSettings& settings = session.Host().Settings();
+  const Dialog& page = session.TheDesk().Require(dialog::general);
+  const int shownUnits = page.Get<Combo>(id::unitCombo).Selected();
+  if (shownUnits < 0) return "combo 1256 shows nothing";
+  if (shownUnits == static_cast<int>(unit::pixel) && pixelsAreOld_) return {};
+  for (const auto& [edit, inches] :
+       {std::pair{id::widthEdit, settings.width}, std::pair{id::heightEdit, settings.height}}) {
+    const auto& control = page.Get<Edit>(edit);
+    if (control.HasFocus()) continue;
+    if (!ReadsBack(control.Text(), inches, static_cast<std::uint32_t>(shownUnits), settings.dpi)) {
+      return "edit " + std::to_string(edit) + " shows " + Quote(control.Text()) + " for " + Number(inches) +
+             " inches";
+    }
+  }
+  return {};
+}
+
+WalkChecks::Finding WalkChecks::CheckProfile(Session& session) {
+  Platform& platform = session.Outside().ThePlatform();
+  const std::string path = session.TheFiles().PathOf(ModuleFile::profile);
+  if (!platform.files.Exists(path)) return {};
+  std::map<std::string, std::string> factory;
+  for (const ConfigEntry& entry : ReadConfigEntries(platform.profiles, path)) {
+    ScanConfigItem item{};
+    if (DecodeConfigItem(entry.value, item) != sizeof item) return "the stored row " + entry.name + " doesn't parse";
+    if (item.editable == 0) factory[entry.name] = entry.value;
+  }
+  if (factoryRows_.empty()) factoryRows_ = factory;
+  if (factory != factoryRows_) return "a factory row has changed on the disk";
+  return {};
+}
+
+// At rest a new size is told to the host, whatever refreshes were quiet before.
+WalkChecks::Finding WalkChecks::CheckNotified(Session& session, const std::string& act) {
+  const std::uint32_t before = std::exchange(sizeBefore_, session.Host().Settings().sizeId);
+  if (!act.starts_with("pick 1251 ") || before == sizeBefore_) return {};
+  const auto& heard = session.Host().Heard();
+  if (std::find(heard.begin(), heard.end(), "host 0x402 0 settings") != heard.end()) return {};
+  return "the host wasn't told of a new size";
+}
+
+}  // namespace set32

@@ -1,0 +1,32 @@
+// What must hold whenever the panel is at rest.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+
+#include "apps/driver/session.h"
+
+namespace set32 {
+
+class WalkChecks {
+ public:
+  // Nothing while all holds, else what doesn't. `act` is the statement that ran last.
+  std::optional<std::string> Check(Session& session, const std::string& act);
+
+ private:
+  using Finding = std::optional<std::string>;
+  Finding CheckCodes(const ScanSettings& settings) const;
+  Finding CheckCombos(Session& session) const;
+  Finding CheckLengths(Session& session) const;
+  void NoteResolution(const ScanSettings& settings, const std::string& act);
+  Finding CheckProfile(Session& session);
+  Finding CheckNotified(Session& session, const std::string& act);
+
+  std::map<std::string, std::string> factoryRows_;  // as they were when they were first seen
+  std::uint32_t sizeBefore_ = 0;
+  std::int32_t dpiBefore_ = 0;
+  bool pixelsAreOld_ = false;
+};
+
+}  // namespace set32
