@@ -1,5 +1,4 @@
 // The road that every processor can take. The other roads must give its bytes.
-#include <algorithm>
 #include <cstring>
 
 #include "adjust/pixel_road_kinds.h"
@@ -15,8 +14,8 @@ int RoundedProduct(int a, int b) {
   return ((a * b >> 14) + 1) >> 1;
 }
 
-std::uint8_t Held(int level) {
-  return static_cast<std::uint8_t>(std::clamp(level, 0, 255));
+int Held(int level) {
+  return level < 0 ? 0 : level > 255 ? 255 : level;
 }
 
 void Tables(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const BandTables& tables) {
@@ -38,41 +37,53 @@ void Levels(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, cons
 }
 
 void Sharpen(const RowsToSharpen& rows, std::uint8_t* to, std::size_t pixels, std::int16_t gain) {
+  const std::uint8_t* const below = rows.below;
+  const std::uint8_t* const middle = rows.middle;
+  const std::uint8_t* const above = rows.above;
   // The kernel 1 2 1 down the columns, then across, sums to 16.
-  const auto column = [&rows](std::ptrdiff_t i) { return rows.below[i] + 2 * rows.middle[i] + rows.above[i]; };
+  const auto column = [=](std::ptrdiff_t i) { return below[i] + 2 * middle[i] + above[i]; };
   const auto bytes = static_cast<std::ptrdiff_t>(pixels * bytesPerPixel);
   for (std::ptrdiff_t i = 0; i < bytes; ++i) {
     const int mean = column(i - 3) + 2 * column(i) + column(i + 3);
-    to[i] = Held(rows.middle[i] + RoundedProduct(16 * rows.middle[i] - mean, gain));
+    to[i] = static_cast<std::uint8_t>(Held(middle[i] + RoundedProduct(16 * middle[i] - mean, gain)));
   }
 }
 
-void Saturate(std::uint8_t* pixel, int saturation) {
-  const int luma = (19 * pixel[0] + 183 * pixel[1] + 54 * pixel[2] + 128) >> 8;
-  for (std::size_t band = 0; band < bytesPerPixel; ++band) {
-    pixel[band] = Held(pixel[band] + RoundedProduct((pixel[band] - luma) * 32, saturation));
-  }
+struct Pixel {
+  int blue;
+  int green;
+  int red;
+};
+
+int Saturated(int level, int luma, int share) {
+  return Held(level + RoundedProduct((level - luma) * 32, share));
 }
 
-std::uint8_t Turned(int level, int other1, int other2, const std::int16_t* shares) {
+Pixel Saturate(const Pixel& pixel, int share) {
+  const int luma = (19 * pixel.blue + 183 * pixel.green + 54 * pixel.red + 128) >> 8;
+  return {Saturated(pixel.blue, luma, share), Saturated(pixel.green, luma, share), Saturated(pixel.red, luma, share)};
+}
+
+int Turned(int level, int other1, int other2, const std::int16_t* shares) {
   const int parts =
       RoundedProduct((other1 - level) * 64, shares[0]) + RoundedProduct((other2 - level) * 64, shares[1]);
   return Held(level + ((parts + 2) >> 2));
 }
 
-void Turn(std::uint8_t* pixel, const std::int16_t (&shares)[6]) {
-  const int blue = pixel[0];
-  const int green = pixel[1];
-  const int red = pixel[2];
-  pixel[2] = Turned(red, green, blue, shares);
-  pixel[1] = Turned(green, red, blue, shares + 2);
-  pixel[0] = Turned(blue, red, green, shares + 4);
+Pixel Turn(const Pixel& pixel, const std::int16_t (&shares)[6]) {
+  return {Turned(pixel.blue, pixel.red, pixel.green, shares + 4),
+          Turned(pixel.green, pixel.red, pixel.blue, shares + 2), Turned(pixel.red, pixel.green, pixel.blue, shares)};
 }
 
 void Colours(std::uint8_t* row, std::size_t pixels, const ColourRule& rule) {
+  const ColourRule fixed = rule;  // what no store to a pixel can change
   for (std::size_t i = 0; i < pixels; ++i, row += bytesPerPixel) {
-    if (rule.saturates) Saturate(row, rule.saturation);
-    if (rule.turns) Turn(row, rule.turn);
+    Pixel pixel{row[0], row[1], row[2]};
+    if (fixed.saturates) pixel = Saturate(pixel, fixed.saturation);
+    if (fixed.turns) pixel = Turn(pixel, fixed.turn);
+    row[0] = static_cast<std::uint8_t>(pixel.blue);
+    row[1] = static_cast<std::uint8_t>(pixel.green);
+    row[2] = static_cast<std::uint8_t>(pixel.red);
   }
 }
 
