@@ -134,6 +134,26 @@ std::string OwnPath() {
   return self.data();
 }
 
+// A program that was built with this one.
+std::string Beside(std::string_view program) {
+  return OwnPath().substr(0, OwnPath().rfind('/') + 1) + std::string(program);
+}
+
+struct Ran {
+  int status = -1;
+  std::string output;  // both streams
+};
+
+Ran RunProgram(const std::string& command) {
+  Ran result;
+  std::FILE* run = popen((command + " 2>&1").c_str(), "r");
+  if (run == nullptr) return result;
+  for (int c = std::fgetc(run); c != EOF; c = std::fgetc(run)) result.output += static_cast<char>(c);
+  const int status = pclose(run);
+  if (WIFEXITED(status)) result.status = WEXITSTATUS(status);
+  return result;
+}
+
 // scan-answer in the other network.
 class Answerer {
  public:
@@ -143,8 +163,7 @@ class Answerer {
     process_ = fork();
     if (process_ == 0) {
       dup2(ends[1], STDOUT_FILENO);
-      std::vector<std::string> words = {"nsenter", "-t", std::getenv(otherNetwork), "-n",
-                                        OwnPath().substr(0, OwnPath().rfind('/') + 1) + "scan-answer"};
+      std::vector<std::string> words = {"nsenter", "-t", std::getenv(otherNetwork), "-n", Beside("scan-answer")};
       words.insert(words.end(), options.begin(), options.end());
       std::vector<char*> pointers;
       for (std::string& word : words) pointers.push_back(word.data());
@@ -153,9 +172,9 @@ class Answerer {
       _exit(127);
     }
     close(ends[1]);
-    const FileHandle output(ends[0]);
+    output_ = FileHandle(ends[0]);
     std::array<char, 9> line{};
-    EXPECT_EQ(read(output.Get(), line.data(), line.size()), 9);
+    EXPECT_EQ(read(output_.Get(), line.data(), line.size()), 9);
     EXPECT_EQ(std::string_view(line.data(), 9), "listening");
   }
   ~Answerer() {
@@ -167,6 +186,7 @@ class Answerer {
 
  private:
   pid_t process_ = -1;
+  FileHandle output_;  // open as long as the program writes to it
 };
 
 struct RealNetwork {
@@ -184,17 +204,11 @@ class NetworkNamespaces : private RealNetwork, public ScannerDesk {
   static void RunInside() {
     const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
     const std::string name = std::string(test.test_suite_name()) + '.' + test.name();
-    const std::string command =
-        "unshare -Urnu sh '" SET32_TEST_DATA "/two_networks.sh' '" + OwnPath() + "' " + name + " 2>&1";
-    std::FILE* run = popen(command.c_str(), "r");
-    ASSERT_NE(run, nullptr);
-    std::string output;
-    for (int c = std::fgetc(run); c != EOF; c = std::fgetc(run)) output += static_cast<char>(c);
-    const int status = pclose(run);
-    const int code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    if (code != 0 && output.find("[==========]") == output.npos)
-      GTEST_SKIP() << "no network namespaces here: " << output;
-    EXPECT_EQ(code, 0) << output;
+    const auto [status, output] =
+        RunProgram("unshare -Urnu sh '" SET32_TEST_DATA "/two_networks.sh' '" + OwnPath() + "' " + name);
+    const bool started = output.find("[==========]") != output.npos;
+    if (status != 0 && !started) GTEST_SKIP() << "no network namespaces here: " << output;
+    EXPECT_EQ(status, 0) << output;
     EXPECT_NE(output.find("[  PASSED  ] 1 test."), output.npos) << output;
   }
 
@@ -231,6 +245,14 @@ TEST_F(NetworkNamespaces, ScannerIsFoundChosenRememberedAndOfferedAgain) {
   const Answerer second(shy);
   Refresh();
   EXPECT_THAT(Entries(), ElementsAre("10.77.0.2", "10.77.0.3", addEntry));
+}
+
+TEST_F(NetworkNamespaces, ConsoleHostFindsChoosesAndRemembersTheScanner) {
+  if (!IsInside()) return RunInside();
+  const Answerer scanner({"--address", "10.77.0.2"});
+  const auto [status, output] =
+      RunProgram("'" + Beside("scan-host") + "' --network real '" SET32_TEST_DATA "/real_network.scn'");
+  EXPECT_EQ(status, 0) << output;
 }
 
 TEST_F(NetworkNamespaces, FloodOfAMillionDatagramsMovesNothing) {
