@@ -25,18 +25,19 @@ class ProfileCalls {
   virtual std::size_t GetString(const char* section, const char* key, const char* fallback, std::span<char> out,
                                 const char* file) = 0;
 
-  // The value's leading decimal digits after an optional minus sign (0 without digits); the fallback when file,
-  // section or key is missing. Values past 32 bits wrap.
+  // The value's leading digits after an optional sign, decimal unless 0x, 0o or 0b stands before them (0 without
+  // digits); the fallback when file, section or key is missing or the value is empty. Values past 32 bits wrap.
   virtual std::uint32_t GetInteger(const char* section, const char* key, std::int32_t fallback, const char* file) = 0;
 
-  // All key=value lines of the section, in file order, as a packed string list: each terminated, one more NUL at the
-  // end. Result: bytes stored, the closing NUL not counted; out.size() - 2 when the span was too small. Comment lines
-  // are left out. A missing file or section gives 0 and an empty list.
+  // All lines of the section that aren't empty, in file order, a line without '=' as it stands, as a packed string
+  // list: each terminated, one more NUL at the end. Result: bytes stored, the closing NUL not counted; out.size() - 2
+  // when the span was too small. Comment lines are left out. A missing file or section gives 0 and an empty list.
   virtual std::size_t GetSection(const char* section, std::span<char> out, const char* file) = 0;
 
   // Section, key and value given: an existing key gets the value in place; a new key comes at the end of its section,
   // a new section at the end of the file; a missing file is created. A null key removes the section, a null value the
-  // key. Result: true on success; on false the file is as it was.
+  // key. Result: true on success, also when there was nothing to remove; on false the file is as it was. What
+  // couldn't be read back is refused: line ends anywhere, '=' in a key, ']' in a section.
   virtual bool WriteString(const char* section, const char* key, const char* value, const char* file) = 0;
 
   // The file's whole content in one step, or nothing at all.

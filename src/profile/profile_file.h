@@ -54,7 +54,7 @@ class CProfileFile {
   std::size_t GetSectionText(const char* section, std::span<char> out) const;
 
   // The section's key names as a packed string list. Result: bytes that the names take, the list's closing NUL not
-  // counted.
+  // counted. The last byte of `out` is kept for that NUL; names that don't fit before it are cut, then left out.
   std::size_t GetKeyList(const char* section, std::span<char> out) const;
   // In file order. Null: nothing happens.
   void GetKeyNames(const char* section, std::vector<std::string>* names) const;
