@@ -51,12 +51,18 @@ class Scenario : public testing::Test, protected SessionListener {
     session_.Host().ForgetHeard();
   }
 
+  // Acts at the moment that a line is seen, inside whatever the panel is doing.
+  void OnEveryLine(std::function<void(const std::string&)> act) { onLine_ = std::move(act); }
+
   // Acts inside the next dialog of this template, or inside the next box, which it answers.
   void WhenDialog(int id, std::function<void()> act) { inside_[id].push_back(std::move(act)); }
   void WhenBox(BoxAnswer answer) { answers_.push_back(answer); }
 
  private:
-  void OnLine(const std::string& line) override { lines_.push_back(line); }
+  void OnLine(const std::string& line) override {
+    lines_.push_back(line);
+    if (onLine_) onLine_(line);
+  }
   void OnModalOpened(Dialog& dialog) override {
     if (!Act(dialog)) ADD_FAILURE() << "dialog " << dialog.TemplateId() << " opens and nothing waits for it";
   }
@@ -82,6 +88,7 @@ class Scenario : public testing::Test, protected SessionListener {
 
   SessionFolder folder_;
   std::vector<std::string> lines_;
+  std::function<void(const std::string&)> onLine_;
   std::map<int, std::deque<std::function<void()>>> inside_;
   std::deque<BoxAnswer> answers_;
   Session session_{{folder_.Path()}, *this};

@@ -1,0 +1,151 @@
+// A host may end its window inside any message. Whatever the page was doing, it touches nothing of the host's after
+// that, says nothing more, and loses nothing that a person saved.
+#include <cstring>
+
+#include "apps/driver/not_possible.h"
+#include "tests/support/page_scenario.h"
+
+namespace set32 {
+namespace {
+
+class EarlyEnd : public PageScenario {
+ protected:
+  // Acts, and the host ends at the line of this number. Result: whether it came to that.
+  bool EndAt(int line, const std::function<void()>& act) {
+    int left = line;
+    bool ended = false;
+    std::string linesAfter;
+    ScanSettings gone;
+    std::memset(static_cast<void*>(&gone), 0xEE, sizeof(gone));
+    OnEveryLine([&](const std::string& seen) {
+      if (!seen.starts_with("host ")) return;
+      if (ended && !isEnding_) linesAfter += seen + '\n';
+      if (ended || left-- > 0) return;
+      ended = isEnding_ = true;
+      Host().EndWindows();
+      isEnding_ = false;
+      std::memcpy(static_cast<void*>(&Record()), &gone, sizeof(gone));
+    });
+    try {
+      act();
+    } catch (const NotPossible&) {
+      // The person finds no page any more.
+    }
+    OnEveryLine({});
+    if (ended) {
+      EXPECT_EQ(std::memcmp(&Record(), &gone, sizeof(gone)), 0) << "the host's record was touched";
+      EXPECT_EQ(linesAfter, "");
+      EXPECT_TRUE(TheSession().TheDesk().Standing().empty());
+    }
+    return ended;
+  }
+
+ private:
+  bool isEnding_ = false;
+};
+
+struct EndCase {
+  const char* name;
+  std::function<void(User&)> act;
+  bool isStart = false;
+  bool needsRow = false;
+};
+
+TEST_F(EarlyEnd, InEveryMessageOfEveryAct) {
+  const std::vector<EndCase> cases = {
+      {"start", {}, true, true},
+      {"resolution", [](User& p) { p.Pick(id::resolutionCombo, "300 dpi"); }},
+      {"dpi", [](User& p) { p.Type(id::resolutionEdit, "250"), p.Leave(); }},
+      {"size", [](User& p) { p.Pick(id::sizeCombo, "使用者定義"); }},
+      {"width", [](User& p) { p.Type(id::widthEdit, "5.5"), p.Leave(); }},
+      {"height", [](User& p) { p.Type(id::heightEdit, "0.1"), p.PressKey(Key::enter); }},
+      {"black and white", [](User& p) { p.Pick(id::modeCombo, "黑白"); }},
+      {"source", [](User& p) { p.Pick(id::sourceCombo, "自動送件器"); }},
+      {"film", [](User& p) { p.Pick(id::sourceCombo, "Transparency Negative"); }},
+      {"auto crop", [](User& p) { p.Click(id::autoCropCheck), p.Click(id::autoCropCheck); }},
+      {"frame", [](User& p) { p.Click(id::removeFrameButton); }},
+      {"row", [](User& p) { p.ClickRow(id::configList, 1); }},
+      {"beside the rows", [](User& p) { p.ClickBesideRows(id::configList); }},
+      {"delete", [](User& p) { p.Click(id::deleteButton); }, false, true},
+      {"search", [](User& p) { p.Click(id::refreshButton); }},
+  };
+  for (const EndCase& one : cases) {
+    SCOPED_TRACE(one.name);
+    int line = 0;
+    for (bool ended = true; ended; ++line) {
+      SCOPED_TRACE(line);
+      ASSERT_LT(line, 60);
+      StartAfresh();
+      Record() = {};
+      OfferSources();
+      Open();
+      if (one.needsRow) {
+        SaveAs("mine");
+      } else {
+        Person().ArrowTo(id::configList, 4);
+      }
+      if (one.isStart) {
+        Host().Close();
+        TheSession().Restart();
+      }
+      const Profile before = Stored();
+      ended = EndAt(line, [&] {
+        if (one.isStart) {
+          const bool stands = TheSession().Open();
+          EXPECT_EQ(stands, Host().Page() != 0);
+        } else {
+          one.act(Person());
+        }
+      });
+      if (one.isStart) {
+        EXPECT_EQ(Changed(before), "");
+      }
+      EXPECT_FALSE(ended && TheSession().Open());  // there is no panel left to open
+    }
+    EXPECT_GT(line, 1);
+  }
+}
+
+// Boxes and dialog 104 run a loop of their own; the page may be gone when they return.
+TEST_F(EarlyEnd, UnderADialogAndABox) {
+  Open();
+  SaveAs("mine");
+  const Profile before = Stored();
+  Record().jpegQuality = 2;
+  WhenDialog(dialog::saveConfig, [this] {
+    Person().Type({dialog::saveConfig, id104::nameEdit}, "other");
+    Host().EndWindows();
+  });
+  Person().Click(id::saveButton);
+  EXPECT_EQ(Changed(before), "Active | Tmp");
+
+  for (const int button : {id::deleteButton, id::saveButton}) {
+    StartAfresh();
+    Record() = {};
+    Open();
+    SaveAs("mine");
+    OnEveryLine([&](const std::string& line) {
+      if (line.starts_with("box ")) Host().EndWindows();
+    });
+    if (button == id::saveButton) {
+      WhenDialog(dialog::saveConfig, [this] { Person().Click({dialog::saveConfig, id::ok}); });  // replaces "mine"
+    }
+    const Profile stored = Stored();
+    Person().Click(button);
+    OnEveryLine({});
+    EXPECT_EQ(Changed(stored), "Active | Tmp");
+    EXPECT_TRUE(TheSession().TheDesk().Standing().empty());
+  }
+}
+
+TEST_F(EarlyEnd, OfAWindowTakesWhatWasTyped) {
+  Open();
+  Person().Type(id::widthEdit, "4.25");
+  Forget();
+  Host().Close();
+  EXPECT_EQ(Told(), "409/1 402 402");
+  EXPECT_EQ(Value("width"), "4.25");
+}
+
+}  // namespace
+}  // namespace set32
