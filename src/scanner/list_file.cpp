@@ -68,7 +68,9 @@ bool ReadListFile(Files& files, std::string_view path, CScannerList& list,
   if (!file || file->Read(header) < header.size()) return false;
   if (!std::equal(std::begin(magic), std::end(magic), header.begin())) return false;
 
-  list.selectedIndex = static_cast<std::uint16_t>(static_cast<std::int8_t>(header[3]));
+  // A signed byte widened: from 0x80 on it is past every list.
+  const unsigned selected = header[3];
+  list.selectedIndex = static_cast<std::uint16_t>(selected < 0x80 ? selected : 0xFF00 | selected);
   list.Added().Clear();
   RecordReader reader(*file);
   for (ScannerRecord record; reader.Next(record);) {

@@ -1,8 +1,8 @@
 #include "platform/headless/folder_registry.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <filesystem>
+#include <fstream>
 #include <optional>
 #include <system_error>
 #include <vector>
@@ -14,11 +14,6 @@ namespace {
 namespace fs = std::filesystem;
 
 enum class EntryKind { key, value };
-
-struct CloseFile {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using OpenFile = std::unique_ptr<std::FILE, CloseFile>;
 
 char Lower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
@@ -89,10 +84,11 @@ class FolderKey : public RegistryKey {
     value.clear();
     const std::optional<fs::path> path = Entry(folder_, name, EntryKind::value);
     if (!path) return registry_result::fileNotFound;
-    const OpenFile file(std::fopen(path->string().c_str(), "rb"));
+    std::ifstream file(*path, std::ios::binary);
     if (!file) return registry_result::accessDenied;
     value.resize(maxBytes);
-    value.resize(std::fread(value.data(), 1, value.size(), file.get()));
+    file.read(value.data(), static_cast<std::streamsize>(value.size()));
+    value.resize(static_cast<std::size_t>(file.gcount()));
     return registry_result::success;
   }
 
@@ -144,10 +140,10 @@ bool FolderRegistry::SetString(std::string_view path, std::string_view name, std
   }
   if (!IsPlainName(name)) return false;
   const fs::path target = Entry(folder, name, EntryKind::value).value_or(folder / name);
-  OpenFile file(std::fopen(target.string().c_str(), "wb"));
-  if (!file) return false;
-  const bool whole = std::fwrite(value.data(), 1, value.size(), file.get()) == value.size();
-  return std::fclose(file.release()) == 0 && whole;
+  std::ofstream file(target, std::ios::binary);
+  file.write(value.data(), static_cast<std::streamsize>(value.size()));
+  file.close();
+  return !file.fail();
 }
 
 }  // namespace set32
