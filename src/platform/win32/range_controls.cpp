@@ -1,0 +1,92 @@
+#include "platform/win32/range_controls.h"
+
+#include "platform/win32/win32_dialog.h"
+
+namespace set32::win32 {
+
+namespace {
+
+bool CarriesPosition(WORD code) {
+  return code == scroll_code::thumbPosition || code == scroll_code::thumbTrack;
+}
+
+}  // namespace
+
+void RealSlider::SetRange(int low, int high) {
+  Ask(TBM_SETRANGEMIN, FALSE, low);
+  Ask(TBM_SETRANGEMAX, TRUE, high);
+}
+
+// The message carries 16 bits alone; the slider's own position is whole.
+void RealSlider::OnScroll(WORD code, int) {
+  Raise(Event{.kind = EventKind::scrolled, .code = code, .position = CarriesPosition(code) ? Position() : 0});
+}
+
+LRESULT RealSlider::OnNotify(const NMHDR& header) {
+  if (header.code == static_cast<UINT>(NM_RELEASEDCAPTURE)) Raise(EventKind::released);
+  return 0;
+}
+
+SCROLLINFO RealScrollBar::Info(UINT what) const {
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = what;
+  if (Exists()) GetScrollInfo(Window(), SB_CTL, &info);
+  return info;
+}
+
+void RealScrollBar::Put(SCROLLINFO info) const {
+  info.cbSize = sizeof info;
+  if (Exists()) SetScrollInfo(Window(), SB_CTL, &info, TRUE);
+}
+
+void RealScrollBar::SetRange(int low, int high) {
+  SCROLLINFO info{};
+  info.fMask = SIF_RANGE;
+  info.nMin = low;
+  info.nMax = high;
+  Put(info);
+}
+
+void RealScrollBar::SetPosition(int position) {
+  SCROLLINFO info{};
+  info.fMask = SIF_POS;
+  info.nPos = position;
+  Put(info);
+}
+
+void RealScrollBar::OnScroll(WORD code, int position) {
+  Raise(Event{.kind = EventKind::scrolled, .code = code, .position = CarriesPosition(code) ? position : 0});
+}
+
+RealSpin::Range RealSpin::Limits() const {
+  Range range;
+  if (Exists())
+    SendMessageW(Window(), UDM_GETRANGE32, reinterpret_cast<WPARAM>(&range.low),
+                 reinterpret_cast<LPARAM>(&range.high));
+  return range;
+}
+
+void RealSpin::SetBuddy(int editId) {
+  if (!Exists()) return;
+  const HWND edit = editId == 0 ? nullptr : GetDlgItem(GetParent(Window()), editId);
+  buddy_ = edit == nullptr ? 0 : editId;
+  Ask(UDM_SETBUDDY, reinterpret_cast<WPARAM>(edit));
+  // The arrows lie over the edit's end.
+  SetWindowPos(Window(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+LRESULT RealSpin::OnNotify(const NMHDR& header) {
+  if (header.code != UDN_DELTAPOS) return 0;
+  const auto& change = reinterpret_cast<const NMUPDOWN&>(header);
+  bool refuse = false;
+  Raise(Event{
+      .kind = EventKind::spinDelta, .position = change.iPos, .delta = change.iDelta, .refuse = &refuse});
+  return refuse ? TRUE : FALSE;
+}
+
+void RealSpin::OnScroll(WORD code, int position) {
+  Raise(Event{.kind = EventKind::scrolled, .code = code, .position = CarriesPosition(code) ? position : 0});
+}
+
+}  // namespace set32::win32

@@ -1,0 +1,95 @@
+// Labels, groups, buttons, marks, pictures, frames and address fields on real windows.
+#pragma once
+
+#include <memory>
+
+#include "platform/win32/picture_bitmap.h"
+#include "platform/win32/real_control.h"
+
+namespace set32::win32 {
+
+using RealGroup = Real<GroupBox>;
+
+class RealLabel : public Real<Label> {
+ public:
+  using Real::Real;
+  void SetColour(std::optional<Colour> colour) override;
+  std::optional<Colour> OwnColour() const override { return Exists() ? colour_ : std::nullopt; }
+
+ private:
+  std::optional<Colour> colour_;
+};
+
+// The buttons 1 and 2 are the dialog's OK and Cancel.
+void ClickedIn(Win32Dialog& dialog, int id);
+
+template <typename Interface>
+class RealClickable : public Real<Interface> {
+ public:
+  using Real<Interface>::Real;
+  void OnCommand(WORD code) override {
+    // The second click of a fast pair counts like the first.
+    if (code == BN_CLICKED || code == BN_DOUBLECLICKED) ClickedIn(this->Owner(), this->Id());
+  }
+};
+
+using RealButton = RealClickable<Button>;
+
+class RealCheck : public RealClickable<CheckButton> {
+ public:
+  using RealClickable::RealClickable;
+  void SetChecked(bool checked) override { Ask(BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED); }
+  bool IsChecked() const override { return Ask(BM_GETCHECK) == BST_CHECKED; }
+};
+
+class RealPictureButton : public RealClickable<PictureButton> {
+ public:
+  using RealClickable::RealClickable;
+  void SetPictures(const ButtonPictures& pictures) override;
+  void OnDrawItem(const DRAWITEMSTRUCT& item) override;
+
+ private:
+  ButtonPictures pictures_;
+};
+
+class RealPicture : public Real<PictureControl> {
+ public:
+  using Real::Real;
+  void SetPicture(const Picture& picture) override;
+  std::string PictureName() const override { return Exists() ? picture_.name : std::string(); }
+  void SetStopIcon() override;
+  void OnDrawItem(const DRAWITEMSTRUCT& item) override;
+
+ private:
+  Picture picture_;
+  bool stopIcon_ = false;
+};
+
+// Keeps what was last drawn, and shows it again whenever its window is uncovered.
+class RealFrame : public Real<Frame> {
+ public:
+  using Real::Real;
+  void Draw(const std::function<void(Canvas&)>& drawing) override;
+  void OnDrawItem(const DRAWITEMSTRUCT& item) override;
+  // Rows top-down, opaque but for dotted pixels; empty before the first drawing.
+  Picture Drawing() const;
+
+ private:
+  void ShowOn(HDC dc) const;
+
+  std::unique_ptr<PixelBitmap> drawn_;
+};
+
+class RealAddress : public Real<Address> {
+ public:
+  using Real::Real;
+  int Fields(std::array<std::uint8_t, 4>& fields) const override;
+  // The fields joined by points, an empty one as nothing; empty when none is filled.
+  std::string Text() const override;
+  void SetText(std::string_view) override {}
+  bool HasFocus() const override;
+  // The windows of the four fields, from left to right.
+  std::array<HWND, 4> FieldWindows() const;
+};
+
+}  // namespace set32::win32
