@@ -16,20 +16,9 @@ RealControl::RealControl(Win32Dialog& dialog, HWND window, int id)
   SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&RealControl::Procedure));
 }
 
+// The window goes before its object, but for one that can't be destroyed: that one goes on without an object.
 RealControl::~RealControl() {
-  if (window_ != nullptr) LetGo();
-}
-
-void RealControl::LetGo() {
-  SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(original_));
-  SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
-  window_ = nullptr;
-}
-
-RealControl* RealControl::Of(HWND window) {
-  const auto procedure = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(window, GWLP_WNDPROC));
-  if (procedure != &RealControl::Procedure) return nullptr;
-  return reinterpret_cast<RealControl*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (window_ != nullptr) SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
 }
 
 LRESULT CALLBACK RealControl::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -37,9 +26,12 @@ LRESULT CALLBACK RealControl::Procedure(HWND window, UINT message, WPARAM wParam
   if (control == nullptr) return DefWindowProcW(window, message, wParam, lParam);
   const WNDPROC original = control->original_;
   if (message == WM_NCDESTROY) {
-    control->LetGo();
+    control->window_ = nullptr;
+    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
   } else if (const std::optional<LRESULT> answer = control->OnMessage(message, wParam, lParam)) {
     return *answer;
+  } else if (!IsWindow(window)) {
+    return 0;
   }
   return CallWindowProcW(original, window, message, wParam, lParam);
 }

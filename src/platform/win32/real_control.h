@@ -51,9 +51,6 @@ class RealControl {
     return {};
   }
 
-  // The control object of a window, null when it has none.
-  static RealControl* Of(HWND window);
-
  protected:
   RealControl(Win32Dialog& dialog, HWND window, int id);
 
@@ -80,7 +77,6 @@ class RealControl {
 
  private:
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-  void LetGo();
 
   Win32Dialog& dialog_;
   HWND window_;

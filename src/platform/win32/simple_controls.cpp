@@ -17,7 +17,7 @@ void RealLabel::SetColour(std::optional<Colour> colour) {
   InvalidateRect(Window(), nullptr, TRUE);
 }
 
-void ClickedIn(Win32Dialog& dialog, int id) {
+void ClickedIn(const Win32Dialog& dialog, int id) {
   switch (id) {
     case IDOK:
       dialog.Accept();

@@ -21,7 +21,7 @@ class RealLabel : public Real<Label> {
 };
 
 // The buttons 1 and 2 are the dialog's OK and Cancel.
-void ClickedIn(Win32Dialog& dialog, int id);
+void ClickedIn(const Win32Dialog& dialog, int id);
 
 template <typename Interface>
 class RealClickable : public Real<Interface> {

@@ -1,0 +1,265 @@
+// How a dialog's window comes, appears, disappears and goes.
+#include <algorithm>
+#include <array>
+#include <cwchar>
+
+#include "platform/win32/control_factory.h"
+#include "platform/win32/dialog_bytes.h"
+#include "platform/win32/module_instance.h"
+#include "platform/win32/rects.h"
+#include "platform/win32/win32_dialog.h"
+#include "platform/win32/win32_windows.h"
+
+namespace set32 {
+
+namespace {
+
+// The property that leads from a window to its object; another copy of this code in the process has another name.
+const wchar_t* ObjectProperty() {
+  static const std::array<wchar_t, 48> name = [] {
+    std::array<wchar_t, 48> text{};
+    std::swprintf(text.data(), text.size(), L"set32.dialog.%p", static_cast<void*>(win32::ModuleInstance()));
+    return text;
+  }();
+  return name.data();
+}
+
+bool IsOfThisThread(HWND window) {
+  return GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId();
+}
+
+}  // namespace
+
+Win32Dialog* Win32Dialog::Of(HWND window) {
+  if (window == nullptr || !IsOfThisThread(window)) return nullptr;
+  return static_cast<Win32Dialog*>(GetPropW(window, ObjectProperty()));
+}
+
+bool Win32Dialog::MakeWindow(const DialogTemplate& source) {
+  const std::vector<std::uint32_t> bytes = win32::DialogBytes(source);
+  const HWND window =
+      CreateDialogIndirectParamW(win32::ModuleInstance(), reinterpret_cast<LPCDLGTEMPLATEW>(bytes.data()), parent_,
+                                 &Win32Dialog::Procedure, 0);
+  if (window == nullptr) return false;
+  window_ = window;
+  client_ = win32::ClientSizeOf(window);
+  SetPropW(window, ObjectProperty(), this);
+  desk_->standing.push_back(this);
+  if (desk_->keyboard == nullptr) desk_->keyboard = std::make_unique<win32::KeyboardHook>();
+  TakeControls(source);
+  // A page lies over the tab bar of the sheet around it.
+  if (child_ && Of(parent_) != nullptr)
+    SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  return true;
+}
+
+void Win32Dialog::TakeControls(const DialogTemplate& source) {
+  for (const ControlTemplate& control : source.controls) {
+    const HWND window = GetDlgItem(window_, control.id);
+    if (window == nullptr) continue;
+    if ((control.flags & control_flag::fill) != 0)
+      MoveWindow(window, 0, 0, client_.width, client_.height, FALSE);
+    controls_.push_back(win32::MakeControl(*this, window, control));
+  }
+}
+
+// Releasing drops the window and all inside it without a word to any handler, since the handlers may be gone already.
+Win32Dialog::~Win32Dialog() {
+  if (IsAlive()) {
+    TellClosed();
+    const HWND window = window_;
+    const win32::QuietFocus quiet(desk_);
+    for (Win32Dialog* other : desk_->standing) {
+      const HWND home = other->child_ ? other->window_ : other->parent_;
+      if (home == window || ::IsChild(window, home)) other->silent_ = true;
+    }
+    silent_ = true;
+    DestroyOwned();
+    DestroyWindow(window);
+    if (::IsWindow(window)) OnWindowGone();
+    if (!child_) ReturnFocus(focusBefore_);
+  }
+  if (desk_->deliveries > 0) desk_->graveyard.push_back(std::move(controls_));
+}
+
+void Win32Dialog::SetVisible(bool visible) {
+  if (!IsAlive()) return;
+  if (child_) {
+    ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
+  } else if (visible) {
+    Show();
+  } else {
+    LeaveScreen();
+  }
+}
+
+// A pop-up appears; a modal one tells so inside its run.
+void Win32Dialog::Show() {
+  if (onScreen_) return;
+  const HWND window = window_;
+  if (!FocusIsInside() && focusBefore_ == nullptr) focusBefore_ = GetFocus();
+  onScreen_ = true;
+  ShowWindow(window, SW_SHOW);
+  if (Of(window) != this || !onScreen_) return;
+  PlaceFocus();
+  if (Of(window) != this || !onScreen_) return;
+  if (modal_) {
+    PostOpened();
+  } else {
+    TellOpened();
+  }
+}
+
+// On the first control that can take it, unless the start-up placed the focus inside already.
+void Win32Dialog::PlaceFocus() {
+  const HWND window = window_;
+  focusPlaced_ = true;
+  if (Focused() != nullptr) return;
+  ::SetFocus(window);
+  if (Of(window) != this) return;
+  for (const std::unique_ptr<Control>& control : controls_) {
+    if (!TakesFocus(control->Kind()) || !control->IsEnabled() || !control->IsVisible()) continue;
+    if (auto* edit = dynamic_cast<Edit*>(control.get())) edit->Select({0, -1});
+    control->SetFocus();
+    return;
+  }
+}
+
+// A pop-up disappears, to be shown again or to die. The focus goes back where it was, without a word.
+void Win32Dialog::LeaveScreen() {
+  if (!IsAlive() || !onScreen_) return;
+  const HWND window = window_;
+  if (Focused() != nullptr) ::SetFocus(window);
+  if (Of(window) != this || !onScreen_) return;
+  const HWND before = std::exchange(focusBefore_, nullptr);
+  focusPlaced_ = false;
+  {
+    const win32::QuietFocus quiet(desk_);
+    ShowWindow(window, SW_HIDE);
+    ReturnFocus(before);
+  }
+  if (Of(window) == this) TellClosed();
+}
+
+void Win32Dialog::ReturnFocus(HWND before) {
+  if (before != nullptr && ::IsWindow(before) && IsOfThisThread(before)) ::SetFocus(before);
+}
+
+void Win32Dialog::TellShown(bool shown) {
+  if (shown_ == shown || (!shown && child_ && destroying_)) return;
+  shown_ = shown;
+  Tell([shown](DialogHandler& handler) { handler.OnShown(shown); });
+}
+
+void Win32Dialog::TellOpened() {
+  if (!IsAlive() || !desk_->opened) return;
+  const win32::Delivery delivery(desk_);
+  desk_->opened(*this);
+}
+
+void Win32Dialog::TellClosed() {
+  if (!onScreen_) return;
+  onScreen_ = false;
+  if (!desk_->closed) return;
+  const win32::Delivery delivery(desk_);
+  desk_->closed(*this, result_);
+}
+
+void Win32Dialog::EndModal(int result) {
+  if (!IsAlive() || !modal_) return;
+  const HWND window = window_;
+  result_ = result;
+  ended_ = true;
+  if (Focused() != nullptr) ::SetFocus(window);
+  PostMessageW(window, WM_NULL, 0, 0);  // so that the loop looks
+}
+
+// Runs the thread's messages until the dialog was ended or its window is gone.
+int Win32Dialog::RunLoop() {
+  MSG message{};
+  while (IsAlive() && !ended_) {
+    const BOOL got = GetMessageW(&message, nullptr, 0, 0);
+    if (got == 0) PostQuitMessage(static_cast<int>(message.wParam));  // for the loop outside
+    if (got <= 0) break;
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+  return result_;
+}
+
+void Win32Dialog::Destroy() {
+  if (!IsAlive() || destroying_) return;
+  const HWND window = window_;
+  const std::shared_ptr<win32::DeskState> desk = desk_;
+  if (!child_) LeaveScreen();
+  Win32Dialog* self = Of(window);
+  if (self == nullptr) return;
+  if (child_) {
+    // Everything hears what is coming while the focus still is where it was.
+    self->OnWindowDestroying();
+    const win32::QuietFocus quiet(desk);
+    DestroyWindow(window);
+  } else {
+    DestroyWindow(window);
+  }
+}
+
+// Pop-ups that were opened over a part of this window are no system's business: the system knows only top-level
+// owners.
+void Win32Dialog::DestroyOwned() const {
+  const HWND window = window_;
+  const std::vector<Win32Dialog*> standing = desk_->standing;
+  std::vector<HWND> owned;
+  for (const Win32Dialog* other : standing) {
+    if (!other->child_ && (other->parent_ == window || ::IsChild(window, other->parent_)))
+      owned.push_back(other->window_);
+  }
+  for (const HWND popUp : owned) {
+    Win32Dialog* other = Of(popUp);
+    if (other == nullptr) continue;
+    if (other->silent_) {
+      DestroyWindow(popUp);
+    } else {
+      other->Destroy();
+    }
+  }
+}
+
+// Parents hear it before their children.
+void Win32Dialog::OnWindowDestroying() {
+  if (destroying_) return;
+  destroying_ = true;
+  const HWND window = window_;
+  const std::shared_ptr<win32::DeskState> desk = desk_;
+  DestroyOwned();
+  if (Of(window) != this) return;
+  if (!child_) {
+    TellShown(false);
+    if (Of(window) == this) TellClosed();
+  }
+  if (Of(window) != this) return;
+  Tell([](DialogHandler& handler) { handler.OnDestroying(); });
+  std::vector<HWND> inside;
+  for (const Win32Dialog* other : desk->standing) {
+    if (other->child_ && ::IsChild(window, other->window_)) inside.push_back(other->window_);
+  }
+  for (const HWND child : inside) {
+    if (Win32Dialog* other = Of(child)) other->OnWindowDestroying();
+  }
+}
+
+void Win32Dialog::OnWindowGone() {
+  RemovePropW(window_, ObjectProperty());
+  window_ = nullptr;
+  tips_.reset();
+  const std::shared_ptr<win32::DeskState> desk = desk_;
+  std::erase(desk->standing, this);
+  if (desk->standing.empty()) desk->keyboard.reset();
+  if (silent_) return;
+  const win32::Delivery delivery(desk);
+  DialogHandler& handler = *handler_;
+  Win32Windows::Detach(handler);
+  handler.OnDestroyed();
+}
+
+}  // namespace set32

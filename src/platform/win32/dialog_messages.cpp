@@ -1,0 +1,189 @@
+// What a dialog's window hears, and how it reaches the handler.
+#include "platform/win32/rects.h"
+#include "platform/win32/simple_controls.h"
+#include "platform/win32/win32_dialog.h"
+
+namespace set32 {
+
+using win32::RealControl;
+
+namespace {
+
+// Below these the window system's dialogs have messages of their own.
+constexpr UINT firstHostMessage = 0x403;
+constexpr UINT lastHostMessage = 0xBFFF;
+
+UINT OpenedMessage() {
+  static const UINT message = RegisterWindowMessageW(L"set32.opened");
+  return message;
+}
+
+bool IsPointerMessage(WORD message) {
+  switch (message) {
+    case WM_MOUSEMOVE:
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONUP:
+    case WM_RBUTTONDOWN:
+    case WM_RBUTTONUP:
+    case WM_MBUTTONDOWN:
+    case WM_MBUTTONUP:
+      return true;
+    default:
+      return false;
+  }
+}
+
+// The full position of a thumb; the message itself has room for 16 bits.
+int ThumbPosition(HWND bar, WPARAM wParam) {
+  const WORD code = LOWORD(wParam);
+  const int told = static_cast<short>(HIWORD(wParam));
+  if (code != SB_THUMBTRACK && code != SB_THUMBPOSITION) return told;
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_TRACKPOS;
+  const bool dragged = GetCapture() == bar && GetScrollInfo(bar, SB_CTL, &info);
+  return dragged ? info.nTrackPos : told;
+}
+
+}  // namespace
+
+INT_PTR CALLBACK Win32Dialog::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  Win32Dialog* dialog = Of(window);
+  return dialog == nullptr ? FALSE : dialog->OnMessage(message, wParam, lParam);
+}
+
+INT_PTR Win32Dialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_COMMAND:
+      return OnCommand(LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam));
+    case WM_NOTIFY: {
+      const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
+      RealControl* control = ControlAround(header.hwndFrom);
+      return control == nullptr ? FALSE : Answer(window_, control->OnNotify(header));
+    }
+    case WM_HSCROLL:
+    case WM_VSCROLL: {
+      const auto bar = reinterpret_cast<HWND>(lParam);
+      RealControl* control = ControlAround(bar);
+      if (control != nullptr) control->OnScroll(LOWORD(wParam), ThumbPosition(bar, wParam));
+      return control != nullptr;
+    }
+    case WM_DRAWITEM: {
+      const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
+      RealControl* control = ControlAround(item.hwndItem);
+      if (control != nullptr) control->OnDrawItem(item);
+      return control != nullptr;
+    }
+    case WM_CTLCOLORSTATIC:
+      return OnColour(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam));
+    case WM_SETCURSOR:
+      return OnCursor(HIWORD(lParam));
+    case WM_PAINT:
+      return OnPaint();
+    case WM_SIZE:
+      OnSize(wParam, {LOWORD(lParam), HIWORD(lParam)});
+      return FALSE;
+    case WM_SHOWWINDOW:
+      TellShown(wParam != FALSE);
+      return FALSE;
+    case WM_ENABLE:
+      Tell([enabled = wParam != FALSE](DialogHandler& handler) { handler.OnEnabled(enabled); });
+      return TRUE;
+    case WM_ACTIVATE:
+      // Where the focus of a pop-up that appears begins is decided when it stands.
+      return child_ || focusPlaced_ ? FALSE : TRUE;
+    case WM_SETFOCUS:
+      return TRUE;  // the focus stays on the window: by default it would go on to a control
+    case WM_CLOSE:
+      Tell([](DialogHandler& handler) { handler.OnClose(); });
+      return TRUE;
+    case WM_DESTROY:
+      OnWindowDestroying();
+      return FALSE;
+    case WM_NCDESTROY:
+      OnWindowGone();
+      return FALSE;
+    default:
+      break;
+  }
+  if (message == OpenedMessage()) {
+    TellOpened();
+    return TRUE;
+  }
+  return message >= firstHostMessage && message <= lastHostMessage ? OnHostMessage(message, wParam, lParam) : FALSE;
+}
+
+INT_PTR Win32Dialog::OnCommand(WORD id, WORD code, HWND window) {
+  if (RealControl* control = window == nullptr ? nullptr : ControlAround(window)) {
+    control->OnCommand(code);
+  } else if (window == nullptr && (id == IDOK || id == IDCANCEL)) {
+    win32::ClickedIn(*this, id);
+  } else {
+    return FALSE;
+  }
+  return TRUE;
+}
+
+INT_PTR Win32Dialog::OnHostMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  const HWND window = window_;
+  MessageResult result = 0;
+  Tell([&](DialogHandler& handler) { result = handler.OnMessage(message, wParam, lParam); });
+  return Answer(window, result);
+}
+
+// The result of a message; of a window that is gone nobody waits for one.
+INT_PTR Win32Dialog::Answer(HWND window, LRESULT result) {
+  if (::IsWindow(window)) SetWindowLongPtrW(window, DWLP_MSGRESULT, result);
+  return TRUE;
+}
+
+INT_PTR Win32Dialog::OnColour(HDC dc, HWND window) const {
+  const auto* label = dynamic_cast<const win32::RealLabel*>(ControlAround(window));
+  if (label == nullptr || !label->OwnColour()) return FALSE;
+  SetTextColor(dc, win32::ToCOLORREF(*label->OwnColour()));
+  SetBkColor(dc, GetSysColor(COLOR_BTNFACE));
+  return reinterpret_cast<INT_PTR>(GetSysColorBrush(COLOR_BTNFACE));
+}
+
+INT_PTR Win32Dialog::OnCursor(WORD mouseMessage) const {
+  POINT at{};
+  if (!IsPointerMessage(mouseMessage) || !GetCursorPos(&at)) return FALSE;
+  ScreenToClient(window_, &at);
+  Tell([at](DialogHandler& handler) { handler.OnPointerMoved({at.x, at.y}); });
+  return FALSE;
+}
+
+INT_PTR Win32Dialog::OnPaint() const {
+  PAINTSTRUCT paint{};
+  BeginPaint(window_, &paint);
+  EndPaint(window_, &paint);
+  Deliver(Event{.kind = EventKind::paint});
+  return TRUE;
+}
+
+void Win32Dialog::OnSize(WPARAM how, Size client) {
+  if (client == client_ || how == SIZE_MINIMIZED) return;
+  client_ = client;
+  const ResizeKind kind = how == SIZE_MAXIMIZED ? ResizeKind::maximised : ResizeKind::restored;
+  Tell([=](DialogHandler& handler) { handler.OnResize(kind, client); });
+}
+
+void Win32Dialog::Deliver(const Event& event) const {
+  const bool tellsFocus = event.kind == EventKind::focusGained || event.kind == EventKind::focusLost;
+  if (tellsFocus && desk_->quietFocus > 0) return;
+  Tell([&](DialogHandler& handler) { handler.OnEvent(event); });
+}
+
+void Win32Dialog::Accept() const {
+  Tell([](DialogHandler& handler) { handler.OnOk(); });
+}
+
+void Win32Dialog::Cancel() const {
+  Tell([](DialogHandler& handler) { handler.OnCancel(); });
+}
+
+void Win32Dialog::PostOpened() const {
+  PostMessageW(window_, OpenedMessage(), 0, 0);
+}
+
+}  // namespace set32
