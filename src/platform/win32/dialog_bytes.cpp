@@ -35,7 +35,7 @@ ClassAndStyle LookOf(const ControlTemplate& control) {
     case ControlKind::defaultButton:
       return {L"Button", BS_DEFPUSHBUTTON | WS_TABSTOP, 0};
     case ControlKind::pictureButton:
-      return {L"Button", BS_OWNERDRAW, 0};
+      return {L"Button", BS_OWNERDRAW | WS_TABSTOP, 0};
     case ControlKind::check:
       return {L"Button", BS_CHECKBOX | WS_TABSTOP, 0};
     case ControlKind::radio:
@@ -48,7 +48,7 @@ ClassAndStyle LookOf(const ControlTemplate& control) {
     case ControlKind::slider:
       return {TRACKBAR_CLASSW, TBS_HORZ | TBS_AUTOTICKS | WS_TABSTOP, 0};
     case ControlKind::scroll:
-      return {L"ScrollBar", SBS_HORZ | WS_TABSTOP, 0};
+      return {L"ScrollBar", SBS_HORZ, 0};
     case ControlKind::spin:
       return {UPDOWN_CLASSW, UDS_SETBUDDYINT | UDS_ARROWKEYS | UDS_NOTHOUSANDS, 0};
     case ControlKind::address:

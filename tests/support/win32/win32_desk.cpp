@@ -1,0 +1,28 @@
+#include "platform/headless/headless_clipboard.h"
+#include "platform/win32/win32_input.h"
+#include "platform/win32/win32_windows.h"
+#include "tests/support/desk.h"
+
+namespace set32 {
+
+namespace {
+
+class Win32DeskUnderTest : public DeskUnderTest {
+ public:
+  Windows& TheWindows() override { return windows_; }
+  Input& Hands() override { return input_; }
+  Clipboard& TheClipboard() override { return clipboard_; }
+
+ private:
+  Win32Windows windows_;
+  HeadlessClipboard clipboard_;
+  Win32Input input_{windows_, clipboard_, Win32Input::HostWindows::shown};
+};
+
+}  // namespace
+
+std::unique_ptr<DeskUnderTest> MakeDesk() {
+  return std::make_unique<Win32DeskUnderTest>();
+}
+
+}  // namespace set32
