@@ -1,0 +1,18 @@
+// Files of the Win32 system. Any thread.
+#pragma once
+
+#include "platform/files.h"
+
+namespace set32 {
+
+class Win32Files : public Files {
+ public:
+  bool Exists(std::string_view path) override;
+  std::unique_ptr<File> OpenToRead(std::string_view path) override;
+  std::unique_ptr<File> OpenToWrite(std::string_view path) override;
+  bool Replace(std::string_view from, std::string_view to) override;
+  bool Remove(std::string_view path) override;
+  std::unique_ptr<FileLock> Lock(std::string_view path, int milliseconds) override;
+};
+
+}  // namespace set32
