@@ -10,6 +10,7 @@
 #include <vector>
 
 #ifdef _WIN32
+#include <fcntl.h>
 #include <io.h>
 #else
 #include <unistd.h>
@@ -142,6 +143,9 @@ int RunSession(const CommandLine& line, std::istream& statements, bool interacti
 }  // namespace
 
 int main(int count, char** values) {
+#ifdef _WIN32
+  _setmode(_fileno(stdout), _O_BINARY);  // line ends as everywhere
+#endif
   const auto line = Parse({values + 1, values + count});
   if (!line) {
     std::cerr << usage;

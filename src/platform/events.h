@@ -18,11 +18,11 @@
 //   check, radio  P mark set                                        nothing
 //   button  U click, also a click message of a program              clicked; a disabled one takes no person's click
 //   list    P rows inserted; scrolled into view                     nothing
-//   list    another row becomes selected and focused                rowChanged: old row loses focus; old row loses
-//                                                                   selection; new row gains both. With the keyboard
-//                                                                   and after a deletion the first two come as one
+//   list    another row becomes selected and focused                rowChanged: old row loses selection; old row loses
+//                                                                   focus; new row gains both
 //   list    P state set that the row already has                    nothing
-//   list    P selected row deleted                                  rowChanged: row loses both
+//   list    P selected row deleted                                  rowChanged: row loses both; the row behind it has
+//                                                                   the focus from then on
 //   list    P all rows deleted                                      nothing
 //   list    U click on a row                                        the changes above, if any, then rowClicked
 //   list    U click beside the rows                                 rowChanged: selected row loses selection, keeps

@@ -40,18 +40,18 @@ TEST(ListContract, RaisesEachChangeOfARowsState) {
           {"another row, by the program",
            first,
            [](Stage& s) { TheList(s).SelectAndFocus(2); },
-           {"30 row 1 both>selected", "30 row 1 selected>none", "30 row 2 none>both"}},
+           {"30 row 1 both>focused", "30 row 1 focused>none", "30 row 2 none>both"}},
           {"same row", first, [](Stage& s) { TheList(s).SelectAndFocus(1); }, nothing},
           {"no such row", first, [](Stage& s) { TheList(s).SelectAndFocus(4); }, nothing},
           {"scrolled into view", first, [](Stage& s) { TheList(s).EnsureVisible(3); }, nothing},
           {"another row, clicked",
            first,
            [](Stage& s) { s.Hands().ClickRow(TheList(s), 0); },
-           {"30 row 1 both>selected", "30 row 1 selected>none", "30 row 0 none>both", "30 row clicked 0"}},
+           {"30 row 1 both>focused", "30 row 1 focused>none", "30 row 0 none>both", "30 row clicked 0"}},
           {"another row, by the keyboard",
            first,
            [](Stage& s) { s.Hands().ArrowTo(TheList(s), 2); },
-           {"30 row 1 both>none", "30 row 2 none>both"}},
+           {"30 row 1 both>focused", "30 row 1 focused>none", "30 row 2 none>both"}},
           {"same row, clicked", first, [](Stage& s) { s.Hands().ClickRow(TheList(s), 1); }, {"30 row clicked 1"}},
           {"beside the rows",
            first,
@@ -61,10 +61,6 @@ TEST(ListContract, RaisesEachChangeOfARowsState) {
            onlyFocused,
            [](Stage& s) { s.Hands().ClickRow(TheList(s), -1); },
            {"30 row clicked -1"}},
-          {"the row that kept the focus",
-           onlyFocused,
-           [](Stage& s) { TheList(s).SelectAndFocus(1); },
-           {"30 row 1 focused>both"}},
           {"another row than the one that kept the focus",
            onlyFocused,
            [](Stage& s) { TheList(s).SelectAndFocus(3); },
@@ -73,6 +69,17 @@ TEST(ListContract, RaisesEachChangeOfARowsState) {
           {"other row deleted", first, [](Stage& s) { TheList(s).Remove(0); }, nothing},
           {"all rows deleted", first, [](Stage& s) { TheList(s).Clear(); }, nothing},
       });
+}
+
+// Some systems report a change before it that is none.
+TEST(ListContract, TheRowThatKeptTheFocusIsSelectedAgain) {
+  Stage stage(page);
+  Fill(stage, 4);
+  TheList(stage).SelectAndFocus(1);
+  stage.Hands().ClickRow(TheList(stage), -1);
+  stage.Heard();
+  TheList(stage).SelectAndFocus(1);
+  EXPECT_EQ(stage.Heard().back(), "30 row 1 focused>both");
 }
 
 TEST(ListContract, TheMarksStayWithTheirRow) {
@@ -86,7 +93,8 @@ TEST(ListContract, TheMarksStayWithTheirRow) {
   EXPECT_EQ(l.RowIcon(1), 2);
   EXPECT_EQ(l.RowData(1), 102U);
   l.Remove(1);
-  for (int row = 0; row < l.Count(); ++row) EXPECT_EQ(l.StateOf(row), RowState{}) << row;
+  EXPECT_EQ(l.StateOf(0), RowState{});
+  EXPECT_EQ(l.StateOf(1), (RowState{false, true}));
   EXPECT_EQ(l.RowText(2), "");
 }
 
@@ -118,12 +126,12 @@ TEST(ListContract, ARefillInsideAReportEndsTheChange) {
   TheList(stage).SelectAndFocus(3);
   stage.Heard();
   stage.handler.on = [&](const std::string& line) {
-    if (line != "30 row 3 selected>none") return;
+    if (line != "30 row 3 focused>none") return;
     TheList(stage).Clear();
     Fill(stage, 1);
   };
   TheList(stage).SelectAndFocus(2);
-  EXPECT_THAT(stage.Heard(), testing::ElementsAre("30 row 3 both>selected", "30 row 3 selected>none"));
+  EXPECT_THAT(stage.Heard(), testing::ElementsAre("30 row 3 both>focused", "30 row 3 focused>none"));
   EXPECT_EQ(TheList(stage).StateOf(0), RowState{});
 }
 

@@ -35,6 +35,8 @@ class ProfileContract : public testing::TestWithParam<ProfilePeer> {
     return out;
   }
 
+  static bool IsEngine() { return GetParam().name == "Engine"s; }
+
   ScratchFolder folder_;
   std::string path_ = folder_.Path("p.ini");
   std::unique_ptr<ProfileCalls> calls_ = GetParam().make();
@@ -58,7 +60,11 @@ TEST_P(ProfileContract, ReadsTheFirstMatchingKeyOfItsSection) {
       {"two", "double", "y "},    {"two", "open", "'z"},      {"One", "new", "none"}, {"One", "stray", "none"},
       {"One", "last", "end"},     {"Three", "key", "none"},   {"One", "Ke", "none"},  {"One", "Keyy", "none"},
   };
-  for (const auto& c : cases) EXPECT_EQ(Get(c.section, c.key), c.value) << c.section << '/' << c.key;
+  for (const auto& c : cases) {
+    // Some systems' own calls find a key behind a comment's mark.
+    if (!IsEngine() && c.key[0] == ';') continue;
+    EXPECT_EQ(Get(c.section, c.key), c.value) << c.section << '/' << c.key;
+  }
 }
 
 TEST_P(ProfileContract, GivesTheFallbackWithoutAFile) {
@@ -92,7 +98,8 @@ TEST_P(ProfileContract, ListsTheLinesOfASection) {
   folder_.Write("p.ini", "[s]\r\n b = 1 \r\n\r\n;c=2\r\na='x'\r\nbare\r\nb=3\r\n[t]\r\nd=4\r\n");
   const std::string all = "b=1\0a='x'\0bare\0b=3\0"s;
   EXPECT_EQ(Section("S"), all);
-  EXPECT_EQ(Section("s", all.size() + 1), all);
+  // Some systems' own calls want room for one byte more.
+  EXPECT_EQ(Section("s", all.size() + (IsEngine() ? 1 : 2)), all);
   EXPECT_EQ(Section("s", all.size()), all.substr(0, all.size() - 2));
   EXPECT_EQ(Section("s", 6), "b=1\0"s);
   EXPECT_EQ(Section("u"), "");

@@ -4,6 +4,8 @@ tools=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 project=$(cd "$tools/../.." && pwd)
 root=${SET32_WINE_ROOT:-$project/build/windows/root}
 export DEBIAN_FRONTEND=noninteractive
+cd "$project"
+source tools/need.sh
 
 say() { echo "windows: $*"; }
 fail() {
@@ -11,14 +13,39 @@ fail() {
   exit 1
 }
 
-# need PROGRAM PACKAGE: installs the package when the program isn't there.
-need() {
-  command -v "$1" > /dev/null && return
-  say "installing $2"
-  [ "$(id -u)" = 0 ] || fail "$1 is missing; install the package $2"
-  apt-get -qq install -y --no-install-recommends "$2" > /dev/null 2>&1 ||
-    { apt-get -qq update && apt-get -qq install -y --no-install-recommends "$2" > /dev/null; } ||
-    fail "the package $2 can't be installed"
+need_cross_tools() {
+  need_build_tools
+  need i686-w64-mingw32-g++-posix g++-mingw-w64-i686-posix
+  need x86_64-w64-mingw32-g++-posix g++-mingw-w64-x86-64-posix
+  need /usr/src/googletest/googlemock/src/gmock-all.cc googletest
+}
+
+# build_for PRESET [TARGET...]: builds, and prints the folder.
+build_for() {
+  local preset=$1 log=$project/build/$1.log
+  shift
+  { cmake --preset "$preset" && cmake --build --preset "$preset" ${1:+--target "$@"}; } > "$log" 2>&1 ||
+    { grep -E 'error|FAILED|undefined' "$log" | head -n 20 >&2; fail "$preset can't be built, see $log"; }
+  echo "$project/build/${preset#mingw-}"
+}
+
+# on_windows PRESET COMMAND...: runs a command where wine runs that preset's programs, with a display and a fresh
+# prefix of its own.
+on_windows() {
+  local preset=$1
+  shift
+  if [ "$preset" = mingw-i686 ]; then
+    # The prefix's files are shared, its registry is not: wine writes that to new files.
+    inside_root bash -c 'set -e; prefix=$(mktemp -d /root/run.XXXXXX); trap "rm -rf $prefix" EXIT
+      cp -al /root/prefix/. "$prefix/"; export WINEPREFIX=$prefix
+      status=0; xvfb-run -a -s "-screen 0 1280x1024x24" "$@" || status=$?; wineserver -k || true; exit $status' run "$@"
+  else
+    local prefix=$project/build/windows/prefix64
+    mkdir -p "$prefix"
+    env WINEPREFIX="$prefix" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" bash -c '
+      [ -e "$WINEPREFIX/system.reg" ] || { wineboot --init; wine regedit /S "$0/fonts.reg"; } > /dev/null 2>&1
+      exec xvfb-run -a -s "-screen 0 1280x1024x24" "$@"' "$tools" "$@"
+  fi
 }
 
 # inside_root COMMAND...: runs a command inside the folder, with the project at its own path. The mounts belong to a

@@ -22,13 +22,15 @@ int ListModel::Add(std::string_view text, int icon, std::uintptr_t data) {
   return Count() - 1;
 }
 
+// The focus of a row that goes passes to the row behind it, without a word.
 void ListModel::Remove(int row) {
   if (!Holds(row)) return;
+  const bool focused = focused_ == row;
   SetState(row, {});
   if (!Holds(row)) return;
   rows_.erase(rows_.begin() + row);
   selected_ = WithoutRow(selected_, row);
-  focused_ = WithoutRow(focused_, row);
+  focused_ = focused && focused_ == -1 ? std::min(row, Count() - 1) : WithoutRow(focused_, row);
   ScrollTo(top_);
 }
 
@@ -89,7 +91,7 @@ void ListModel::Perish() {
 void ListModel::Click(int row) {
   if (!Alive()) return;
   if (Holds(row)) {
-    MoveTo(row, LosesFocus::first);
+    MoveTo(row);
   } else if (Holds(selected_)) {
     SetState(selected_, {false, selected_ == focused_});
   }
@@ -97,17 +99,15 @@ void ListModel::Click(int row) {
 }
 
 void ListModel::ArrowTo(int row) {
-  MoveTo(row, LosesFocus::withSelection);
+  MoveTo(row);
   EnsureVisible(row);
 }
 
-void ListModel::MoveTo(int row, LosesFocus how) {
+// The row that is left tells its lost selection first, then its lost focus.
+void ListModel::MoveTo(int row) {
   if (!Holds(row) || StateOf(row) == RowState{true, true}) return;
-  if (focused_ != row && Holds(focused_)) {
-    const bool both = how == LosesFocus::withSelection;
-    SetState(focused_, {!both && focused_ == selected_, false});
-  }
-  if (selected_ != row && Holds(selected_)) SetState(selected_, {});
+  if (selected_ != row && Holds(selected_)) SetState(selected_, {false, selected_ == focused_});
+  if (focused_ != row && Holds(focused_)) SetState(focused_, {focused_ == selected_, false});
   if (Holds(row)) SetState(row, {true, true});
 }
 

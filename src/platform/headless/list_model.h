@@ -20,7 +20,7 @@ class ListModel : public Modelled<List> {
   int RowIcon(int row) const override;
   std::uintptr_t RowData(int row) const override;
   RowState StateOf(int row) const override;
-  void SelectAndFocus(int row) override { MoveTo(row, LosesFocus::first); }
+  void SelectAndFocus(int row) override { MoveTo(row); }
   void EnsureVisible(int row) override;
   void ScrollBy(int pixels) override;
   int TopRow() const override { return top_; }
@@ -39,12 +39,9 @@ class ListModel : public Modelled<List> {
     int icon = -1;
     std::uintptr_t data = 0;
   };
-  // Whether the row that is left tells its lost focus by itself or together with its lost selection.
-  enum class LosesFocus { first, withSelection };
-
   bool Holds(int row) const { return row >= 0 && row < Count(); }
   const Row* At(int row) const { return Holds(row) ? &rows_[static_cast<std::size_t>(row)] : nullptr; }
-  void MoveTo(int row, LosesFocus how);
+  void MoveTo(int row);
   void SetState(int row, RowState after);
   void ScrollTo(int top);
 

@@ -45,7 +45,15 @@ class BarModel : public Modelled<Interface> {
 };
 
 using SliderModel = BarModel<Slider>;
-using ScrollBarModel = BarModel<ScrollBar>;
+
+// Has an empty range until one is set.
+class ScrollBarModel : public BarModel<ScrollBar> {
+ public:
+  ScrollBarModel(HeadlessDialog& dialog, const ControlTemplate& source, const Rect& place)
+      : BarModel(dialog, source, place) {
+    BarModel::SetRange(0, 0);
+  }
+};
 
 class SpinModel : public Modelled<Spin> {
  public:

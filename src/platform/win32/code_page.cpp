@@ -97,12 +97,24 @@ std::size_t CodePage::CharacterLength(std::string_view text) const {
   return IsDBCSLeadByteEx(number_, static_cast<BYTE>(text[0])) ? 2 : 1;
 }
 
-const CodePage& ModuleText() {
-  static const CodePage page = [] {
+namespace {
+
+CodePage& Chosen() {
+  static CodePage page = [] {
     const CodePage active(GetACP());
     return active.Holds(rareCharacters) ? active : CodePage(CP_UTF8);
   }();
   return page;
+}
+
+}  // namespace
+
+const CodePage& ModuleText() {
+  return Chosen();
+}
+
+void UseUtf8() {
+  Chosen() = CodePage(CP_UTF8);
 }
 
 std::wstring WideFromUtf8(std::string_view text) {

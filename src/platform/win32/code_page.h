@@ -33,6 +33,8 @@ class CodePage {
 
 // The module's, chosen at the first call and the same from then on.
 const CodePage& ModuleText();
+// For programs whose files and scripts are UTF-8 whatever the system says; before any window stands.
+void UseUtf8();
 
 std::wstring WideFromUtf8(std::string_view text);
 std::string Utf8FromWide(std::wstring_view text);

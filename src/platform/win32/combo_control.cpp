@@ -93,16 +93,31 @@ int RealCombo::FindExact(int after, std::string_view text) const {
       after, [text](std::string_view entry) { return entry.size() == text.size() && BeginsWith(entry, text); });
 }
 
+// Not every version of the control scrolls as little as needed, so the list is put where it belongs.
 void RealCombo::SelectIndex(int index) {
+  if (!Exists()) return;
+  int top = TopIndex();
   Ask(CB_SETCURSEL, static_cast<WPARAM>(Holds(index) ? index : -1));
+  if (!Holds(index)) return;
+  top = std::clamp(top, index - VisibleEntries() + 1, index);
+  if (top != TopIndex()) SetTopIndex(top);
 }
 
+// To the list itself: not every version of the control passes this on.
 void RealCombo::SetTopIndex(int index) {
-  if (Count() > 0) Ask(CB_SETTOPINDEX, static_cast<WPARAM>(std::clamp(index, 0, Count() - 1)));
+  if (Count() == 0) return;
+  const int last = std::max(Count() - VisibleEntries(), 0);
+  SendMessageW(ListWindow(), LB_SETTOPINDEX, static_cast<WPARAM>(std::clamp(index, 0, last)), 0);
+}
+
+int RealCombo::VisibleEntries() const {
+  const HWND list = ListWindow();
+  const auto height = static_cast<int>(SendMessageW(list, LB_GETITEMHEIGHT, 0, 0));
+  return height <= 0 ? 1 : std::max(ClientSizeOf(list).height / height, 1);
 }
 
 void RealCombo::SetDroppedWidth(int pixels) {
-  Ask(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(std::max(pixels, 0)));
+  Ask(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(std::max(pixels, Place().Width())));
 }
 
 void RealCombo::SetPainter(ItemPainter* painter) {

@@ -38,6 +38,7 @@ class RealCombo : public Real<Combo> {
   HWND ListWindow() const;
 
  private:
+  int VisibleEntries() const;
   bool Holds(int index) const { return index >= 0 && index < Count(); }
   template <typename Matches>
   int FindRound(int after, Matches matches) const;

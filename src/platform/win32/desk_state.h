@@ -22,8 +22,9 @@ struct DeskState {
   std::function<void(Dialog&, int result)> closed;
   std::function<void(WindowHandle)> repaintAsked;
 
-  // While it isn't 0, no control says that it gained or lost the focus.
-  int quietFocus = 0;
+  // While they aren't 0, no control says that it gained, or lost, the focus.
+  int quietGains = 0;
+  int quietLosses = 0;
 
   // Controls of released dialogs, kept until no event is under way: one of them may be what raised it.
   int deliveries = 0;
@@ -46,15 +47,23 @@ class Delivery {
   std::shared_ptr<DeskState> state_;
 };
 
-class QuietFocus {
+class Quiet {
  public:
-  explicit QuietFocus(std::shared_ptr<DeskState> state) : state_(std::move(state)) { ++state_->quietFocus; }
-  ~QuietFocus() { --state_->quietFocus; }
-  QuietFocus(const QuietFocus&) = delete;
-  QuietFocus& operator=(const QuietFocus&) = delete;
+  enum class What { gains, both };
+  Quiet(std::shared_ptr<DeskState> state, What what) : state_(std::move(state)), losses_(what == What::both ? 1 : 0) {
+    ++state_->quietGains;
+    state_->quietLosses += losses_;
+  }
+  ~Quiet() {
+    --state_->quietGains;
+    state_->quietLosses -= losses_;
+  }
+  Quiet(const Quiet&) = delete;
+  Quiet& operator=(const Quiet&) = delete;
 
  private:
   std::shared_ptr<DeskState> state_;
+  int losses_;
 };
 
 }  // namespace win32

@@ -80,9 +80,9 @@ DWORD StyleOf(DialogStyle style) {
   constexpr DWORD always = DS_SETFONT | DS_3DLOOK | DS_NOFAILCREATE;
   switch (style) {
     case DialogStyle::child:
-      return always | DS_CONTROL | WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS;
+      return always | DS_CONTROL | WS_CHILD | WS_CLIPSIBLINGS;
     case DialogStyle::sheet:
-      return always | DS_CONTROL | WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPSIBLINGS | WS_CLIPCHILDREN;
+      return always | DS_CONTROL | WS_CHILD | WS_TABSTOP | WS_CLIPSIBLINGS | WS_CLIPCHILDREN;
     case DialogStyle::modalPopup:
     case DialogStyle::modelessPopup:
       return always | DS_MODALFRAME | WS_POPUP | WS_CAPTION | WS_SYSMENU;

@@ -68,7 +68,7 @@ Win32Dialog::~Win32Dialog() {
   if (IsAlive()) {
     TellClosed();
     const HWND window = window_;
-    const win32::QuietFocus quiet(desk_);
+    const win32::Quiet quiet(desk_, win32::Quiet::What::both);
     for (Win32Dialog* other : desk_->standing) {
       const HWND home = other->child_ ? other->window_ : other->parent_;
       if (home == window || ::IsChild(window, home)) other->silent_ = true;
@@ -85,7 +85,9 @@ Win32Dialog::~Win32Dialog() {
 void Win32Dialog::SetVisible(bool visible) {
   if (!IsAlive()) return;
   if (child_) {
-    ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
+    const HWND window = window_;
+    ShowWindow(window, visible ? SW_SHOWNA : SW_HIDE);
+    if (!visible && Of(window) == this && FocusIsInside()) ::SetFocus(GetParent(window));
   } else if (visible) {
     Show();
   } else {
@@ -95,7 +97,10 @@ void Win32Dialog::SetVisible(bool visible) {
 
 // A pop-up appears; a modal one tells so inside its run.
 void Win32Dialog::Show() {
-  if (onScreen_) return;
+  if (onScreen_) {
+    TellOpened();  // shown once more
+    return;
+  }
   const HWND window = window_;
   if (!FocusIsInside() && focusBefore_ == nullptr) focusBefore_ = GetFocus();
   onScreen_ = true;
@@ -129,13 +134,12 @@ void Win32Dialog::PlaceFocus() {
 void Win32Dialog::LeaveScreen() {
   if (!IsAlive() || !onScreen_) return;
   const HWND window = window_;
-  if (Focused() != nullptr) ::SetFocus(window);
-  if (Of(window) != this || !onScreen_) return;
   const HWND before = std::exchange(focusBefore_, nullptr);
   focusPlaced_ = false;
   {
-    const win32::QuietFocus quiet(desk_);
+    const win32::Quiet quiet(desk_, win32::Quiet::What::gains);
     ShowWindow(window, SW_HIDE);
+    if (Of(window) == this && FocusIsInside()) ::SetFocus(nullptr);
     ReturnFocus(before);
   }
   if (Of(window) == this) TellClosed();
@@ -170,7 +174,12 @@ void Win32Dialog::EndModal(int result) {
   const HWND window = window_;
   result_ = result;
   ended_ = true;
-  if (Focused() != nullptr) ::SetFocus(window);
+  // It isn't to be seen any more, and hears nothing of that.
+  shown_ = false;
+  const win32::Quiet quiet(desk_, win32::Quiet::What::gains);
+  SetWindowPos(window, nullptr, 0, 0, 0, 0,
+               SWP_HIDEWINDOW | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  if (Of(window) == this && FocusIsInside()) ::SetFocus(window);
   PostMessageW(window, WM_NULL, 0, 0);  // so that the loop looks
 }
 
@@ -197,7 +206,7 @@ void Win32Dialog::Destroy() {
   if (child_) {
     // Everything hears what is coming while the focus still is where it was.
     self->OnWindowDestroying();
-    const win32::QuietFocus quiet(desk);
+    const win32::Quiet quiet(desk, win32::Quiet::What::both);
     DestroyWindow(window);
   } else {
     DestroyWindow(window);

@@ -169,8 +169,8 @@ void Win32Dialog::OnSize(WPARAM how, Size client) {
 }
 
 void Win32Dialog::Deliver(const Event& event) const {
-  const bool tellsFocus = event.kind == EventKind::focusGained || event.kind == EventKind::focusLost;
-  if (tellsFocus && desk_->quietFocus > 0) return;
+  if (event.kind == EventKind::focusGained && desk_->quietGains > 0) return;
+  if (event.kind == EventKind::focusLost && desk_->quietLosses > 0) return;
   Tell([&](DialogHandler& handler) { handler.OnEvent(event); });
 }
 

@@ -51,16 +51,22 @@ void RealEdit::OnCommand(WORD code) {
   }
 }
 
+// Whether the text has no room for one more character. Some systems' edits then report a change that isn't one.
+bool RealEdit::IsFull() const {
+  const TextRange selection = Selection();
+  return selection.start == selection.end && GetWindowTextLengthW(Window()) >= Limit();
+}
+
 std::optional<LRESULT> RealEdit::OnMessage(UINT message, WPARAM wParam, LPARAM) {
-  if (filter_ == nullptr) return {};
   switch (message) {
     case WM_CHAR: {
       const auto unit = static_cast<wchar_t>(wParam);
-      if (!filter_->OnCharacter(ModuleText().Narrow({&unit, 1}))) return 0;
+      if (filter_ != nullptr && !filter_->OnCharacter(ModuleText().Narrow({&unit, 1}))) return 0;
+      if (!Exists() || (unit >= L' ' && IsFull())) return 0;
       break;
     }
     case WM_PASTE:
-      if (!filter_->OnPaste()) return 0;
+      if (filter_ != nullptr && !filter_->OnPaste()) return 0;
       break;
     default:
       break;

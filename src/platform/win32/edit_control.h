@@ -25,6 +25,8 @@ class RealEdit : public Real<Edit> {
   void OnEnterSeen() const;
 
  private:
+  bool IsFull() const;
+
   EditFilter* filter_ = nullptr;
 };
 

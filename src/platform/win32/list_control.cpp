@@ -109,7 +109,7 @@ LRESULT RealList::OnNotify(const NMHDR& header) {
       const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);
       const RowState before = StateFrom(change.uOldState);
       const RowState after = StateFrom(change.uNewState);
-      if ((change.uChanged & LVIF_STATE) != 0 && before != after)
+      if ((change.uChanged & LVIF_STATE) != 0 && before != after && Holds(change.iItem))
         Raise(Event{.kind = EventKind::rowChanged, .row = change.iItem, .before = before, .after = after});
       break;
     }

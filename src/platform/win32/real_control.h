@@ -102,7 +102,9 @@ class Real : public Interface, public RealControl {
   Rect Place() const override { return PlaceInDialog(); }
   void Move(const Rect& place) override { PutAt(place); }
   Size ClientSize() const override { return Inside(); }
-  void SetFocus() override { TakeFocusHere(); }
+  void SetFocus() override {
+    if (TakesFocus(this->Kind())) TakeFocusHere();
+  }
   bool HasFocus() const override { return Window() != nullptr && Covers(GetFocus()); }
   std::string Text() const override;
   void SetText(std::string_view text) override { PutText(text); }

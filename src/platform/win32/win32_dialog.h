@@ -51,6 +51,7 @@ class Win32Dialog : public Dialog {
   void CentreOnScreen() override;
   Tooltip& Tips() override;
   void EndModal(int result) override;
+  bool HasEnded() const override { return ended_; }
   bool IsModal() const override { return modal_; }
   bool IsChild() const override { return child_; }
   void Destroy() override;

@@ -1,4 +1,5 @@
 #include "platform/headless/headless_clipboard.h"
+#include "platform/win32/code_page.h"
 #include "platform/win32/win32_input.h"
 #include "platform/win32/win32_windows.h"
 #include "tests/support/desk.h"
@@ -14,6 +15,11 @@ class Win32DeskUnderTest : public DeskUnderTest {
   Clipboard& TheClipboard() override { return clipboard_; }
 
  private:
+  struct Utf8 {
+    Utf8() { win32::UseUtf8(); }
+  };
+
+  Utf8 utf8_;
   Win32Windows windows_;
   HeadlessClipboard clipboard_;
   Win32Input input_{windows_, clipboard_, Win32Input::HostWindows::shown};

@@ -1,0 +1,78 @@
+// Real windows, files and threads; all that a script declares or watches beside them is the model's.
+#ifdef _WIN32
+#include "apps/driver/assembly.h"
+#include "platform/headless/folder_paths.h"
+#include "platform/headless/headless_clipboard.h"
+#include "platform/profile_engine.h"
+#include "platform/win32/code_page.h"
+#include "platform/win32/win32_files.h"
+#include "platform/win32/win32_input.h"
+#include "platform/win32/win32_sockets.h"
+#include "platform/win32/win32_threads.h"
+#include "platform/win32/win32_usb.h"
+#include "platform/win32/win32_windows.h"
+
+namespace set32 {
+
+namespace {
+
+// Scripts are UTF-8, and so is all that the panel writes under them.
+struct Utf8 {
+  Utf8() { win32::UseUtf8(); }
+};
+
+class Win32Assembly : public Assembly {
+ public:
+  explicit Win32Assembly(const AssemblyOptions& options)
+      : system_(clock_, options.language),
+        paths_(options.folder),
+        registry_(options.folder + "/registry"),
+        platform_{windows_,
+                  boxes_,
+                  files_,
+                  paths_,
+                  profiles_,
+                  system_,
+                  options.realNetwork ? static_cast<Sockets&>(realSockets_) : network_,
+                  options.realNetwork ? static_cast<UsbDevices&>(realUsb_) : usb_,
+                  registry_,
+                  clipboard_,
+                  threads_} {}
+
+  Platform& ThePlatform() override { return platform_; }
+  Input& TheInput() override { return input_; }
+  SimulatedClock& Clock() override { return clock_; }
+  HeadlessSystem& TheSystem() override { return system_; }
+  HeadlessBoxes& TheBoxes() override { return boxes_; }
+  SimulatedNetwork& Network() override { return network_; }
+  SimulatedUsb& Usb() override { return usb_; }
+  FolderRegistry& TheRegistry() override { return registry_; }
+
+ private:
+  Utf8 utf8_;
+  Win32Windows windows_;
+  HeadlessBoxes boxes_;
+  HeadlessClipboard clipboard_;
+  Win32Input input_{windows_, clipboard_, Win32Input::HostWindows::hidden};
+  SimulatedClock clock_;
+  HeadlessSystem system_;
+  Win32Files files_;
+  ProfileEngine profiles_{files_};
+  FolderPaths paths_;
+  SimulatedNetwork network_{clock_};
+  SimulatedUsb usb_;
+  Win32Sockets realSockets_;
+  Win32UsbDevices realUsb_;
+  FolderRegistry registry_;
+  Win32Threads threads_;
+  Platform platform_;
+};
+
+}  // namespace
+
+std::unique_ptr<Assembly> Assemble(const AssemblyOptions& options) {
+  return std::make_unique<Win32Assembly>(options);
+}
+
+}  // namespace set32
+#endif

@@ -1,0 +1,26 @@
+#!/bin/bash
+# Looks at the built libraries: exactly the two exports, nothing imported but the system's own, under 1 MB each.
+set -euo pipefail
+source "$(dirname "$0")/common.sh"
+
+largest=1048576
+system='^(advapi32|comctl32|gdi32|iphlpapi|kernel32|msvcrt|shell32|user32|ws2_32)\.dll$'
+expected='uiFixSetting uiIsSettingOpen'
+
+# check PRESET OBJDUMP
+check() {
+  local dll objdump=$2 exports imports foreign size
+  dll=$(build_for "$1" set32)/bin/set32.dll
+  exports=$("$objdump" -p "$dll" | sed -n '/\[Ordinal\/Name Pointer\]/,/^$/s/^\t\[ *[0-9]*\] *\(+base\[ *[0-9]*\] *[0-9a-f]* \)\{0,1\}//p' | sort | xargs)
+  [ "$exports" = "$expected" ] || fail "$1: exports '$exports'"
+  imports=$("$objdump" -p "$dll" | sed -n 's/^\tDLL Name: //p' | tr 'A-Z' 'a-z' | sort -u)
+  foreign=$(grep -v -E "$system" <<< "$imports" || true)
+  [ -z "$foreign" ] || fail "$1: imports $foreign"
+  size=$(stat -c %s "$dll")
+  [ "$size" -lt "$largest" ] || fail "$1: $size bytes"
+  "$objdump" -h "$dll" | grep -q '\.rsrc' || fail "$1: no version resource"
+  say "$1: set32.dll has its two exports and $size bytes, and imports $(xargs <<< "$imports")"
+}
+
+check mingw-i686 i686-w64-mingw32-objdump
+check mingw-x86_64 x86_64-w64-mingw32-objdump
