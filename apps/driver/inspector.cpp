@@ -105,9 +105,14 @@ Shown Inspector::ShowTitle(std::span<const Word> words) const {
 
 Shown Inspector::ShowPicture(std::span<const Word> words) const {
   const Control& control = desk_.Require(RequireControlName(words[1])).control;
-  const auto* picture = dynamic_cast<const PictureControl*>(&control);
-  if (picture == nullptr) throw NotPossible("control " + words[1].text + " shows no picture");
-  const std::string name = picture->PictureName();
+  std::string name;
+  if (const auto* picture = dynamic_cast<const PictureControl*>(&control)) {
+    name = picture->PictureName();
+  } else if (const auto* button = dynamic_cast<const PictureButton*>(&control)) {
+    name = button->PictureName();
+  } else {
+    throw NotPossible("control " + words[1].text + " shows no picture");
+  }
   return Line("picture " + words[1].text, name.empty() ? "none" : name);
 }
 

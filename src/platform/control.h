@@ -144,6 +144,8 @@ struct ButtonPictures {
 class PictureButton : public Button {
  public:
   using Button::Button;
+  // Name of the first picture, empty for none.
+  virtual std::string PictureName() const { return {}; }
   // Takes the button's size from the first picture, if that isn't empty.
   virtual void SetPictures(const ButtonPictures& pictures) { (void)pictures; }
 };

@@ -47,6 +47,7 @@ class PictureButtonModel : public ButtonModel<PictureButton> {
   using ButtonModel::ButtonModel;
   void SetPictures(const ButtonPictures& pictures) override;
   const ButtonPictures& Pictures() const { return pictures_; }
+  std::string PictureName() const override { return pictures_.up.name; }
 
  private:
   ButtonPictures pictures_;
