@@ -5,15 +5,14 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <string>
 #include <vector>
 
+#include "bench/side_by_side.h"
 #include "platform/posix/posix_files.h"
 #include "platform/profile_engine.h"
 #include "profile/profile_file.h"
@@ -90,19 +89,6 @@ class Profile {
   std::string folder_;
   std::vector<char> block_ = std::vector<char>(65536);
 };
-
-template <typename Work>
-double Seconds(Work work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-double Median(std::vector<double>& times) {
-  const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-  std::nth_element(times.begin(), middle, times.end());
-  return *middle;
-}
 
 // Both in turn, each round as often as `repeats` says.
 template <typename Limit, typename Ours>
