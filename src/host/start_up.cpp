@@ -16,12 +16,15 @@ std::string FolderOf(const std::string& path) {
 
 void StartUp(ModuleState& state) {
   state.moduleDir = FolderOf(state.platform.paths.ModuleFile());
-  const ModuleSettings settings(state.platform.profiles, state.platform.system, state.moduleDir + module_file::settings);
+  const ModuleSettings settings(state.platform.profiles, state.platform.system,
+                                state.moduleDir.empty() ? "" : state.moduleDir + module_file::settings);
   const std::string runtimeIni = settings.RuntimeOptionsName();
   const std::string profile = settings.ProfileName();
   const std::string scannerList = settings.ScannerListName();
   state.driverType = settings.DriverType();
+  // Without a folder of the user's there are no files: a bare name would lie wherever the process happens to stand.
   const std::string folder = state.platform.paths.TemporaryFolder();
+  if (folder.empty()) return;
   state.profilePath = folder + profile;
   state.scannerListPath = folder + scannerList;
   state.runtimeIniPath = folder + runtimeIni;
