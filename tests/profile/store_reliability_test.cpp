@@ -1,0 +1,149 @@
+// Whatever single file operation fails while the panel works, the profile is the old one or the new one, whole; and
+// what a change costs doesn't grow with the list.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+
+#include "profile/config_store.h"
+#include "resources/ids.h"
+#include "tests/support/faulty_files.h"
+#include "tests/support/memory_files.h"
+#include "tests/support/memory_world.h"
+
+namespace set32 {
+namespace {
+
+// The panel on a profile with rows of the person's own.
+struct Panel {
+  explicit Panel(Files& files) : world(files), module(world.platform), host(world) {}
+  bool Open() { return (page = host.Open(module)) != nullptr; }
+  Input& Hands() { return world.desk.input; }
+
+  void SaveAs(const std::string& name) {
+    world.desk.windows.SetOpenedHook([this, name](Dialog& opened) {
+      if (opened.TemplateId() != dialog::saveConfig) return;
+      auto& edit = opened.Get<Edit>(id104::nameEdit);
+      Hands().SelectAll(edit);
+      Hands().TypeText(edit, name);
+      Hands().Click(opened.Get<Button>(id::ok));
+    });
+    Hands().Click(page->Get<Button>(id::saveButton));
+  }
+
+  MemoryWorld world;
+  Module module;
+  MemoryHost host;
+  Dialog* page = nullptr;
+};
+
+std::string ProfileOf(const MemoryFiles& disk) {
+  const auto found = disk.content.find(MemoryWorld::profilePath);
+  return found != disk.content.end() ? found->second : std::string();
+}
+
+struct Operation {
+  const char* name;
+  std::function<void(Panel&)> act;
+  bool opensFirst = true;
+  std::size_t states = 2;  // how many the file may be found in: before, between two writes, after
+};
+
+const std::vector<Operation> operations = {
+    {"fresh profile", [](Panel& p) { p.Open(); }, false},
+    {"save", [](Panel& p) { p.SaveAs("new"); }},
+    {"replace", [](Panel& p) { p.host.record->jpegQuality = 1, p.SaveAs("mine"); }},
+    {"change", [](Panel& p) { p.Hands().PickEntry(p.page->Get<Combo>(id::resolutionCombo), 4); }},
+    {"change on a factory row",
+     [](Panel& p) {
+       p.Hands().ArrowTo(p.page->Get<List>(id::configList), 1);
+       p.Hands().PickEntry(p.page->Get<Combo>(id::resolutionCombo), 4);
+     }},
+    {"delete", [](Panel& p) { p.Hands().Click(p.page->Get<Button>(id::deleteButton)); }},
+    {"close", [](Panel& p) { p.host.record->jpegQuality = 2, p.host.End(); }, true, 4},
+};
+
+TEST(StoreReliability, LeavesTheOldProfileOrTheNewOneWhenAnyFileOperationFails) {
+  MemoryFiles prepared;
+  {
+    Panel panel(prepared);
+    ASSERT_TRUE(panel.Open());
+    panel.SaveAs("mine");
+  }
+  for (const Operation& one : operations) {
+    SCOPED_TRACE(one.name);
+    std::set<std::string> wholes;  // what the file may hold; absent counts as empty
+    std::string before;
+    // First without a failure.
+    for (int operation = -1;; ++operation) {
+      MemoryFiles disk;
+      if (one.opensFirst) disk.content = prepared.content;
+      FaultyFiles files(disk);
+      Panel panel(files);
+      if (one.opensFirst) {
+        ASSERT_TRUE(panel.Open());
+      }
+      before = ProfileOf(disk);
+      if (operation < 0) {
+        wholes.insert(before);
+        one.act(panel);
+        wholes.insert(ProfileOf(disk));
+        EXPECT_EQ(wholes.size(), 2U) << "nothing was written";
+        continue;
+      }
+      files.FailAt(operation);
+      one.act(panel);
+      files.FailAt(-1);
+      const std::string now = ProfileOf(disk);
+      if (one.states == 2) {
+        EXPECT_TRUE(wholes.contains(now)) << "operation " << operation << "\n" << now;
+      } else {
+        // Two writes, each whole: every line is of the old or of the new file.
+        wholes.insert(now);
+        EXPECT_LE(wholes.size(), one.states);
+        EXPECT_EQ(std::count(now.begin(), now.end(), '\n'), std::count(before.begin(), before.end(), '\n'));
+      }
+      EXPECT_EQ(ReadConfigEntries(panel.world.profiles, MemoryWorld::profilePath).empty(), now.empty());
+      if (!files.HasFailed()) break;
+      ASSERT_LT(operation, 2000);
+    }
+  }
+}
+
+// Counts what goes through.
+class CountingFiles : public ForwardingFiles {
+ public:
+  using ForwardingFiles::ForwardingFiles;
+  std::unique_ptr<File> OpenToRead(std::string_view path) override {
+    ++reads;
+    return ForwardingFiles::OpenToRead(path);
+  }
+  bool Replace(std::string_view from, std::string_view to) override {
+    ++writes;
+    return ForwardingFiles::Replace(from, to);
+  }
+  int reads = 0;
+  int writes = 0;
+};
+
+TEST(StoreReliability, AChangeCostsOneWriteAndAsManyReadsWhateverTheNumberOfRows) {
+  MemoryFiles disk;
+  CountingFiles files(disk);
+  Panel panel(files);
+  ASSERT_TRUE(panel.Open());
+  int reads = 0;
+  for (int rows = 7; rows <= CConfigStore::mostRows; ++rows) {
+    panel.SaveAs("row " + std::to_string(rows));
+    auto& resolutions = panel.page->Get<Combo>(id::resolutionCombo);
+    files.reads = files.writes = 0;
+    panel.Hands().PickEntry(resolutions, rows % 2 + 3);
+    EXPECT_EQ(files.writes, 1);
+    if (reads == 0) reads = files.reads;
+    EXPECT_EQ(files.reads, reads) << rows;
+  }
+  EXPECT_LE(reads, 3);
+  EXPECT_EQ(panel.page->Get<List>(id::configList).Count(), CConfigStore::mostRows);
+}
+
+}  // namespace
+}  // namespace set32
