@@ -126,9 +126,9 @@ SET32_ROAD_INLINE void JoinPixels(const Bands& bands, std::uint8_t* to) {
 
 }  // namespace
 
-// Nothing here looks up a level in a table faster than portable code.
+// Nothing here looks a level up faster than the road below it.
 PixelRoad Avx2Road() {
-  PixelRoad road = PortableRoad();
+  PixelRoad road = Ssse3Road();
   road.name = "AVX2";
   road.sharpen = Sharpen;
   road.colours = Colours;
