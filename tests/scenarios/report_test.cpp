@@ -138,11 +138,6 @@ TEST_F(Reports, AnnounceAutoCropAnewWithoutSaving) {
   EXPECT_EQ(Changed(before), customRow);
 }
 
-struct FrameCase {
-  FrameCommand command;
-  int count, current;
-};
-
 TEST_F(Reports, ActOnTheFrames) {
   Open();
   const auto command = [&](std::uint32_t action, std::uint32_t index) {
