@@ -43,7 +43,7 @@ on_windows() {
     local prefix=$project/build/windows/prefix64
     mkdir -p "$prefix"
     env WINEPREFIX="$prefix" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" bash -c '
-      [ -e "$WINEPREFIX/system.reg" ] || { wineboot --init; wine regedit /S "$0/fonts.reg"; } > /dev/null 2>&1
+      [ -e "$WINEPREFIX/system.reg" ] || { wineboot --init; wine regedit /S "$0/prefix.reg"; } > /dev/null 2>&1
       exec xvfb-run -a -s "-screen 0 1280x1024x24" "$@"' "$tools" "$@"
   fi
 }

@@ -36,10 +36,10 @@ debootstrap --arch=i386 --variant=minbase ${certificates:+--certificate="$certif
 rm -rf "$root"/var/cache/apt/archives/*.deb
 
 # The prefix with fonts that hold the panel's texts, made once and copied for each run.
-cp "$tools/fonts.reg" "$root/root/fonts.reg"
+cp "$tools/prefix.reg" "$root/root/prefix.reg"
 inside_root env WINEPREFIX=/root/prefix wineboot --init > "$root.log" 2>&1 ||
   { tail -5 "$root.log" >&2; fail "the prefix could not be made, see $root.log"; }
-inside_root env WINEPREFIX=/root/prefix wine regedit /S /root/fonts.reg >> "$root.log" 2>&1
+inside_root env WINEPREFIX=/root/prefix wine regedit /S /root/prefix.reg >> "$root.log" 2>&1
 inside_root env WINEPREFIX=/root/prefix wineserver -w
 touch "$root/.ready"
 say "made, $(du -sh "$root" | cut -f1)"
