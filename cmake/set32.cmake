@@ -29,6 +29,7 @@ if(WIN32)
     # Lengths are cut to whole numbers: a product kept in a register of 80 bits would be cut to another one.
     add_compile_options(-msse2 -mfpmath=sse)
   endif()
+  add_compile_options(-ffunction-sections -fdata-sections)
   add_compile_definitions(UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601)
 endif()
 

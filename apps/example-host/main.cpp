@@ -1,0 +1,158 @@
+// The smallest whole host: loads set32.dll by name, gives the panel a place in its window, answers its messages, and
+// ends it by ending its own window.
+//
+//   example-host.exe [--once] [PREVIEW.bmp]
+//
+// With --once it says what it heard and ends by itself as soon as the panel stands. docs/host-guide.md goes through
+// this file step by step.
+#include <windows.h>
+
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <string_view>
+#include <vector>
+
+#include "adjust/dib/dib_file.h"
+#include "messages.h"
+#include "ui_fix_setting.h"
+
+namespace {
+
+// What must outlive the panel: its record and its picture.
+struct Host {
+  set32::ScanSettings settings{};
+  set32::CDib preview;
+  HWND window = nullptr;
+  HWND page = nullptr;
+  int heard = 0;
+};
+
+class SilentTrouble : public set32::DibTrouble {
+ public:
+  void Say(const char* text) override { std::fprintf(stderr, "example-host: %s\n", text); }
+};
+
+bool LoadPreview(Host& host, const char* path) {
+  std::ifstream file(path, std::ios::binary);
+  const std::vector<char> bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  SilentTrouble trouble;
+  return set32::LoadBmp(host.preview, {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()}, trouble);
+}
+
+// The panel has written the new values into `settings` before it sends any of these.
+LRESULT OnPanelMessage(Host& host, UINT message, WPARAM wParam) {
+  ++host.heard;
+  std::printf("heard 0x%X\n", message);
+  const bool asks = message == set32::to_host::settingsChanged && wParam == set32::settings_change::askSource;
+  return asks ? 1 : 0;  // 1 lets the paper source change
+}
+
+LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  auto* host = reinterpret_cast<Host*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (host != nullptr && message >= set32::to_host::resolutionChanged && message <= set32::to_host::deviceSelected)
+    return OnPanelMessage(*host, message, wParam);
+  if (message == WM_DESTROY) PostQuitMessage(0);
+  return DefWindowProcW(window, message, wParam, lParam);
+}
+
+HWND MakeWindow(Host& host) {
+  WNDCLASSEXW kind{};
+  kind.cbSize = sizeof kind;
+  kind.lpfnWndProc = Procedure;
+  kind.hInstance = GetModuleHandleW(nullptr);
+  kind.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+  kind.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));  // the arrow
+  kind.lpszClassName = L"example-host";
+  RegisterClassExW(&kind);
+  const HWND window = CreateWindowExW(0, kind.lpszClassName, L"Example host", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
+                                      CW_USEDEFAULT, CW_USEDEFAULT, 340, 500, nullptr, nullptr, kind.hInstance,
+                                      nullptr);
+  SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&host));
+  return window;
+}
+
+void FillRecord(set32::ScanSettings& settings) {
+  settings.mode = set32::mode::colour;
+  settings.resolutionId = set32::resolution::dpi100;
+  settings.dpi = 100;
+  settings.useDefaults = 1;
+  settings.gammaAll = settings.gammaRed = settings.gammaGreen = settings.gammaBlue = 1;
+  settings.sizeId = set32::size_id::a4;
+  settings.width = settings.customWidth = 8.5;
+  settings.height = settings.customHeight = 11;
+  settings.jpegQuality = 9;
+}
+
+bool OpenPanel(Host& host, set32::UiFixSettingFunction fixSetting) {
+  const set32::DeviceLimits limits{7, 0x7FFE, 4800, 75};
+  set32::DeviceCaps caps{};
+  caps.words[set32::DeviceCaps::restrictedMaxDpiWord] = 600;
+  caps.words[set32::DeviceCaps::sourceCapsWord] = set32::source_caps::feeder;
+  const set32::PanelRect place{0, 0, 320, 460};
+  const auto window = reinterpret_cast<set32::WindowHandle>(host.window);
+  constexpr std::uint32_t threshold = 128, outputBits = 36;
+  const set32::WindowHandle page = fixSetting(window, window, &limits, &host.settings, &host.preview, 0, 0, threshold,
+                                              outputBits, &place, &caps);
+  host.page = reinterpret_cast<HWND>(page);
+  return page != 0;
+}
+
+int RunMessages() {
+  MSG message{};
+  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+  return static_cast<int>(message.wParam);
+}
+
+// A function by its name, as the type that its header tells.
+template <typename Function>
+Function Find(HMODULE library, const char* name) {
+  Function function = nullptr;
+  const FARPROC found = GetProcAddress(library, name);
+  static_assert(sizeof function == sizeof found);
+  std::memcpy(&function, &found, sizeof function);
+  return function;
+}
+
+}  // namespace
+
+int main(int count, char** values) {
+  bool once = false;
+  const char* picture = nullptr;
+  for (int i = 1; i < count; ++i) {
+    if (std::string_view(values[i]) == "--once") {
+      once = true;
+    } else {
+      picture = values[i];
+    }
+  }
+
+  const HMODULE library = LoadLibraryW(L"set32.dll");
+  const auto fixSetting =
+      library == nullptr ? nullptr : Find<set32::UiFixSettingFunction>(library, "uiFixSetting");
+  if (fixSetting == nullptr) {
+    std::fprintf(stderr, "example-host: no set32.dll beside this program\n");
+    return 2;
+  }
+
+  int status = 0;
+  {
+    Host host;
+    FillRecord(host.settings);
+    if (picture != nullptr && !LoadPreview(host, picture)) return 2;
+    host.window = MakeWindow(host);
+    if (!OpenPanel(host, fixSetting)) return 1;
+    ShowWindow(host.window, SW_SHOW);
+    if (once) PostMessageW(host.window, WM_CLOSE, 0, 0);
+    // The end of the window ends the panel; until then record and picture stand.
+    status = RunMessages();
+    if (once) std::printf("heard %d messages\n", host.heard);
+    if (once && host.heard == 0) status = 1;
+  }
+  FreeLibrary(library);
+  return status;
+}
