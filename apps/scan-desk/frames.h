@@ -1,0 +1,44 @@
+// The frames that a person lays on the preview: rectangles in pixels of the picture, free of any window.
+#pragma once
+
+#include <vector>
+
+#include "platform/geometry.h"
+
+namespace scan_desk {
+
+class Frames {
+ public:
+  // Frames stay inside this area from now on.
+  void SetArea(set32::Size area);
+  // One frame over the whole area.
+  void Reset();
+
+  int Count() const { return static_cast<int>(frames_.size()); }
+  int Current() const { return current_; }  // -1 for none
+  const set32::Rect& At(int index) const { return frames_[static_cast<std::size_t>(index)]; }
+
+  // The new one becomes current. Result: its index.
+  int Add(const set32::Rect& frame);
+  void Remove(int index);
+  void Select(int index);
+  void Put(int index, const set32::Rect& frame);
+  // The frame under a point, the current one before others; -1 for none.
+  int Under(set32::Point point) const;
+
+  // A rectangle from two corners in any order, cut to the area.
+  set32::Rect Between(set32::Point one, set32::Point other) const;
+  // The frame moved as far as the area lets it.
+  set32::Rect Moved(const set32::Rect& frame, int across, int down) const;
+  // Right and bottom edge moved, at least one pixel left of the frame.
+  set32::Rect Stretched(const set32::Rect& frame, int across, int down) const;
+
+ private:
+  bool Holds(int index) const { return index >= 0 && index < Count(); }
+
+  set32::Size area_;
+  std::vector<set32::Rect> frames_;
+  int current_ = -1;
+};
+
+}  // namespace scan_desk

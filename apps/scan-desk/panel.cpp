@@ -1,0 +1,88 @@
+#include "apps/scan-desk/panel.h"
+
+#include <cstring>
+
+#include "messages.h"
+#include "pointer_word.h"
+
+namespace scan_desk {
+
+namespace {
+
+constexpr set32::DeviceLimits limits{7, 0x7FFE, 4800, 75};
+
+set32::DeviceCaps Capabilities() {
+  set32::DeviceCaps caps{};
+  caps.words[set32::DeviceCaps::restrictedMaxDpiWord] = 600;
+  caps.words[set32::DeviceCaps::sourceCapsWord] = set32::source_caps::feeder | set32::source_caps::transparency;
+  return caps;
+}
+
+}  // namespace
+
+Panel::Panel() : library_(LoadLibraryW(L"set32.dll")) {
+  if (library_ != nullptr) {
+    const FARPROC found = GetProcAddress(library_, "uiFixSetting");
+    static_assert(sizeof fixSetting_ == sizeof found);
+    std::memcpy(&fixSetting_, &found, sizeof fixSetting_);
+  }
+  settings_.mode = set32::mode::colour;
+  settings_.resolutionId = set32::resolution::dpi100;
+  settings_.dpi = 100;
+  settings_.useDefaults = 1;
+  settings_.gammaAll = settings_.gammaRed = settings_.gammaGreen = settings_.gammaBlue = 1;
+  settings_.sizeId = set32::size_id::a4;
+  settings_.width = settings_.customWidth = 8.5;
+  settings_.height = settings_.customHeight = 11;
+  settings_.jpegQuality = 9;
+}
+
+// The windows are gone by now, and the panel with them.
+Panel::~Panel() {
+  if (library_ != nullptr) FreeLibrary(library_);
+}
+
+bool Panel::Open(HWND parent, HWND host, set32::CDib& preview, set32::Size size) {
+  if (!IsLoaded()) return false;
+  constexpr std::uint32_t threshold = 128, outputBits = 48;
+  const set32::DeviceCaps caps = Capabilities();
+  const set32::PanelRect place{0, 0, size.width, size.height};
+  page_ = reinterpret_cast<HWND>(fixSetting_(reinterpret_cast<set32::WindowHandle>(parent),
+                                             reinterpret_cast<set32::WindowHandle>(host), &limits, &settings_, &preview,
+                                             1, 0, threshold, outputBits, &place, &caps));
+  return page_ != nullptr;
+}
+
+void Panel::Report(set32::Point corner, double width, double height, set32::FrameCommand command) {
+  const set32::LowMemory<set32::FrameCommand> travelling;
+  if (page_ == nullptr || travelling.Get() == nullptr) return;
+  *travelling.Get() = command;
+  set32::ScanSettings report = settings_;
+  report.frameLeft = corner.x;
+  report.frameTop = corner.y;
+  report.customWidth = width;
+  report.customHeight = height;
+  report.frameCommand = travelling.Word();
+  SendMessageW(page_, set32::to_panel::frameReport, set32::frame_report::drawn, reinterpret_cast<LPARAM>(&report));
+}
+
+set32::Size Panel::LeastSize() {
+  constexpr int unitsAcross = 190, unitsDown = 285, points = 8;
+  constexpr wchar_t letters[] = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+  constexpr int letterCount = 52;
+  const HDC screen = GetDC(nullptr);
+  const HFONT font = CreateFontW(-MulDiv(points, GetDeviceCaps(screen, LOGPIXELSY), 72), 0, 0, 0, FW_NORMAL, FALSE,
+                                 FALSE, FALSE, DEFAULT_CHARSET, 0, 0, 0, 0, L"MS Sans Serif");
+  const HGDIOBJ before = SelectObject(screen, font);
+  SIZE size{};
+  TEXTMETRICW metrics{};
+  GetTextExtentPoint32W(screen, letters, letterCount, &size);
+  GetTextMetricsW(screen, &metrics);
+  SelectObject(screen, before);
+  DeleteObject(font);
+  ReleaseDC(nullptr, screen);
+  const int across = (size.cx / (letterCount / 2) + 1) / 2;
+  return {MulDiv(unitsAcross, across, 4), MulDiv(unitsDown, metrics.tmHeight, 8)};
+}
+
+}  // namespace scan_desk

@@ -1,0 +1,42 @@
+// The panel as a data source uses it: the library loaded by name, the record that it edits, the place that it gets.
+#pragma once
+
+#include <windows.h>
+
+#include "dib.h"
+#include "host_records.h"
+#include "platform/geometry.h"
+#include "ui_fix_setting.h"
+
+namespace scan_desk {
+
+class Panel {
+ public:
+  Panel();
+  ~Panel();
+  Panel(const Panel&) = delete;
+  Panel& operator=(const Panel&) = delete;
+
+  // Whether the library and its function were found.
+  bool IsLoaded() const { return fixSetting_ != nullptr; }
+
+  // Opens the panel as large as `parent`, or binds a standing one anew and moves it. Result: whether a page stands.
+  bool Open(HWND parent, HWND host, set32::CDib& preview, set32::Size size);
+  HWND Page() const { return page_; }
+
+  set32::ScanSettings& Settings() { return settings_; }
+
+  // Reports a frame with what was done to it. The frame is in inches and in pixels of the preview.
+  void Report(set32::Point corner, double width, double height, set32::FrameCommand command);
+
+  // Pixels that the panel needs at the least, by the size of the font that its dialogs use.
+  static set32::Size LeastSize();
+
+ private:
+  HMODULE library_;
+  set32::UiFixSettingFunction fixSetting_ = nullptr;
+  set32::ScanSettings settings_{};
+  HWND page_ = nullptr;
+};
+
+}  // namespace scan_desk
