@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "apps/driver/script_text.h"
+#include "panel/rules/size_rules.h"
 #include "profile/config_items.h"
 
 namespace set32 {
@@ -36,11 +37,13 @@ std::optional<double> LeadingNumber(std::string_view text) {
   return value;
 }
 
-// Lengths as they are shown: hundredths of an inch or of a centimetre, or whole pixels.
+// Lengths as they are shown: hundredths of an inch or of a centimetre, or whole pixels. What comes to the smallest
+// size in hundredths of an inch is shown as that size in every unit.
 bool ReadsBack(const std::string& text, double inches, std::uint32_t units, std::int32_t dpi) {
   const auto shown = LeadingNumber(text);
   if (!shown) return false;
   constexpr double spare = 1e-6;
+  if (std::trunc((inches + 0.005) * 100.0) == 30.0) inches = lowestSize;
   if (units == unit::inch) return std::abs(*shown - inches) <= 0.01 + spare;
   if (units == unit::centimetre) return std::abs(*shown - inches * centimetresAnInch) <= 0.01 + spare;
   return std::abs(*shown - inches * dpi) <= 1 + spare;

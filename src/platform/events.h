@@ -18,7 +18,8 @@
 //   check, radio  P mark set                                        nothing
 //   button  U click, also a click message of a program              clicked; a disabled one takes no person's click
 //   list    P rows inserted; scrolled into view                     nothing
-//   list    another row becomes selected and focused                rowChanged: old row loses selection; old row loses
+//   list    another row becomes selected and focused                rowChanged: old row loses selection; old row
+//   loses
 //                                                                   focus; new row gains both
 //   list    P state set that the row already has                    nothing
 //   list    P selected row deleted                                  rowChanged: row loses both; the row behind it has

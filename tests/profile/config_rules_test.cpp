@@ -26,19 +26,19 @@ TEST(ConfigRules, ChangesOfAFactoryRowGoToTheCustomRow) {
     bool deletable;
   };
   for (const Case& c : std::vector<Case>{
-           {"FFFFFC", 2, 5, false},   // a fresh flatbed
-           {"FFFFFC", 5, 5, false},   // the custom row takes its own changes
+           {"FFFFFC", 2, 5, false},    // a fresh flatbed
+           {"FFFFFC", 5, 5, false},    // the custom row takes its own changes
            {"FFFFFCUU", 1, 5, false},  // the user's rows follow the custom row
            {"FFFFFCUU", 7, 7, true},
            {"FFC", 0, 2, false},
            {"UU", 0, 0, true},
-           {"FF", 0, -1, false},   // nothing editable ends the list
+           {"FF", 0, -1, false},  // nothing editable ends the list
            {"FUF", 0, -1, false},
            {"F", 0, -1, false},
            {"FU", 0, 1, false},
-           {"-", 0, -1, false},    // the fallback row stores nothing
+           {"-", 0, -1, false},  // the fallback row stores nothing
            {"", 0, -1, false},
-           {"FC", 2, -1, false},   // past the end
+           {"FC", 2, -1, false},  // past the end
            {"FC", -1, -1, false},
        }) {
     const AutoSaveTarget target = FindAutoSaveTarget(Rows(c.rows), c.selected);

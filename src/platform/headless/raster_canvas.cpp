@@ -100,7 +100,8 @@ void RasterCanvas::Draw(const Picture& picture, Point at) {
   for (int y = 0; y < picture.size.height; ++y) {
     for (int x = 0; x < picture.size.width; ++x) {
       const std::uint8_t* pixel = SourcePixel(picture, x, y);
-      if (pixel[3] != 0) Put(std::int64_t{at.x} + x, std::int64_t{at.y} + y, {pixel[2], pixel[1], pixel[0]}, pixel[3]);
+      if (pixel[3] != 0)
+        Put(std::int64_t{at.x} + x, std::int64_t{at.y} + y, {pixel[2], pixel[1], pixel[0]}, pixel[3]);
     }
   }
 }

@@ -1,6 +1,5 @@
 #include "tests/support/profile_peer.h"
 
-
 #include "platform/profile_engine.h"
 #include "platform/win32/win32_files.h"
 #include "platform/win32/windows_api.h"
