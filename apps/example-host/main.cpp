@@ -66,9 +66,9 @@ HWND MakeWindow(Host& host) {
   kind.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));  // the arrow
   kind.lpszClassName = L"example-host";
   RegisterClassExW(&kind);
-  const HWND window = CreateWindowExW(0, kind.lpszClassName, L"Example host", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
-                                      CW_USEDEFAULT, CW_USEDEFAULT, 340, 500, nullptr, nullptr, kind.hInstance,
-                                      nullptr);
+  const HWND window =
+      CreateWindowExW(0, kind.lpszClassName, L"Example host", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
+                      CW_USEDEFAULT, 340, 500, nullptr, nullptr, kind.hInstance, nullptr);
   SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&host));
   return window;
 }
@@ -93,8 +93,8 @@ bool OpenPanel(Host& host, set32::UiFixSettingFunction fixSetting) {
   const set32::PanelRect place{0, 0, 320, 460};
   const auto window = reinterpret_cast<set32::WindowHandle>(host.window);
   constexpr std::uint32_t threshold = 128, outputBits = 36;
-  const set32::WindowHandle page = fixSetting(window, window, &limits, &host.settings, &host.preview, 0, 0, threshold,
-                                              outputBits, &place, &caps);
+  const set32::WindowHandle page =
+      fixSetting(window, window, &limits, &host.settings, &host.preview, 0, 0, threshold, outputBits, &place, &caps);
   host.page = reinterpret_cast<HWND>(page);
   return page != 0;
 }
@@ -132,8 +132,7 @@ int main(int count, char** values) {
   }
 
   const HMODULE library = LoadLibraryW(L"set32.dll");
-  const auto fixSetting =
-      library == nullptr ? nullptr : Find<set32::UiFixSettingFunction>(library, "uiFixSetting");
+  const auto fixSetting = library == nullptr ? nullptr : Find<set32::UiFixSettingFunction>(library, "uiFixSetting");
   if (fixSetting == nullptr) {
     std::fprintf(stderr, "example-host: no set32.dll beside this program\n");
     return 2;

@@ -29,9 +29,8 @@ HMENU MakeMenu() {
 }
 
 HACCEL MakeKeys() {
-  ACCEL keys[] = {{FVIRTKEY | FCONTROL, 'O', openPicture},
-                  {FVIRTKEY | FCONTROL, 'L', switchLog},
-                  {FVIRTKEY, VK_F6, nextPane}};
+  ACCEL keys[] = {
+      {FVIRTKEY | FCONTROL, 'O', openPicture}, {FVIRTKEY | FCONTROL, 'L', switchLog}, {FVIRTKEY, VK_F6, nextPane}};
   return CreateAcceleratorTableW(keys, static_cast<int>(std::size(keys)));
 }
 
@@ -76,9 +75,9 @@ bool DeskWindow::MakeWindows() {
   RegisterClassExW(&kind);
   panelSize_ = Panel::LeastSize();
   constexpr int across = 3;  // the picture gets as much room twice over
-  window_ = CreateWindowExW(0, className, caption, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT,
-                            panelSize_.width * across, panelSize_.height * 3 / 2, nullptr, MakeMenu(), kind.hInstance,
-                            nullptr);
+  window_ = CreateWindowExW(0, className, caption, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
+                            CW_USEDEFAULT, panelSize_.width * across, panelSize_.height * 3 / 2, nullptr, MakeMenu(),
+                            kind.hInstance, nullptr);
   if (window_ == nullptr) return false;
   SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   place_ = CreateWindowExW(WS_EX_CONTROLPARENT, L"Static", L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, 0, 0,

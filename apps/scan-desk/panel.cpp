@@ -48,8 +48,8 @@ bool Panel::Open(HWND parent, HWND host, set32::CDib& preview, set32::Size size)
   const set32::DeviceCaps caps = Capabilities();
   const set32::PanelRect place{0, 0, size.width, size.height};
   page_ = reinterpret_cast<HWND>(fixSetting_(reinterpret_cast<set32::WindowHandle>(parent),
-                                             reinterpret_cast<set32::WindowHandle>(host), &limits, &settings_, &preview,
-                                             1, 0, threshold, outputBits, &place, &caps));
+                                             reinterpret_cast<set32::WindowHandle>(host), &limits, &settings_,
+                                             &preview, 1, 0, threshold, outputBits, &place, &caps));
   return page_ != nullptr;
 }
 

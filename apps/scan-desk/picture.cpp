@@ -70,9 +70,9 @@ bool Picture::Open(const std::wstring& path, std::wstring& trouble) {
   BITMAPINFO wanted{};
   std::memcpy(&wanted.bmiHeader, bytes.data() + sizeof(BITMAPFILEHEADER), sizeof wanted.bmiHeader);
   const HDC screen = GetDC(nullptr);
-  const int rows = GetDIBits(screen, bitmap, 0, static_cast<UINT>(shape.bmHeight),
-                             bytes.data() + sizeof(BITMAPFILEHEADER) + sizeof(BITMAPINFOHEADER), &wanted,
-                             DIB_RGB_COLORS);
+  const int rows =
+      GetDIBits(screen, bitmap, 0, static_cast<UINT>(shape.bmHeight),
+                bytes.data() + sizeof(BITMAPFILEHEADER) + sizeof(BITMAPINFOHEADER), &wanted, DIB_RGB_COLORS);
   ReleaseDC(nullptr, screen);
   DeleteObject(bitmap);
   if (rows != shape.bmHeight || !Take(bytes)) {
@@ -84,7 +84,8 @@ bool Picture::Open(const std::wstring& path, std::wstring& trouble) {
 
 bool Picture::Take(const std::string& bytes) {
   Silent silent;
-  if (!set32::LoadBmp(dib_, {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()}, silent)) return false;
+  if (!set32::LoadBmp(dib_, {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()}, silent))
+    return false;
   // Until the panel's first refresh the picture is shown as it was scanned.
   if (dib_.sourcePixels != nullptr && dib_.displayPixels != nullptr)
     std::memcpy(dib_.displayPixels, dib_.sourcePixels, dib_.imageSize);

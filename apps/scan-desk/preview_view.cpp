@@ -149,9 +149,9 @@ void PreviewView::OnFrameTold(const ScanSettings& settings) {
     constexpr double most = 1e6;
     return static_cast<int>(std::lround(std::clamp(inches * dots, 0.0, most)));
   };
-  const Rect frame = frames_.Between({settings.frameLeft, settings.frameTop},
-                                     {settings.frameLeft + pixels(settings.width),
-                                      settings.frameTop + pixels(settings.height)});
+  const Rect frame =
+      frames_.Between({settings.frameLeft, settings.frameTop},
+                      {settings.frameLeft + pixels(settings.width), settings.frameTop + pixels(settings.height)});
   frames_.Put(frames_.Current(), frame);
   InvalidateRect(window_, nullptr, FALSE);
 }
@@ -204,7 +204,8 @@ void PreviewView::OnButtonUp() {
   ReleaseCapture();
   if (drag == Drag::draws && frame.Width() >= smallestFrame && frame.Height() >= smallestFrame) {
     // The first frame drawn takes the place of the one over the whole picture.
-    const bool first = frames_.Count() == 1 && frames_.At(0) == Rect{0, 0, picture_.Area().width, picture_.Area().height};
+    const bool first =
+        frames_.Count() == 1 && frames_.At(0) == Rect{0, 0, picture_.Area().width, picture_.Area().height};
     if (first) {
       frames_.Put(0, frame);
       Tell(0, set32::frame_action::select);
@@ -273,7 +274,8 @@ Point PreviewView::ToPicture(Point at) const {
   const Rect shown = Shown();
   const Size area = picture_.Area();
   if (shown.Width() <= 0 || shown.Height() <= 0) return {};
-  return {MulDiv(at.x - shown.left, area.width, shown.Width()), MulDiv(at.y - shown.top, area.height, shown.Height())};
+  return {MulDiv(at.x - shown.left, area.width, shown.Width()),
+          MulDiv(at.y - shown.top, area.height, shown.Height())};
 }
 
 RECT PreviewView::ToWindow(const Rect& frame) const {

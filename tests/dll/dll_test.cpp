@@ -143,8 +143,8 @@ TEST_F(Dll, RefusesWhatIsNoWindowOfThisProcess) {
   HostWindow host;
   HostWindow dead;
   DestroyWindow(dead.window);
-  for (const WindowHandle parent : {WindowHandle{0}, dead.Handle(), WindowHandle{0x12345678},
-                                    reinterpret_cast<WindowHandle>(GetDesktopWindow())})
+  for (const WindowHandle parent :
+       {WindowHandle{0}, dead.Handle(), WindowHandle{0x12345678}, reinterpret_cast<WindowHandle>(GetDesktopWindow())})
     EXPECT_EQ(Open(parent, host.Handle()), WindowHandle{0}) << parent;
 }
 
@@ -206,7 +206,8 @@ TEST_F(Dll, ServesTheExampleHost) {
   STARTUPINFOW start{};
   start.cb = sizeof start;
   PROCESS_INFORMATION process{};
-  ASSERT_TRUE(CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process));
+  ASSERT_TRUE(
+      CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process));
   EXPECT_EQ(WaitForSingleObject(process.hProcess, 60000), WAIT_OBJECT_0);
   DWORD status = 99;
   GetExitCodeProcess(process.hProcess, &status);

@@ -1,4 +1,5 @@
-// The code page of the module's bytes: the system's active one, or UTF-8 where that can't hold the module's own texts.
+// The code page of the module's bytes: the system's active one, or UTF-8 where that can't hold the module's own
+// texts.
 //
 // Windows are told their texts in UTF-16, so that they show rightly whatever the active code page is. Any thread.
 #pragma once

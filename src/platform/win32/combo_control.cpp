@@ -89,8 +89,8 @@ int RealCombo::FindPrefix(int after, std::string_view text) const {
 }
 
 int RealCombo::FindExact(int after, std::string_view text) const {
-  return FindRound(
-      after, [text](std::string_view entry) { return entry.size() == text.size() && BeginsWith(entry, text); });
+  return FindRound(after,
+                   [text](std::string_view entry) { return entry.size() == text.size() && BeginsWith(entry, text); });
 }
 
 // Not every version of the control scrolls as little as needed, so the list is put where it belongs.

@@ -6,9 +6,9 @@
 #include <memory>
 #include <vector>
 
-#include "platform/windows.h"
 #include "platform/win32/keyboard_hook.h"
 #include "platform/win32/windows_api.h"
+#include "platform/windows.h"
 
 namespace set32 {
 

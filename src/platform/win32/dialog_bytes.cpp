@@ -41,7 +41,9 @@ ClassAndStyle LookOf(const ControlTemplate& control) {
     case ControlKind::radio:
       return {L"Button", BS_RADIOBUTTON | WS_TABSTOP, 0};
     case ControlKind::list:
-      return {WC_LISTVIEWW, LVS_REPORT | LVS_NOCOLUMNHEADER | LVS_SHAREIMAGELISTS | LVS_SINGLESEL | LVS_SHOWSELALWAYS | WS_TABSTOP,
+      return {WC_LISTVIEWW,
+              LVS_REPORT | LVS_NOCOLUMNHEADER | LVS_SHAREIMAGELISTS | LVS_SINGLESEL | LVS_SHOWSELALWAYS | WS_TABSTOP |
+                  WS_CLIPSIBLINGS,
               WS_EX_CLIENTEDGE};
     case ControlKind::tab:
       return {WC_TABCONTROLW, WS_TABSTOP | WS_CLIPSIBLINGS, 0};

@@ -37,9 +37,8 @@ Win32Dialog* Win32Dialog::Of(HWND window) {
 
 bool Win32Dialog::MakeWindow(const DialogTemplate& source) {
   const std::vector<std::uint32_t> bytes = win32::DialogBytes(source);
-  const HWND window =
-      CreateDialogIndirectParamW(win32::ModuleInstance(), reinterpret_cast<LPCDLGTEMPLATEW>(bytes.data()), parent_,
-                                 &Win32Dialog::Procedure, 0);
+  const HWND window = CreateDialogIndirectParamW(
+      win32::ModuleInstance(), reinterpret_cast<LPCDLGTEMPLATEW>(bytes.data()), parent_, &Win32Dialog::Procedure, 0);
   if (window == nullptr) return false;
   window_ = window;
   client_ = win32::ClientSizeOf(window);
@@ -57,8 +56,7 @@ void Win32Dialog::TakeControls(const DialogTemplate& source) {
   for (const ControlTemplate& control : source.controls) {
     const HWND window = GetDlgItem(window_, control.id);
     if (window == nullptr) continue;
-    if ((control.flags & control_flag::fill) != 0)
-      MoveWindow(window, 0, 0, client_.width, client_.height, FALSE);
+    if ((control.flags & control_flag::fill) != 0) MoveWindow(window, 0, 0, client_.width, client_.height, FALSE);
     controls_.push_back(win32::MakeControl(*this, window, control));
   }
 }
@@ -177,8 +175,7 @@ void Win32Dialog::EndModal(int result) {
   // It isn't to be seen any more, and hears nothing of that.
   shown_ = false;
   const win32::Quiet quiet(desk_, win32::Quiet::What::gains);
-  SetWindowPos(window, nullptr, 0, 0, 0, 0,
-               SWP_HIDEWINDOW | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  SetWindowPos(window, nullptr, 0, 0, 0, 0, SWP_HIDEWINDOW | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
   if (Of(window) == this && FocusIsInside()) ::SetFocus(window);
   PostMessageW(window, WM_NULL, 0, 0);  // so that the loop looks
 }

@@ -36,7 +36,8 @@ PixelBitmap::PixelBitmap(Size size) : size_(size) {
 }
 
 void PixelBitmap::Fill(const Picture& picture) const {
-  if (pixels_ != nullptr && picture.size == size_) std::copy_n(picture.pixels.data(), PixelCount(size_) * bytesPerPixel, pixels_);
+  if (pixels_ != nullptr && picture.size == size_)
+    std::copy_n(picture.pixels.data(), PixelCount(size_) * bytesPerPixel, pixels_);
 }
 
 std::uint8_t* PixelBitmap::At(int x, int y) const {
@@ -75,8 +76,8 @@ MaskedBitmap MakeMasked(const Picture& picture, std::optional<Colour> transparen
   if (!colours) return {};
   for (int y = 0; y < picture.size.height; ++y) {
     for (int x = 0; x < picture.size.width; ++x) {
-      const std::size_t index = static_cast<std::size_t>(y) * static_cast<std::size_t>(picture.size.width) +
-                                static_cast<std::size_t>(x);
+      const std::size_t index =
+          static_cast<std::size_t>(y) * static_cast<std::size_t>(picture.size.width) + static_cast<std::size_t>(x);
       const std::uint8_t* from = picture.pixels.data() + index * bytesPerPixel;
       const bool hole = from[3] == 0 || (transparent && *transparent == Colour{from[2], from[1], from[0]});
       if (hole) {
@@ -91,8 +92,8 @@ MaskedBitmap MakeMasked(const Picture& picture, std::optional<Colour> transparen
   const HDC screen = GetDC(nullptr);
   BITMAPINFO info = HeaderFor(picture.size);
   MaskedBitmap result;
-  result.colours = OwnedBitmap(CreateDIBitmap(screen, &info.bmiHeader, CBM_INIT, colours.At(0, 0), &info,
-                                              DIB_RGB_COLORS));
+  result.colours =
+      OwnedBitmap(CreateDIBitmap(screen, &info.bmiHeader, CBM_INIT, colours.At(0, 0), &info, DIB_RGB_COLORS));
   result.mask = OwnedBitmap(CreateBitmap(picture.size.width, picture.size.height, 1, 1, mask.data()));
   ReleaseDC(nullptr, screen);
   return result;

@@ -80,8 +80,7 @@ LRESULT RealSpin::OnNotify(const NMHDR& header) {
   if (header.code != UDN_DELTAPOS) return 0;
   const auto& change = reinterpret_cast<const NMUPDOWN&>(header);
   bool refuse = false;
-  Raise(Event{
-      .kind = EventKind::spinDelta, .position = change.iPos, .delta = change.iDelta, .refuse = &refuse});
+  Raise(Event{.kind = EventKind::spinDelta, .position = change.iPos, .delta = change.iDelta, .refuse = &refuse});
   return refuse ? TRUE : FALSE;
 }
 

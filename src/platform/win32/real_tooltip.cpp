@@ -11,8 +11,8 @@ namespace set32::win32 {
 
 RealTooltip::RealTooltip(HWND dialog)
     : dialog_(dialog),
-      window_(CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0,
-                              0, dialog, nullptr, nullptr, nullptr)) {}
+      window_(CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0,
+                              0, 0, dialog, nullptr, nullptr, nullptr)) {}
 
 RealTooltip::~RealTooltip() {
   if (window_ != nullptr) DestroyWindow(window_);

@@ -18,8 +18,8 @@ constexpr std::size_t largestStep = 1U << 20;
 constexpr DWORD pause = 2;  // milliseconds between two tries
 
 OwnedHandle Open(std::string_view path, DWORD access, DWORD how) {
-  return win32::OwnedFile(CreateFileW(ModuleText().Wide(path).c_str(), access, shareAll, nullptr, how,
-                                      FILE_ATTRIBUTE_NORMAL, nullptr));
+  return win32::OwnedFile(
+      CreateFileW(ModuleText().Wide(path).c_str(), access, shareAll, nullptr, how, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
 class Win32File : public File {

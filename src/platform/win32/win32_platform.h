@@ -29,8 +29,8 @@ class Win32Platform {
   Win32UsbDevices usb_;
   Win32Registry registry_;
   SystemClipboard clipboard_;
-  Platform platform_{windows_, boxes_,   files_, paths_,    profiles_, system_,
-                     sockets_, usb_,     registry_, clipboard_, threads_};
+  Platform platform_{windows_, boxes_, files_,    paths_,     profiles_, system_,
+                     sockets_, usb_,   registry_, clipboard_, threads_};
 };
 
 }  // namespace set32

@@ -66,8 +66,7 @@ std::string Win32Paths::TemporaryFolder() {
   return units == 0 || units >= path.size() ? std::string() : NarrowPath(path.data());
 }
 
-BoxAnswer Win32Boxes::Show(WindowHandle owner, std::string_view text, std::string_view caption,
-                           std::uint32_t style) {
+BoxAnswer Win32Boxes::Show(WindowHandle owner, std::string_view text, std::string_view caption, std::uint32_t style) {
   const auto window = reinterpret_cast<HWND>(owner);
   const int pressed = MessageBoxW(::IsWindow(window) ? window : nullptr, ModuleText().Wide(text).c_str(),
                                   ModuleText().Wide(caption).c_str(), style);

@@ -50,9 +50,9 @@ class Win32UsbDevice : public UsbDevice {
 std::unique_ptr<UsbDevice> Win32UsbDevices::Open(int number) {
   if (number < 0 || number > lastUsbNumber) return nullptr;
   const std::wstring name = L"\\\\.\\usbscan" + std::to_wstring(number);
-  win32::OwnedHandle handle = win32::OwnedFile(CreateFileW(name.c_str(), GENERIC_READ | GENERIC_WRITE,
-                                                           FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                                           OPEN_EXISTING, FILE_FLAG_OVERLAPPED, nullptr));
+  win32::OwnedHandle handle =
+      win32::OwnedFile(CreateFileW(name.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                   nullptr, OPEN_EXISTING, FILE_FLAG_OVERLAPPED, nullptr));
   if (!handle) return nullptr;
   return std::make_unique<Win32UsbDevice>(std::move(handle));
 }
