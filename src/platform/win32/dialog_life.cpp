@@ -57,6 +57,9 @@ void Win32Dialog::TakeControls(const DialogTemplate& source) {
     const HWND window = GetDlgItem(window_, control.id);
     if (window == nullptr) continue;
     if ((control.flags & control_flag::fill) != 0) MoveWindow(window, 0, 0, client_.width, client_.height, FALSE);
+    // A group's frame lies under everything inside it.
+    if (control.kind == ControlKind::group)
+      SetWindowPos(window, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     controls_.push_back(win32::MakeControl(*this, window, control));
   }
 }
