@@ -1,8 +1,9 @@
 // A windowed host for the panel.
 //
-//   scan-desk.exe [--snapshot FILE.bmp] [PREVIEW.bmp]
+//   scan-desk.exe [--page N] [--snapshot FILE.png] [--once] [PREVIEW.bmp]
 //
-// With --snapshot it writes a picture of itself as soon as it stands, and ends.
+// With --snapshot it writes a picture of itself as soon as the panel stands, turned to page N of its sheet (0 or 1);
+// with --once it ends then.
 #include <windows.h>
 
 #include <shellapi.h>
@@ -17,6 +18,8 @@ namespace {
 struct Arguments {
   std::wstring picture;
   std::wstring snapshot;
+  int page = 0;
+  bool once = false;
 };
 
 Arguments ReadArguments() {
@@ -24,8 +27,13 @@ Arguments ReadArguments() {
   int count = 0;
   wchar_t** values = CommandLineToArgvW(GetCommandLineW(), &count);
   for (int i = 1; values != nullptr && i < count; ++i) {
-    if (std::wstring(values[i]) == L"--snapshot" && i + 1 < count) {
+    const std::wstring value = values[i];
+    if (value == L"--snapshot" && i + 1 < count) {
       arguments.snapshot = values[++i];
+    } else if (value == L"--page" && i + 1 < count) {
+      arguments.page = values[++i][0] == L'1' ? 1 : 0;
+    } else if (value == L"--once") {
+      arguments.once = true;
     } else {
       arguments.picture = values[i];
     }
@@ -66,7 +74,10 @@ int main() {
   const Arguments arguments = ReadArguments();
   scan_desk::DeskWindow desk;
   if (!desk.Create(arguments.picture)) return 1;
-  if (arguments.snapshot.empty()) return RunMessages(desk);
-  Settle();
-  return scan_desk::SaveSnapshot(desk.Window(), arguments.snapshot) ? 0 : 1;
+  if (arguments.page != 0) scan_desk::TurnToPage(desk.Window(), arguments.page);
+  if (!arguments.snapshot.empty()) {
+    Settle();
+    if (!scan_desk::SaveSnapshot(desk.Window(), arguments.snapshot)) return 1;
+  }
+  return arguments.once ? 0 : RunMessages(desk);
 }

@@ -1,48 +1,78 @@
 #include "apps/scan-desk/snapshot.h"
 
-#include <vector>
+// The system's picture library names the types of a larger windows.h.
+#include <objidl.h>
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+using std::max;
+using std::min;
+#include <gdiplus.h>
+
+#include "platform/win32/handle.h"
 
 namespace scan_desk {
+
+namespace {
+
+constexpr CLSID pngWriter = {0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
+
+class PictureLibrary {
+ public:
+  PictureLibrary() {
+    const Gdiplus::GdiplusStartupInput input;
+    stands_ = Gdiplus::GdiplusStartup(&token_, &input, nullptr) == Gdiplus::Ok;
+  }
+  ~PictureLibrary() {
+    if (stands_) Gdiplus::GdiplusShutdown(token_);
+  }
+  PictureLibrary(const PictureLibrary&) = delete;
+  PictureLibrary& operator=(const PictureLibrary&) = delete;
+  bool Stands() const { return stands_; }
+
+ private:
+  ULONG_PTR token_ = 0;
+  bool stands_ = false;
+};
+
+BOOL CALLBACK TakeTallestTabBar(HWND child, LPARAM found) {
+  wchar_t name[32] = L"";
+  GetClassNameW(child, name, 32);
+  auto& tallest = *reinterpret_cast<HWND*>(found);
+  RECT place{}, before{};
+  GetClientRect(child, &place);
+  if (tallest != nullptr) GetClientRect(tallest, &before);
+  if (lstrcmpW(name, WC_TABCONTROLW) == 0 && place.bottom > before.bottom) tallest = child;
+  return TRUE;
+}
+
+}  // namespace
 
 bool SaveSnapshot(HWND window, const std::wstring& path) {
   RECT place{};
   if (!GetWindowRect(window, &place)) return false;
-  const LONG width = place.right - place.left;
-  const LONG height = place.bottom - place.top;
+  const int width = place.right - place.left;
+  const int height = place.bottom - place.top;
 
-  BITMAPINFO info{};
-  info.bmiHeader.biSize = sizeof info.bmiHeader;
-  info.bmiHeader.biWidth = width;
-  info.bmiHeader.biHeight = height;
-  info.bmiHeader.biPlanes = 1;
-  info.bmiHeader.biBitCount = 24;
-  const std::size_t size = (static_cast<std::size_t>(width) * 3 + 3) / 4 * 4 * static_cast<std::size_t>(height);
-  std::vector<char> pixels(size);
+  const set32::win32::WindowDc screen(nullptr);
+  const set32::win32::OwnedDc memory(CreateCompatibleDC(screen.Get()));
+  const set32::win32::OwnedBitmap bitmap(CreateCompatibleBitmap(screen.Get(), width, height));
+  {
+    const set32::win32::Selected selected(memory.Get(), bitmap.Get());
+    if (!BitBlt(memory.Get(), 0, 0, width, height, screen.Get(), place.left, place.top, SRCCOPY)) return false;
+  }
+  const PictureLibrary library;
+  if (!library.Stands()) return false;
+  Gdiplus::Bitmap picture(bitmap.Get(), nullptr);
+  return picture.Save(path.c_str(), &pngWriter, nullptr) == Gdiplus::Ok;
+}
 
-  const HDC screen = GetDC(nullptr);
-  const HDC memory = CreateCompatibleDC(screen);
-  const HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
-  const HGDIOBJ before = SelectObject(memory, bitmap);
-  BitBlt(memory, 0, 0, width, height, screen, place.left, place.top, SRCCOPY);
-  SelectObject(memory, before);
-  const int rows = GetDIBits(screen, bitmap, 0, static_cast<UINT>(height), pixels.data(), &info, DIB_RGB_COLORS);
-  DeleteObject(bitmap);
-  DeleteDC(memory);
-  ReleaseDC(nullptr, screen);
-  if (rows != height) return false;
-
-  BITMAPFILEHEADER file{};
-  file.bfType = 0x4D42;  // "BM"
-  file.bfOffBits = sizeof file + sizeof info.bmiHeader;
-  file.bfSize = static_cast<DWORD>(file.bfOffBits + size);
-  const HANDLE out = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-  if (out == INVALID_HANDLE_VALUE) return false;
-  DWORD written = 0;
-  const bool whole = WriteFile(out, &file, sizeof file, &written, nullptr) &&
-                     WriteFile(out, &info.bmiHeader, sizeof info.bmiHeader, &written, nullptr) &&
-                     WriteFile(out, pixels.data(), static_cast<DWORD>(size), &written, nullptr);
-  CloseHandle(out);
-  return whole;
+void TurnToPage(HWND within, int page) {
+  HWND bar = nullptr;
+  EnumChildWindows(within, TakeTallestTabBar, reinterpret_cast<LPARAM>(&bar));
+  if (bar != nullptr) SendMessageW(bar, TCM_SETCURFOCUS, static_cast<WPARAM>(page), 0);
 }
 
 }  // namespace scan_desk

@@ -7,7 +7,10 @@
 
 namespace scan_desk {
 
-// Writes a bitmap file of 24 bits. False when the window or the file gives none.
+// Writes a PNG file. False when the window or the file gives none.
 bool SaveSnapshot(HWND window, const std::wstring& path);
+
+// Turns the panel inside a window to a page of its sheet, as a click on the tab does.
+void TurnToPage(HWND within, int page);
 
 }  // namespace scan_desk

@@ -29,34 +29,55 @@ build_for() {
   echo "$project/build/${preset#mingw-}"
 }
 
-# on_windows PRESET COMMAND...: runs a command where wine runs that preset's programs, with a display and a fresh
-# prefix of its own.
+# on_windows PRESET COMMAND...: runs a command where wine runs that preset's programs, on a virtual display and with a
+# fresh prefix of its own.
 on_windows() {
+  local preset=$1
+  shift
+  with_prefix "$preset" xvfb-run -a -s "-screen 0 1280x1024x24" "$@"
+}
+
+# on_display PRESET COMMAND...: the same on this machine's display, whose own window manager frames the windows.
+on_display() {
+  local preset=$1
+  shift
+  shares_display=1 with_prefix "$preset" bash -c '
+    wine reg add "HKCU\Software\Wine\X11 Driver" /v Managed /d Y /f > /dev/null 2>&1
+    exec "$@"' managed "$@"
+}
+
+with_prefix() {
   local preset=$1
   shift
   if [ "$preset" = mingw-i686 ]; then
     # The prefix's files are shared, its registry is not: wine writes that to new files.
     inside_root bash -c 'set -e; prefix=$(mktemp -d /root/run.XXXXXX); trap "rm -rf $prefix" EXIT
       cp -al /root/prefix/. "$prefix/"; export WINEPREFIX=$prefix
-      status=0; xvfb-run -a -s "-screen 0 1280x1024x24" "$@" || status=$?; wineserver -k || true; exit $status' run "$@"
+      status=0; "$@" || status=$?; wineserver -k || true; exit $status' run "$@"
   else
     local prefix=$project/build/windows/prefix64
     mkdir -p "$prefix"
     env WINEPREFIX="$prefix" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" bash -c '
       [ -e "$WINEPREFIX/system.reg" ] || { wineboot --init; wine regedit /S "$0/prefix.reg"; } > /dev/null 2>&1
-      exec xvfb-run -a -s "-screen 0 1280x1024x24" "$@"' "$tools" "$@"
+      exec "$@"' "$tools" "$@"
   fi
 }
 
 # inside_root COMMAND...: runs a command inside the folder, with the project at its own path. The mounts belong to a
 # mount namespace of the command's, so that none is left behind whatever happens.
 inside_root() {
-  PROJECT=$project FOLDER=$root unshare --mount --propagation private bash -c '
+  PROJECT=$project FOLDER=$root SHARES_DISPLAY=${shares_display:-} unshare --mount --propagation private bash -c '
     set -e
     mount -t proc proc "$FOLDER/proc"
     mount --rbind /dev "$FOLDER/dev"
     mkdir -p "$FOLDER$PROJECT"
     mount --bind "$PROJECT" "$FOLDER$PROJECT"
+    if [ -n "$SHARES_DISPLAY" ] && [ -d /tmp/.X11-unix ]; then
+      mkdir -p "$FOLDER/tmp/.X11-unix"
+      mount --bind /tmp/.X11-unix "$FOLDER/tmp/.X11-unix"
+      key=${XAUTHORITY:-$HOME/.Xauthority}
+      if [ -e "$key" ]; then touch "$FOLDER/root/.Xauthority"; mount --bind "$key" "$FOLDER/root/.Xauthority"; fi
+    fi
     exec chroot "$FOLDER" /usr/bin/env -i HOME=/root PATH=/usr/bin:/bin:/usr/sbin:/sbin LANG=C.UTF-8 \
-      WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" bash -c "cd \"\$0\" && exec \"\$@\"" "$PROJECT" "$@"' inside "$@"
+      ${SHARES_DISPLAY:+DISPLAY="$DISPLAY"} WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" bash -c "cd \"\$0\" && exec \"\$@\"" "$PROJECT" "$@"' inside "$@"
 }

@@ -1,0 +1,42 @@
+#!/bin/bash
+# Builds the windowed host with its set32.dll and starts it: on this machine's display, or on a virtual one when there
+# is none. Leaves a picture of it in build/scan-desk.png. On a display it runs until the person closes it; on a virtual
+# one it ends as soon as the picture is taken.
+#
+#   tools/windows/run-window.sh [--page N] [PREVIEW.bmp]
+#
+# N is the sheet's page on the picture: 0 (General) or 1 (Advanced).
+set -euo pipefail
+source "$(dirname "$0")/common.sh"
+
+page=0
+if [ "${1:-}" = --page ]; then
+  page=$2
+  shift 2
+fi
+picture=${1:-samples/flatbed-colour-100dpi.bmp}
+[ -e "$picture" ] || fail "there is no $picture"
+
+need_cross_tools
+if "$tools/make-root.sh"; then
+  preset=mingw-i686
+else
+  preset=mingw-x86_64
+  need wine64 wine wine64
+  need Xvfb xvfb xauth
+fi
+say "building set32.dll and scan-desk.exe ($preset)"
+build=$(build_for "$preset" set32 scan-desk)
+
+snapshot=build/scan-desk.png
+rm -f "$snapshot"
+desk=("$build/bin/scan-desk.exe" --page "$page" --snapshot "$snapshot")
+if [ -n "${DISPLAY:-}" ]; then
+  say "the window stands on display $DISPLAY until you close it"
+  on_display "$preset" wine "${desk[@]}" "$picture"
+else
+  on_windows "$preset" timeout 120 wine "${desk[@]}" --once "$picture"
+  say "no display here: it ran on a virtual one"
+fi
+[ -s "$snapshot" ] || fail "scan-desk left no picture"
+say "$preset: the panel stands, picture in $snapshot"
