@@ -12,7 +12,7 @@ namespace {
 constexpr wchar_t className[] = L"scan-desk";
 constexpr wchar_t caption[] = L"Scan desk";
 
-enum Command : WORD { openPicture = 100, quit, switchLog, nextPane };
+enum Command : WORD { openPicture = 100, quit, switchLog, nextPane, autoCrop, askAddress };
 
 HMENU MakeMenu() {
   const HMENU file = CreatePopupMenu();
@@ -22,22 +22,36 @@ HMENU MakeMenu() {
   const HMENU view = CreatePopupMenu();
   AppendMenuW(view, MF_STRING | MF_CHECKED, switchLog, L"&Log of messages\tCtrl+L");
   AppendMenuW(view, MF_STRING, nextPane, L"&Next pane\tF6");
+  const HMENU panel = CreatePopupMenu();
+  AppendMenuW(panel, MF_STRING, autoCrop, L"Report &auto crop\tCtrl+R");
+  AppendMenuW(panel, MF_STRING, askAddress, L"Ask for a &scanner's address...\tCtrl+I");
   const HMENU bar = CreateMenu();
   AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(file), L"&File");
   AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(view), L"&View");
+  AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(panel), L"&Panel");
   return bar;
 }
 
 HACCEL MakeKeys() {
-  ACCEL keys[] = {
-      {FVIRTKEY | FCONTROL, 'O', openPicture}, {FVIRTKEY | FCONTROL, 'L', switchLog}, {FVIRTKEY, VK_F6, nextPane}};
+  ACCEL keys[] = {{FVIRTKEY | FCONTROL, 'O', openPicture},
+                  {FVIRTKEY | FCONTROL, 'L', switchLog},
+                  {FVIRTKEY | FCONTROL, 'R', autoCrop},
+                  {FVIRTKEY | FCONTROL, 'I', askAddress},
+                  {FVIRTKEY, VK_F6, nextPane}};
   return CreateAcceleratorTableW(keys, static_cast<int>(std::size(keys)));
 }
 
 }  // namespace
 
 DeskWindow::DeskWindow()
-    : preview_(picture_, panel_, [this](const std::wstring& line) { Log(line); }), keys_(MakeKeys()) {}
+    : preview_(
+          picture_, panel_, [this](const std::wstring& line) { Log(line); },
+          [this](const std::wstring& device) {
+            scanner_ = device;
+            ShowTitle();
+          },
+          [this] { NextPane(); }),
+      keys_(MakeKeys()) {}
 
 DeskWindow::~DeskWindow() {
   if (window_ != nullptr && IsWindow(window_)) DestroyWindow(window_);
@@ -157,6 +171,12 @@ void DeskWindow::OnCommand(WORD id) {
     case nextPane:
       NextPane();
       break;
+    case autoCrop:
+      preview_.ReportAutoCrop();
+      break;
+    case askAddress:
+      panel_.AskAddress();
+      break;
     default:
       break;
   }
@@ -204,9 +224,18 @@ void DeskWindow::ShowPicture(const std::wstring& path) {
     Say(trouble);
     return;
   }
-  SetWindowTextW(window_, (path.substr(path.find_last_of(L"\\/") + 1) + L" - " + caption).c_str());
+  file_ = path.substr(path.find_last_of(L"\\/") + 1);
+  ShowTitle();
   preview_.PictureChanged();
   if (panel_.Page() != nullptr) panel_.Open(place_, preview_.Window(), picture_.Dib(), panelSize_);
+}
+
+void DeskWindow::ShowTitle() {
+  std::wstring title = caption;
+  for (const std::wstring* part : {&scanner_, &file_}) {
+    if (!part->empty()) title = *part + L" - " + title;
+  }
+  SetWindowTextW(window_, title.c_str());
 }
 
 void DeskWindow::SwitchLog() {

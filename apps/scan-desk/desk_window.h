@@ -34,6 +34,7 @@ class DeskWindow {
   void OpenPicture();
   void ShowPicture(const std::wstring& path);
   void SwitchLog();
+  void ShowTitle();
   void NextPane();
   void Log(const std::wstring& line);
   void Say(const std::wstring& text) const;
@@ -41,6 +42,8 @@ class DeskWindow {
   Picture picture_;
   Panel panel_;
   PreviewView preview_;
+  std::wstring file_;
+  std::wstring scanner_;
   HWND window_ = nullptr;
   HWND place_ = nullptr;  // holds the panel
   HWND log_ = nullptr;

@@ -53,17 +53,25 @@ bool Panel::Open(HWND parent, HWND host, set32::CDib& preview, set32::Size size)
   return page_ != nullptr;
 }
 
-void Panel::Report(set32::Point corner, double width, double height, set32::FrameCommand command) {
+void Panel::Report(WPARAM kind, set32::Point corner, double width, double height,
+                   std::optional<set32::FrameCommand> command) {
   const set32::LowMemory<set32::FrameCommand> travelling;
   if (page_ == nullptr || travelling.Get() == nullptr) return;
-  *travelling.Get() = command;
   set32::ScanSettings report = settings_;
   report.frameLeft = corner.x;
   report.frameTop = corner.y;
   report.customWidth = width;
   report.customHeight = height;
-  report.frameCommand = travelling.Word();
-  SendMessageW(page_, set32::to_panel::frameReport, set32::frame_report::drawn, reinterpret_cast<LPARAM>(&report));
+  report.frameCommand = 0;
+  if (command) {
+    *travelling.Get() = *command;
+    report.frameCommand = travelling.Word();
+  }
+  SendMessageW(page_, set32::to_panel::frameReport, kind, reinterpret_cast<LPARAM>(&report));
+}
+
+void Panel::AskAddress() {
+  if (page_ != nullptr) PostMessageW(page_, set32::to_panel::askAddress, 0, 0);
 }
 
 set32::Size Panel::LeastSize() {

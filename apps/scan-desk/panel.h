@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <optional>
+
 #include "dib.h"
 #include "host_records.h"
 #include "platform/geometry.h"
@@ -26,8 +28,12 @@ class Panel {
 
   set32::ScanSettings& Settings() { return settings_; }
 
-  // Reports a frame with what was done to it. The frame is in inches and in pixels of the preview.
-  void Report(set32::Point corner, double width, double height, set32::FrameCommand command);
+  // Reports a frame, for one of frame_report::, with what was done to it. The frame is in inches and in pixels of the
+  // preview.
+  void Report(WPARAM kind, set32::Point corner, double width, double height,
+              std::optional<set32::FrameCommand> command = {});
+  // Asks the person for a scanner's address.
+  void AskAddress();
 
   // Pixels that the panel needs at the least, by the size of the font that its dialogs use.
   static set32::Size LeastSize();

@@ -5,6 +5,7 @@
 #include <cwchar>
 
 #include "messages.h"
+#include "platform/win32/handle.h"
 #include "pointer_word.h"
 
 namespace scan_desk {
@@ -17,11 +18,26 @@ using set32::Size;
 namespace {
 
 constexpr wchar_t className[] = L"scan-desk-preview";
-constexpr int margin = 8;
+constexpr int margin = 8;         // this and the lengths below at 96 dots an inch
+constexpr int reach = 5;          // of the pointer, to a frame's edge
 constexpr int smallestFrame = 4;  // pixels of the picture; a shorter drag is a click
 
 Point PointOf(LPARAM lParam) {
   return {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
+}
+
+// The panel's bytes are UTF-8 where the system's code page can't hold its texts.
+std::wstring WideText(const char* bytes) {
+  if (bytes == nullptr) return {};
+  for (const UINT page : {UINT{CP_UTF8}, UINT{CP_ACP}}) {
+    const int size = MultiByteToWideChar(page, page == CP_UTF8 ? MB_ERR_INVALID_CHARS : 0, bytes, -1, nullptr, 0);
+    if (size <= 0) continue;
+    std::wstring text(static_cast<std::size_t>(size), L'\0');
+    MultiByteToWideChar(page, 0, bytes, -1, text.data(), size);
+    text.pop_back();  // the zero
+    return text;
+  }
+  return {};
 }
 
 bool CarriesRecord(UINT message) {
@@ -37,7 +53,7 @@ std::wstring LineOf(UINT message, WPARAM wParam, LPARAM lParam) {
                   static_cast<int>(wParam), settings.mode, settings.dpi, settings.width, settings.height,
                   settings.paperSource, settings.frameCommand != 0 ? L", frame command" : L"");
   } else if (message == set32::to_host::deviceSelected) {
-    std::swprintf(text, std::size(text), L"0x%X %d device", message, static_cast<int>(wParam));
+    return L"0x40C " + std::to_wstring(wParam) + L" \"" + WideText(reinterpret_cast<const char*>(lParam)) + L"\"";
   } else {
     std::swprintf(text, std::size(text), L"0x%X %d %d", message, static_cast<int>(wParam), static_cast<int>(lParam));
   }
@@ -46,8 +62,12 @@ std::wstring LineOf(UINT message, WPARAM wParam, LPARAM lParam) {
 
 }  // namespace
 
-PreviewView::PreviewView(Picture& picture, Panel& panel, std::function<void(const std::wstring&)> heard)
-    : picture_(picture), panel_(panel), heard_(std::move(heard)) {}
+PreviewView::PreviewView(Picture& picture, Panel& panel, Told heard, Told deviceTold, std::function<void()> leave)
+    : picture_(picture),
+      panel_(panel),
+      heard_(std::move(heard)),
+      deviceTold_(std::move(deviceTold)),
+      leave_(std::move(leave)) {}
 
 bool PreviewView::Create(HWND parent) {
   WNDCLASSEXW kind{};
@@ -67,7 +87,12 @@ bool PreviewView::Create(HWND parent) {
 
 void PreviewView::PictureChanged() {
   frames_.SetArea(picture_.Area());
-  if (frames_.Count() == 0) frames_.Reset();
+  frames_.Reset();
+  drag_ = Drag::none;
+  if (panel_.Page() != nullptr) {
+    Tell(0, set32::frame_action::allGone);
+    Tell(0, set32::frame_action::added);
+  }
   InvalidateRect(window_, nullptr, FALSE);
 }
 
@@ -96,6 +121,9 @@ LRESULT PreviewView::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       drag_ = Drag::none;
       InvalidateRect(window_, nullptr, FALSE);
       return 0;
+    case WM_SETCURSOR:
+      if (LOWORD(lParam) == HTCLIENT && OnCursor()) return TRUE;
+      break;
     case WM_KEYDOWN:
       OnKey(wParam);
       return 0;
@@ -137,6 +165,9 @@ LRESULT PreviewView::OnPanelMessage(UINT message, WPARAM wParam, LPARAM lParam) 
       frames_.Select(static_cast<int>(wParam));
       InvalidateRect(window_, nullptr, FALSE);
       return 0;
+    case set32::to_host::deviceSelected:
+      deviceTold_(wParam == 0 ? WideText(reinterpret_cast<const char*>(lParam)) : std::wstring());
+      return 0;
     default:
       return 0;
   }
@@ -144,16 +175,17 @@ LRESULT PreviewView::OnPanelMessage(UINT message, WPARAM wParam, LPARAM lParam) 
 
 // The panel's size and place for the current frame.
 void PreviewView::OnFrameTold(const ScanSettings& settings) {
-  const double dots = picture_.DotsPerInch();
-  const auto pixels = [dots](double inches) {
-    constexpr double most = 1e6;
-    return static_cast<int>(std::lround(std::clamp(inches * dots, 0.0, most)));
-  };
-  const Rect frame =
-      frames_.Between({settings.frameLeft, settings.frameTop},
-                      {settings.frameLeft + pixels(settings.width), settings.frameTop + pixels(settings.height)});
-  frames_.Put(frames_.Current(), frame);
+  frames_.Put(frames_.Current(), FrameOf({settings.frameLeft, settings.frameTop}, settings.width, settings.height,
+                                         picture_.DotsPerInch(), picture_.Area()));
   InvalidateRect(window_, nullptr, FALSE);
+}
+
+void PreviewView::ReportAutoCrop() {
+  const int current = frames_.Current();
+  const Rect frame = current >= 0 ? frames_.At(current) : Rect{0, 0, picture_.Area().width, picture_.Area().height};
+  const double dots = picture_.DotsPerInch();
+  heard_(L"to the panel: 0x403 2, auto crop");
+  panel_.Report(set32::frame_report::cropped, {frame.left, frame.top}, frame.Width() / dots, frame.Height() / dots);
 }
 
 void PreviewView::Tell(int index, std::uint32_t action) {
@@ -166,35 +198,59 @@ void PreviewView::Tell(int index, std::uint32_t action) {
                                                                      : L"all gone";
   heard_(L"to the panel: 0x403 0, frame " + std::to_wstring(index) + L" " + what);
   const ScanSettings& settings = panel_.Settings();
-  panel_.Report({frame.left, frame.top}, stands ? frame.Width() / dots : settings.width,
-                stands ? frame.Height() / dots : settings.height, {static_cast<std::uint32_t>(index), action});
+  panel_.Report(set32::frame_report::drawn, {frame.left, frame.top}, stands ? frame.Width() / dots : settings.width,
+                stands ? frame.Height() / dots : settings.height,
+                set32::FrameCommand{static_cast<std::uint32_t>(index), action});
   InvalidateRect(window_, nullptr, FALSE);
 }
 
 void PreviewView::OnButtonDown(Point at) {
   SetFocus(window_);
   SetCapture(window_);
-  dragStart_ = ToPicture(at);
+  dragStart_ = ToPicture(at, Shown(), picture_.Area());
+  grip_ = GripUnder(at);
   const int under = frames_.Under(dragStart_);
   const bool whole = under >= 0 && frames_.At(under) == Rect{0, 0, picture_.Area().width, picture_.Area().height};
   // A frame over the whole picture can't be moved anywhere, so a drag inside it draws.
-  drag_ = under >= 0 && !whole ? Drag::moves : Drag::draws;
-  if (drag_ == Drag::moves) {
-    frames_.Select(under);
-    dragged_ = frames_.At(under);
-  } else {
-    dragged_ = {};
-  }
+  drag_ = grip_.Any() ? Drag::resizes : under >= 0 && !whole ? Drag::moves : Drag::draws;
+  if (drag_ == Drag::moves) frames_.Select(under);
+  dragged_ = drag_ == Drag::draws ? Rect{} : frames_.At(frames_.Current());
   InvalidateRect(window_, nullptr, FALSE);
 }
 
 void PreviewView::OnPointer(Point at) {
-  if (drag_ == Drag::none) return;
-  const Point now = ToPicture(at);
-  dragged_ = drag_ == Drag::draws
-                 ? frames_.Between(dragStart_, now)
-                 : frames_.Moved(frames_.At(frames_.Current()), now.x - dragStart_.x, now.y - dragStart_.y);
-  InvalidateRect(window_, nullptr, FALSE);
+  const Point now = ToPicture(at, Shown(), picture_.Area());
+  if (drag_ == Drag::draws) dragged_ = frames_.Between(dragStart_, now);
+  if (drag_ == Drag::moves)
+    dragged_ = frames_.Moved(frames_.At(frames_.Current()), now.x - dragStart_.x, now.y - dragStart_.y);
+  if (drag_ == Drag::resizes) dragged_ = Resized(frames_.At(frames_.Current()), grip_, now, picture_.Area());
+  if (drag_ != Drag::none) InvalidateRect(window_, nullptr, FALSE);
+}
+
+Grip PreviewView::GripUnder(Point at) const {
+  if (frames_.Current() < 0) return {};
+  return GripAt(ToWindow(frames_.At(frames_.Current()), Shown(), picture_.Area()), at, Wide(reach));
+}
+
+// Over an edge the pointer says which way it can be dragged.
+bool PreviewView::OnCursor() const {
+  constexpr WORD risesLeft = 32642, risesRight = 32643, across = 32644, down = 32645;
+  POINT at{};
+  GetCursorPos(&at);
+  ScreenToClient(window_, &at);
+  const Grip grip = GripUnder({at.x, at.y});
+  if (!grip.Any()) return false;
+  const bool isCorner = (grip.left || grip.right) && (grip.top || grip.bottom);
+  const WORD shape = isCorner                  ? (grip.left == grip.top ? risesLeft : risesRight)
+                     : grip.left || grip.right ? across
+                                               : down;
+  SetCursor(LoadCursorW(nullptr, MAKEINTRESOURCEW(shape)));
+  return true;
+}
+
+int PreviewView::Wide(int pixels) const {
+  const set32::win32::WindowDc dc(window_);
+  return MulDiv(pixels, GetDeviceCaps(dc.Get(), LOGPIXELSX), USER_DEFAULT_SCREEN_DPI);
 }
 
 void PreviewView::OnButtonUp() {
@@ -212,7 +268,7 @@ void PreviewView::OnButtonUp() {
     } else {
       Tell(frames_.Add(frame), set32::frame_action::added);
     }
-  } else if (drag == Drag::moves) {
+  } else if (drag != Drag::none && drag != Drag::draws && frame != frames_.At(frames_.Current())) {
     frames_.Put(frames_.Current(), frame);
     Tell(frames_.Current(), set32::frame_action::select);
   }
@@ -224,7 +280,9 @@ void PreviewView::OnKey(WPARAM key) {
   const int across = key == VK_RIGHT ? step : key == VK_LEFT ? -step : 0;
   const int down = key == VK_DOWN ? step : key == VK_UP ? -step : 0;
   const int current = frames_.Current();
-  if (key == VK_INSERT) {
+  if (key == VK_TAB) {
+    leave_();
+  } else if (key == VK_INSERT) {
     NewFrame();
   } else if (key == VK_DELETE) {
     DeleteFrame();
@@ -250,42 +308,20 @@ void PreviewView::DeleteFrame() {
   const int current = frames_.Current();
   if (current < 0) return;
   frames_.Remove(current);
-  Tell(frames_.Count() == 0 ? 0 : current,
+  Tell(frames_.Current() < 0 ? 0 : frames_.Current(),
        frames_.Count() == 0 ? set32::frame_action::allGone : set32::frame_action::removed);
+  if (frames_.Count() > 0) Tell(frames_.Current(), set32::frame_action::select);
 }
 
-// As large as the window lets it, in the middle.
 Rect PreviewView::Shown() const {
   RECT client{};
   GetClientRect(window_, &client);
-  const Size area = picture_.Area();
-  const int room = std::max<int>(client.right - 2 * margin, 1);
-  const int height = std::max<int>(client.bottom - 2 * margin, 1);
-  if (area.width <= 0 || area.height <= 0) return {};
-  const double scale = std::min(static_cast<double>(room) / area.width, static_cast<double>(height) / area.height);
-  const int shownWidth = std::max(static_cast<int>(area.width * scale), 1);
-  const int shownHeight = std::max(static_cast<int>(area.height * scale), 1);
-  const int left = (client.right - shownWidth) / 2;
-  const int top = (client.bottom - shownHeight) / 2;
-  return {left, top, left + shownWidth, top + shownHeight};
+  return ShownPlace({client.right, client.bottom}, picture_.Area(), Wide(margin));
 }
 
-Point PreviewView::ToPicture(Point at) const {
-  const Rect shown = Shown();
-  const Size area = picture_.Area();
-  if (shown.Width() <= 0 || shown.Height() <= 0) return {};
-  return {MulDiv(at.x - shown.left, area.width, shown.Width()),
-          MulDiv(at.y - shown.top, area.height, shown.Height())};
-}
-
-RECT PreviewView::ToWindow(const Rect& frame) const {
-  const Rect shown = Shown();
-  const Size area = picture_.Area();
-  if (area.width <= 0 || area.height <= 0) return {};
-  return {shown.left + MulDiv(frame.left, shown.Width(), area.width),
-          shown.top + MulDiv(frame.top, shown.Height(), area.height),
-          shown.left + MulDiv(frame.right, shown.Width(), area.width),
-          shown.top + MulDiv(frame.bottom, shown.Height(), area.height)};
+RECT PreviewView::Placed(const Rect& frame) const {
+  const Rect place = ToWindow(frame, Shown(), picture_.Area());
+  return {place.left, place.top, place.right, place.bottom};
 }
 
 // Into memory first, so that a dragged frame doesn't flicker.
@@ -323,8 +359,8 @@ void PreviewView::Paint(HDC dc) {
   SetBkMode(dc, TRANSPARENT);
   for (int i = 0; i < frames_.Count(); ++i) {
     const bool current = i == frames_.Current();
-    const Rect& frame = current && drag_ == Drag::moves ? dragged_ : frames_.At(i);
-    RECT place = ToWindow(frame);
+    const Rect& frame = current && (drag_ == Drag::moves || drag_ == Drag::resizes) ? dragged_ : frames_.At(i);
+    RECT place = Placed(frame);
     const HBRUSH brush = CreateSolidBrush(current ? RGB(208, 32, 32) : RGB(32, 96, 208));
     FrameRect(dc, &place, brush);
     InflateRect(&place, -1, -1);
@@ -339,7 +375,7 @@ void PreviewView::Paint(HDC dc) {
     }
   }
   if (drag_ == Drag::draws) {
-    const RECT place = ToWindow(dragged_);
+    const RECT place = Placed(dragged_);
     DrawFocusRect(dc, &place);
   }
 }

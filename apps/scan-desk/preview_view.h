@@ -7,7 +7,8 @@
 #include <functional>
 #include <string>
 
-#include "apps/scan-desk/frames.h"
+#include "apps/scan-desk/frames/frames.h"
+#include "apps/scan-desk/frames/view_scale.h"
 #include "apps/scan-desk/panel.h"
 #include "apps/scan-desk/picture.h"
 
@@ -15,18 +16,23 @@ namespace scan_desk {
 
 class PreviewView {
  public:
-  // `heard` gets a line for each message that passes between panel and host.
-  PreviewView(Picture& picture, Panel& panel, std::function<void(const std::wstring&)> heard);
+  using Told = std::function<void(const std::wstring&)>;
+
+  // `heard` gets a line for each message that passes between panel and host, `deviceTold` the chosen scanner (empty
+  // for none), `leave` is called by the Tab key.
+  PreviewView(Picture& picture, Panel& panel, Told heard, Told deviceTold, std::function<void()> leave);
   PreviewView(const PreviewView&) = delete;
   PreviewView& operator=(const PreviewView&) = delete;
 
   bool Create(HWND parent);
   HWND Window() const { return window_; }
-  // Another picture lies there.
+  // Another picture lies there: one frame over it, of which a standing panel is told.
   void PictureChanged();
+  // Tells the panel that the automatic crop found the current frame's size.
+  void ReportAutoCrop();
 
  private:
-  enum class Drag { none, draws, moves };
+  enum class Drag { none, draws, moves, resizes };
 
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
@@ -42,19 +48,24 @@ class PreviewView {
   void DeleteFrame();
   void Tell(int index, std::uint32_t action);
 
-  // Between the window's pixels and the picture's.
+  bool OnCursor() const;
+  // Window pixels for a length at 96 dots an inch.
+  int Wide(int pixels) const;
   set32::Rect Shown() const;
-  set32::Point ToPicture(set32::Point at) const;
-  RECT ToWindow(const set32::Rect& frame) const;
+  RECT Placed(const set32::Rect& frame) const;
+  Grip GripUnder(set32::Point at) const;
 
   Picture& picture_;
   Panel& panel_;
-  std::function<void(const std::wstring&)> heard_;
+  Told heard_;
+  Told deviceTold_;
+  std::function<void()> leave_;
   Frames frames_;
   HWND window_ = nullptr;
   Drag drag_ = Drag::none;
   set32::Point dragStart_;
   set32::Rect dragged_;
+  Grip grip_;
 };
 
 }  // namespace scan_desk

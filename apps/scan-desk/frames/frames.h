@@ -9,7 +9,7 @@ namespace scan_desk {
 
 class Frames {
  public:
-  // Frames stay inside this area from now on.
+  // New frames lie inside this area from now on.
   void SetArea(set32::Size area);
   // One frame over the whole area.
   void Reset();
@@ -20,6 +20,7 @@ class Frames {
 
   // The new one becomes current. Result: its index.
   int Add(const set32::Rect& frame);
+  // The one behind it becomes current when the current one goes, else the last.
   void Remove(int index);
   void Select(int index);
   void Put(int index, const set32::Rect& frame);

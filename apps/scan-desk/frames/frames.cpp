@@ -1,4 +1,4 @@
-#include "apps/scan-desk/frames.h"
+#include "apps/scan-desk/frames/frames.h"
 
 #include <algorithm>
 
@@ -9,7 +9,6 @@ using set32::Rect;
 
 void Frames::SetArea(set32::Size area) {
   area_ = area;
-  for (Rect& frame : frames_) frame = Between({frame.left, frame.top}, {frame.right, frame.bottom});
 }
 
 void Frames::Reset() {
@@ -26,7 +25,7 @@ int Frames::Add(const Rect& frame) {
 void Frames::Remove(int index) {
   if (!Holds(index)) return;
   frames_.erase(frames_.begin() + index);
-  if (current_ >= index) current_ = std::min(std::max(current_ - 1, 0), Count() - 1);
+  if (current_ > index || current_ == Count()) --current_;
 }
 
 void Frames::Select(int index) {
