@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace scan_desk {
 
@@ -12,7 +13,7 @@ namespace {
 constexpr wchar_t className[] = L"scan-desk";
 constexpr wchar_t caption[] = L"Scan desk";
 
-enum Command : WORD { openPicture = 100, quit, switchLog, nextPane, autoCrop, askAddress };
+enum Command : WORD { openPicture = 100, quit, switchLog, nextPane, autoCrop, askAddress, switchPanel };
 
 HMENU MakeMenu() {
   const HMENU file = CreatePopupMenu();
@@ -23,6 +24,7 @@ HMENU MakeMenu() {
   AppendMenuW(view, MF_STRING | MF_CHECKED, switchLog, L"&Log of messages\tCtrl+L");
   AppendMenuW(view, MF_STRING, nextPane, L"&Next pane\tF6");
   const HMENU panel = CreatePopupMenu();
+  AppendMenuW(panel, MF_STRING | MF_CHECKED, switchPanel, L"&Open\tCtrl+P");
   AppendMenuW(panel, MF_STRING, autoCrop, L"Report &auto crop\tCtrl+R");
   AppendMenuW(panel, MF_STRING, askAddress, L"Ask for a &scanner's address...\tCtrl+I");
   const HMENU bar = CreateMenu();
@@ -33,11 +35,9 @@ HMENU MakeMenu() {
 }
 
 HACCEL MakeKeys() {
-  ACCEL keys[] = {{FVIRTKEY | FCONTROL, 'O', openPicture},
-                  {FVIRTKEY | FCONTROL, 'L', switchLog},
-                  {FVIRTKEY | FCONTROL, 'R', autoCrop},
-                  {FVIRTKEY | FCONTROL, 'I', askAddress},
-                  {FVIRTKEY, VK_F6, nextPane}};
+  ACCEL keys[] = {{FVIRTKEY | FCONTROL, 'O', openPicture}, {FVIRTKEY | FCONTROL, 'L', switchLog},
+                  {FVIRTKEY | FCONTROL, 'R', autoCrop},    {FVIRTKEY | FCONTROL, 'I', askAddress},
+                  {FVIRTKEY | FCONTROL, 'P', switchPanel}, {FVIRTKEY, VK_F6, nextPane}};
   return CreateAcceleratorTableW(keys, static_cast<int>(std::size(keys)));
 }
 
@@ -94,12 +94,16 @@ bool DeskWindow::MakeWindows() {
                             kind.hInstance, nullptr);
   if (window_ == nullptr) return false;
   SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-  place_ = CreateWindowExW(WS_EX_CONTROLPARENT, L"Static", L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, 0, 0,
-                           window_, nullptr, kind.hInstance, nullptr);
+  MakePlace();
   log_ = CreateWindowExW(WS_EX_CLIENTEDGE, L"ListBox", L"", WS_CHILD | WS_VISIBLE | WS_VSCROLL | LBS_NOINTEGRALHEIGHT,
                          0, 0, 0, 0, window_, nullptr, kind.hInstance, nullptr);
   MakeFont();
   return place_ != nullptr && log_ != nullptr && preview_.Create(window_);
+}
+
+void DeskWindow::MakePlace() {
+  place_ = CreateWindowExW(WS_EX_CONTROLPARENT, L"Static", L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, 0, 0,
+                           window_, nullptr, GetModuleHandleW(nullptr), nullptr);
 }
 
 void DeskWindow::MakeFont() {
@@ -174,6 +178,9 @@ void DeskWindow::OnCommand(WORD id) {
     case autoCrop:
       preview_.ReportAutoCrop();
       break;
+    case switchPanel:
+      SwitchPanel();
+      break;
     case askAddress:
       panel_.AskAddress();
       break;
@@ -199,7 +206,7 @@ void DeskWindow::Lay() {
 // A later call moves the panel; it is no use to do so while the window's edge is still under way.
 void DeskWindow::PlacePanel() {
   RECT place{};
-  GetClientRect(place_, &place);
+  if (!GetClientRect(place_, &place)) return;
   const int height = std::max<int>(place.bottom, Panel::LeastSize().height);
   if (height == panelSize_.height) return;
   panelSize_.height = height;
@@ -236,6 +243,26 @@ void DeskWindow::ShowTitle() {
     if (!part->empty()) title = *part + L" - " + title;
   }
   SetWindowTextW(window_, title.c_str());
+}
+
+// The sheet's panel ends with its parent.
+void DeskWindow::SwitchPanel() {
+  const bool stood = panel_.Page() != nullptr;
+  if (stood) {
+    DestroyWindow(std::exchange(place_, nullptr));
+    panel_.Unload();
+    scanner_.clear();
+    ShowTitle();
+    SetFocus(preview_.Window());
+  } else {
+    MakePlace();
+    Lay();
+    if (!panel_.Load() || !panel_.Open(place_, preview_.Window(), picture_.Dib(), panelSize_)) {
+      Say(L"The panel can't be opened.");
+    }
+  }
+  CheckMenuItem(GetMenu(window_), switchPanel, panel_.Page() != nullptr ? MF_CHECKED : MF_UNCHECKED);
+  preview_.PictureChanged();
 }
 
 void DeskWindow::SwitchLog() {

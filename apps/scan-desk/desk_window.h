@@ -34,6 +34,8 @@ class DeskWindow {
   void OpenPicture();
   void ShowPicture(const std::wstring& path);
   void SwitchLog();
+  void SwitchPanel();
+  void MakePlace();
   void ShowTitle();
   void NextPane();
   void Log(const std::wstring& line);

@@ -1,6 +1,7 @@
 #include "apps/scan-desk/panel.h"
 
 #include <cstring>
+#include <utility>
 
 #include "messages.h"
 #include "pointer_word.h"
@@ -20,12 +21,8 @@ set32::DeviceCaps Capabilities() {
 
 }  // namespace
 
-Panel::Panel() : library_(LoadLibraryW(L"set32.dll")) {
-  if (library_ != nullptr) {
-    const FARPROC found = GetProcAddress(library_, "uiFixSetting");
-    static_assert(sizeof fixSetting_ == sizeof found);
-    std::memcpy(&fixSetting_, &found, sizeof fixSetting_);
-  }
+Panel::Panel() {
+  Load();
   settings_.mode = set32::mode::colour;
   settings_.resolutionId = set32::resolution::dpi100;
   settings_.dpi = 100;
@@ -39,7 +36,23 @@ Panel::Panel() : library_(LoadLibraryW(L"set32.dll")) {
 
 // The windows are gone by now, and the panel with them.
 Panel::~Panel() {
-  if (library_ != nullptr) FreeLibrary(library_);
+  Unload();
+}
+
+bool Panel::Load() {
+  if (library_ == nullptr) library_ = LoadLibraryW(L"set32.dll");
+  if (library_ != nullptr) {
+    const FARPROC found = GetProcAddress(library_, "uiFixSetting");
+    static_assert(sizeof fixSetting_ == sizeof found);
+    std::memcpy(&fixSetting_, &found, sizeof fixSetting_);
+  }
+  return IsLoaded();
+}
+
+void Panel::Unload() {
+  page_ = nullptr;
+  fixSetting_ = nullptr;
+  if (library_ != nullptr) FreeLibrary(std::exchange(library_, nullptr));
 }
 
 bool Panel::Open(HWND parent, HWND host, set32::CDib& preview, set32::Size size) {

@@ -19,7 +19,11 @@ class Panel {
   Panel(const Panel&) = delete;
   Panel& operator=(const Panel&) = delete;
 
-  // Whether the library and its function were found.
+  // Loads the library by its name. Result: whether it and its function were found.
+  bool Load();
+  // Forgets the library when the panel's parent has ended: on the sheet face a panel stands again only in a library
+  // loaded anew.
+  void Unload();
   bool IsLoaded() const { return fixSetting_ != nullptr; }
 
   // Opens the panel as large as `parent`, or binds a standing one anew and moves it. Result: whether a page stands.
@@ -39,7 +43,7 @@ class Panel {
   static set32::Size LeastSize();
 
  private:
-  HMODULE library_;
+  HMODULE library_ = nullptr;
   set32::UiFixSettingFunction fixSetting_ = nullptr;
   set32::ScanSettings settings_{};
   HWND page_ = nullptr;
