@@ -251,6 +251,7 @@ void DeskWindow::SwitchPanel() {
   if (stood) {
     DestroyWindow(std::exchange(place_, nullptr));
     panel_.Unload();
+    preview_.PictureChanged();  // the panel starts with one frame when it stands again
     scanner_.clear();
     ShowTitle();
     SetFocus(preview_.Window());
@@ -262,7 +263,6 @@ void DeskWindow::SwitchPanel() {
     }
   }
   CheckMenuItem(GetMenu(window_), switchPanel, panel_.Page() != nullptr ? MF_CHECKED : MF_UNCHECKED);
-  preview_.PictureChanged();
 }
 
 void DeskWindow::SwitchLog() {
