@@ -88,10 +88,14 @@ bool DeskWindow::MakeWindows() {
   kind.lpszClassName = className;
   RegisterClassExW(&kind);
   panelSize_ = Panel::LeastSize();
+  RECT work{};  // with large fonts the window still fits on the screen
+  SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
   constexpr int across = 3;  // the picture gets as much room twice over
-  window_ = CreateWindowExW(0, className, caption, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
-                            CW_USEDEFAULT, panelSize_.width * across, panelSize_.height * 3 / 2, nullptr, MakeMenu(),
-                            kind.hInstance, nullptr);
+  window_ =
+      CreateWindowExW(0, className, caption, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT,
+                      std::min<int>(panelSize_.width * across, (work.right - work.left) * 9 / 10),
+                      std::min<int>(panelSize_.height * 3 / 2, (work.bottom - work.top) * 9 / 10), nullptr,
+                      MakeMenu(), kind.hInstance, nullptr);
   if (window_ == nullptr) return false;
   SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   MakePlace();
