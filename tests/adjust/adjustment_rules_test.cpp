@@ -14,8 +14,7 @@ namespace {
 struct GammaCase {
   const GammaScale& scale;
   double value;
-  int code;
-  int position;
+  int code, position;
   double expected;
   int expectedPosition;
 };
@@ -54,12 +53,10 @@ TEST(AdjustmentRules, NumbersScrollWithinTheirRange) {
 }
 
 std::string Letters(const AllowedAdjustments& allowed) {
-  std::string letters;
-  const std::pair<bool, char> all[] = {
-      {allowed.brightness, 'b'}, {allowed.contrast, 'c'},  {allowed.gamma, 'g'},
-      {allowed.bandGamma, 'G'},  {allowed.sharpness, 's'}, {allowed.colour, 'h'},
-      {allowed.descreen, 'd'},   {allowed.highBit, 'H'},   {allowed.jpegQuality, 'q'}};
-  for (const auto& [is, letter] : all) letters += is ? letter : '.';
+  const bool all[] = {allowed.brightness, allowed.contrast, allowed.gamma,   allowed.bandGamma,  allowed.sharpness,
+                      allowed.colour,     allowed.descreen, allowed.highBit, allowed.jpegQuality};
+  std::string letters = "bcgGshdHq";
+  for (std::size_t i = 0; i < letters.size(); ++i) letters[i] = all[i] ? letters[i] : '.';
   return letters;
 }
 
@@ -74,15 +71,10 @@ TEST(AdjustmentRules, EachModeAllowsItsOwn) {
 }
 
 struct ExclusionCase {
-  std::uint32_t mode;
-  std::uint32_t source;
+  std::uint32_t mode, source;
   std::int32_t dpi;
-  std::uint32_t highBit;
-  std::uint32_t descreen;
-  bool dialogDescreen;
-  bool dialogHighBit;
-  bool pageDescreen;
-  bool pageHighBit;
+  std::uint32_t highBit, descreen;
+  bool dialogDescreen, dialogHighBit, pageDescreen, pageHighBit;
 };
 
 TEST(AdjustmentRules, DescreenAndHighBitExcludeEachOther) {

@@ -42,14 +42,8 @@ TEST(AreaDrawing, DottedGridAtTheQuarters) {
   RasterCanvas canvas({9, 8});
   canvas.Fill({0, 0, 9, 8}, {1, 2, 3});
   DrawGrid(canvas);
-  EXPECT_THAT(Drawn(canvas), ElementsAre("..#.#.#..",  //
-                                         ".........",  //
-                                         "#.#.#.#.#",  //
-                                         ".........",  //
-                                         "#.#.#.#.#",  //
-                                         ".........",  //
-                                         "#.#.#.#.#",  //
-                                         "........."));
+  const std::string blank(9, '.'), dots = "#.#.#.#.#";
+  EXPECT_THAT(Drawn(canvas), ElementsAre("..#.#.#..", blank, dots, blank, dots, blank, dots, blank));
 }
 
 TEST(AreaDrawing, CurvesOfThreeGammasInTheirBandsColour) {
@@ -107,8 +101,7 @@ TEST(AreaDrawing, HueWheelFillsTheArea) {
 struct CurveCase {
   Point pointer;
   double gamma;
-  int x;
-  int y;
+  int x, y;
   bool nearCurve;
 };
 
@@ -146,14 +139,10 @@ TEST(HistogramOfAPicture, CountsEveryPixelOfTheDisplayByBand) {
   picture.Rebind();
   const Histogram histogram = ComputeHistogram(&picture.dib);
   Histogram expected;
-  for (int row = 0; row < 3; ++row) {
-    for (int x = 0; x < 37; ++x) {
-      for (int byte = 0; byte < 3; ++byte) {
-        const std::uint8_t level = picture.Display(x, row)[byte];
-        ++expected.counts[static_cast<std::size_t>(3 - byte)][level];
-        ++expected.counts[0][level];
-      }
-    }
+  for (int byte = 0; byte < 3 * 37 * 3; ++byte) {
+    const std::uint8_t level = picture.Display(byte / 3 % 37, byte / 111)[byte % 3];
+    ++expected.counts[static_cast<std::size_t>(3 - byte % 3)][level];
+    ++expected.counts[0][level];
   }
   EXPECT_EQ(histogram.counts, expected.counts);
   EXPECT_EQ(ComputeHistogram(nullptr).PeakOf(Band::all), 0U);

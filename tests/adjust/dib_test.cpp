@@ -4,8 +4,9 @@
 
 #include <array>
 #include <cstring>
-#include <functional>
+#include <limits>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "adjust/dib/dib_file.h"
@@ -68,16 +69,26 @@ struct BmpFile {
   }
 };
 
-bool Load(CDib& dib, const Bytes& bytes, Trouble& trouble) {
-  return LoadBmp(dib, bytes, trouble);
-}
+class Dib : public testing::Test {
+ protected:
+  bool Load(const Bytes& bytes) {
+    trouble.said.clear();
+    return LoadBmp(dib, bytes, trouble);
+  }
+  Bytes Written() {
+    TestFile to;
+    EXPECT_TRUE(dib.Write(to, trouble));
+    return to.bytes;
+  }
 
-TEST(Dib, ReadsPlainPixelsAndBeginsWithNeutralValues) {
   CDib dib;
   Trouble trouble;
+};
+
+TEST_F(Dib, ReadsPlainPixelsAndBeginsWithNeutralValues) {
   dib.brightness = 3;
   dib.gammaRed = 2.0;
-  ASSERT_TRUE(Load(dib, BmpFile{}.Content(), trouble));
+  ASSERT_TRUE(Load(BmpFile{}.Content()));
   EXPECT_THAT(trouble.said, IsEmpty());
   EXPECT_EQ(dib.GetDimensions().width, 2);
   EXPECT_EQ(dib.GetStride(), 8U);
@@ -97,27 +108,18 @@ TEST(Dib, ReadsPlainPixelsAndBeginsWithNeutralValues) {
   EXPECT_EQ(dib.pixelOwner, 0U);
 }
 
-TEST(Dib, WritesTheSourceAndNotWhatIsShown) {
-  CDib dib;
-  Trouble trouble;
+TEST_F(Dib, WritesTheSourceAndNotWhatIsShown) {
   const Bytes read = BmpFile{}.Content();
-  ASSERT_TRUE(Load(dib, read, trouble));
+  ASSERT_TRUE(Load(read));
   dib.displayPixels[3] = 200;
-  TestFile file;
-  ASSERT_TRUE(dib.Write(file, trouble));
   Bytes expected = read;
   expected[2] = 70;   // size of the file
   expected[34] = 16;  // size of the picture
-  EXPECT_EQ(file.bytes, expected);
+  EXPECT_EQ(Written(), expected);
 }
 
-struct BadFile {
-  const char* what;
-  std::function<void(BmpFile&)> damage;
-};
-
-TEST(Dib, RefusesFilesThatDescribeNoPicture) {
-  const std::vector<BadFile> cases = {
+TEST_F(Dib, RefusesFilesThatDescribeNoPicture) {
+  const std::pair<const char*, void (*)(BmpFile&)> cases[] = {
       {"letters", [](BmpFile& f) { f.letters = 0x4142; }},
       {"pixels inside the header", [](BmpFile& f) { f.offset = 53; }},
       {"no offset", [](BmpFile& f) { f.offset = 0; }},
@@ -134,21 +136,17 @@ TEST(Dib, RefusesFilesThatDescribeNoPicture) {
       {"compressed gigabytes", [](BmpFile& f) { f.info.compression = 1, f.info.imageSize = 0xFFFFFFFF; }},
       {"bit fields without masks", [](BmpFile& f) { f.info.compression = 3, f.info.bitCount = 16; }},
   };
-  for (const BadFile& c : cases) {
+  for (const auto& [what, damage] : cases) {
     BmpFile file;
-    c.damage(file);
-    CDib dib;
-    Trouble trouble;
-    EXPECT_FALSE(Load(dib, file.Content(), trouble)) << c.what;
-    EXPECT_THAT(trouble.said, ElementsAre("Invalid bitmap file")) << c.what;
+    damage(file);
+    EXPECT_FALSE(Load(file.Content())) << what;
+    EXPECT_THAT(trouble.said, ElementsAre("Invalid bitmap file")) << what;
   }
 }
 
-TEST(Dib, SaysWhichWayAFileFailed) {
-  CDib dib;
-  Trouble trouble;
+TEST_F(Dib, SaysWhichWayAFileFailed) {
   const Bytes good = BmpFile{}.Content();
-  EXPECT_FALSE(Load(dib, {good.begin(), good.begin() + 13}, trouble));
+  EXPECT_FALSE(Load({good.begin(), good.begin() + 13}));
   for (int failing = 0; failing < 3; ++failing) {
     TestFile file(good, failing);
     EXPECT_FALSE(dib.Read(file, trouble)) << failing;
@@ -156,7 +154,7 @@ TEST(Dib, SaysWhichWayAFileFailed) {
   EXPECT_THAT(trouble.said, ElementsAre("read error 1", "Read error 1", "Read error 1", "Read error 1"));
 
   trouble.said.clear();
-  ASSERT_TRUE(Load(dib, good, trouble));
+  ASSERT_TRUE(Load(good));
   for (int failing = 0; failing < 3; ++failing) {
     TestFile file({}, failing);
     EXPECT_FALSE(dib.Write(file, trouble)) << failing;
@@ -167,25 +165,21 @@ TEST(Dib, SaysWhichWayAFileFailed) {
   EXPECT_THAT(trouble.said, ElementsAre("write error", "write error", "write error", "write error"));
 }
 
-TEST(Dib, HoldsAPictureThatWasCutShort) {
+TEST_F(Dib, HoldsAPictureThatWasCutShort) {
   Bytes cut = BmpFile{}.Content();
   cut.resize(54 + 9);
-  CDib dib;
-  Trouble trouble;
-  ASSERT_TRUE(Load(dib, cut, trouble));
+  ASSERT_TRUE(Load(cut));
   EXPECT_EQ(dib.sourcePixels[8], 8);
   EXPECT_EQ(dib.sourcePixels[9], 255);
   EXPECT_EQ(dib.sourcePixels[15], 255);
   cut.resize(28);
-  EXPECT_FALSE(Load(dib, cut, trouble)) << "the header ends before its depth";
+  EXPECT_FALSE(Load(cut)) << "the header ends before its depth";
 }
 
-TEST(Dib, TurnsRowsThatAreStoredTopDown) {
+TEST_F(Dib, TurnsRowsThatAreStoredTopDown) {
   BmpFile file;
   file.info.height = -2;
-  CDib dib;
-  Trouble trouble;
-  ASSERT_TRUE(Load(dib, file.Content(), trouble));
+  ASSERT_TRUE(Load(file.Content()));
   EXPECT_EQ(dib.GetDimensions().height, 2);
   EXPECT_EQ(dib.sourcePixels[0], 8);
   EXPECT_EQ(dib.sourcePixels[8], 0);
@@ -194,30 +188,21 @@ TEST(Dib, TurnsRowsThatAreStoredTopDown) {
 struct SizeCase {
   std::int32_t width;
   std::uint16_t bits;
-  std::uint32_t claimed;
-  std::uint32_t stride;
+  std::uint32_t claimed, stride;
 };
 
-TEST(Dib, MeasuresRowsWhateverTheHeaderClaims) {
-  for (const SizeCase& c : {SizeCase{101, 24, 0, 304},
-                            {101, 24, 608, 304},
-                            {101, 24, 1, 304},
-                            {101, 24, 610, 304},
-                            {1, 1, 0, 4},
-                            {33, 1, 0, 8},
-                            {3, 4, 0, 4},
-                            {5, 8, 0, 8},
-                            {3, 16, 0, 8},
-                            {3, 32, 0, 12}}) {
+TEST_F(Dib, MeasuresRowsWhateverTheHeaderClaims) {
+  const SizeCase cases[] = {{101, 24, 0, 304}, {101, 24, 608, 304}, {101, 24, 1, 304}, {101, 24, 610, 304},
+                            {1, 1, 0, 4},      {33, 1, 0, 8},       {3, 4, 0, 4},      {5, 8, 0, 8},
+                            {3, 16, 0, 8},     {3, 32, 0, 12}};
+  for (const SizeCase& c : cases) {
     BmpFile file;
     file.info.width = c.width;
     file.info.bitCount = c.bits;
     file.info.imageSize = c.claimed;
     file.offset = 54 + 4 * 256;
     file.behind = 4 * 256 + 608;
-    CDib dib;
-    Trouble trouble;
-    ASSERT_TRUE(Load(dib, file.Content(), trouble)) << c.width << " x " << c.bits;
+    ASSERT_TRUE(Load(file.Content())) << c.width << " x " << c.bits;
     EXPECT_EQ(dib.GetStride(), c.stride) << c.width << " x " << c.bits;
     EXPECT_EQ(dib.GetImageSize(), 2 * c.stride) << c.width << " x " << c.bits << " claimed " << c.claimed;
   }
@@ -230,72 +215,58 @@ struct TableCase {
   std::uint32_t expected;
 };
 
-TEST(Dib, TakesAsManyColoursAsTheFileHolds) {
-  for (const TableCase& c : {TableCase{8, 0, 256, 256},
-                             {4, 0, 16, 16},
-                             {1, 0, 2, 2},
-                             {24, 0, 0, 0},
-                             {8, 5, 5, 5},
-                             {8, 0, 10, 10},
-                             {8, 0xFFFFFFFF, 3, 3},
-                             {24, 7, 7, 7},
-                             {8, 0, 0, 0}}) {
+TEST_F(Dib, TakesAsManyColoursAsTheFileHolds) {
+  const TableCase cases[] = {{8, 0, 256, 256}, {4, 0, 16, 16},        {1, 0, 2, 2},  {24, 0, 0, 0}, {8, 5, 5, 5},
+                             {8, 0, 10, 10},   {8, 0xFFFFFFFF, 3, 3}, {24, 7, 7, 7}, {8, 0, 0, 0}};
+  for (const TableCase& c : cases) {
     BmpFile file;
     file.info.bitCount = c.bits;
     file.info.coloursUsed = c.used;
     file.offset = static_cast<std::uint32_t>(54 + 4 * c.inFile);
     file.behind = 4 * c.inFile + 64;
-    CDib dib;
-    Trouble trouble;
-    ASSERT_TRUE(Load(dib, file.Content(), trouble));
+    ASSERT_TRUE(Load(file.Content()));
     EXPECT_EQ(dib.colourCount, c.expected) << c.bits << " bits, used " << c.used;
     std::array<PaletteEntry, 300> entries{};
     EXPECT_EQ(LogicalPaletteEntries(dib.palette, entries), c.expected);
     if (c.expected > 1) {
       EXPECT_EQ(entries[1], (PaletteEntry{6, 5, 4, 0})) << "blue, green, red in the file";
     }
-    TestFile written;
-    ASSERT_TRUE(dib.Write(written, trouble));
-    EXPECT_EQ(written.bytes[10] + 256 * written.bytes[11], 54 + 4 * static_cast<int>(c.expected));
-    EXPECT_EQ(written.bytes.size(), 54 + 4 * c.expected + dib.imageSize);
+    const Bytes written = Written();
+    EXPECT_EQ(written[10] + 256 * written[11], 54 + 4 * static_cast<int>(c.expected));
+    EXPECT_EQ(written.size(), 54 + 4 * c.expected + dib.imageSize);
   }
 }
 
-TEST(Dib, TakesLargerHeadersForOnesOf40Bytes) {
+TEST_F(Dib, TakesLargerHeadersForOnesOf40Bytes) {
   BmpFile file;
   file.info.headerSize = 108;
   file.info.bitCount = 8;
   file.info.coloursUsed = 2;
   file.offset = 14 + 108 + 8;
   file.behind = 68 + 8 + 8;
-  CDib dib;
-  Trouble trouble;
-  ASSERT_TRUE(Load(dib, file.Content(), trouble));
+  ASSERT_TRUE(Load(file.Content()));
   EXPECT_EQ(dib.header->headerSize, 40U);
   EXPECT_EQ(dib.colourTable[1].blue, 72);
   EXPECT_EQ(dib.sourcePixels[0], 76);
   file.info.headerSize = 0xFFFFFFFF;
   file.info.coloursUsed = 0;
-  EXPECT_TRUE(Load(dib, file.Content(), trouble)) << "a header longer than the file has an empty table";
+  EXPECT_TRUE(Load(file.Content())) << "a header longer than the file has an empty table";
 }
 
-TEST(Dib, KeepsTheMasksOfBitFieldsThroughAWrite) {
+TEST_F(Dib, KeepsTheMasksOfBitFieldsThroughAWrite) {
   BmpFile file;
   file.info.bitCount = 16;
   file.info.compression = 3;
   file.offset = 66;
   file.behind = 12 + 8;
   const Bytes read = file.Content();
-  CDib dib;
-  Trouble trouble;
-  ASSERT_TRUE(Load(dib, read, trouble));
-  TestFile written;
-  ASSERT_TRUE(dib.Write(written, trouble));
-  EXPECT_EQ(Bytes(written.bytes.begin() + 54, written.bytes.end()), Bytes(read.begin() + 54, read.end()));
+  ASSERT_TRUE(Load(read));
+  const Bytes written = Written();
+  EXPECT_EQ(Bytes(written.begin() + 54, written.end()), Bytes(read.begin() + 54, read.end()));
 }
 
 // The sanitizers see what is freed twice or not at all.
-TEST(Dib, FreesWhatTheOwnerFieldsSay) {
+TEST_F(Dib, FreesWhatTheOwnerFieldsSay) {
   BitmapInfoHeader header{40, 1, 1, 1, 24, 0, 0, 0, 0, 0, 0};
   Bytes pixels(4);
   {
@@ -315,11 +286,8 @@ TEST(Dib, FreesWhatTheOwnerFieldsSay) {
     EXPECT_TRUE(split.AllocatePixels(false));
     EXPECT_EQ(split.sourcePixels, before);
   }
-  CDib again;
-  Trouble trouble;
-  ASSERT_TRUE(Load(again, BmpFile{}.Content(), trouble));
-  ASSERT_TRUE(Load(again, BmpFile{}.Content(), trouble));
-  EXPECT_FALSE(Load(again, Bytes(70), trouble));
+  for (int i = 0; i < 2; ++i) ASSERT_TRUE(Load(BmpFile{}.Content()));
+  EXPECT_FALSE(Load(Bytes(70)));
 }
 
 }  // namespace

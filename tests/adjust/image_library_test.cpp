@@ -5,9 +5,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <cstdlib>
+#include <algorithm>
 #include <functional>
+#include <tuple>
 #include <vector>
 
 #include "test_picture.h"
@@ -30,6 +30,14 @@ void Filter(TestPicture& picture, const PixelRoad& road, const Steps& steps) {
 
 void FilterOn(TestPicture& picture, const Steps& steps) {
   Filter(picture, UsableRoads().front(), steps);
+}
+
+// Each on what the one before left.
+void FilterInTurn(TestPicture& picture, std::initializer_list<Steps> filters) {
+  for (const Steps& steps : filters) {
+    FilterOn(picture, steps);
+    picture.source = picture.display;
+  }
 }
 
 Steps All(int sharpness, int saturation, int hue) {
@@ -72,16 +80,12 @@ TEST(OwnImageLibrary, SharpensAnEdgeAndSoftensItToTheMeanOfTheKernel) {
     const auto level = static_cast<std::uint8_t>(x < 2 ? 100 : 140);
     picture.SetSource(x, 0, level, level, level);
   }
-  const auto greens = [&] {
-    return std::vector<int>{*picture.Display(0, 0), *picture.Display(1, 0), *picture.Display(2, 0),
-                            *picture.Display(3, 0)};
-  };
-  FilterOn(picture, [](LibraryBitmap& bitmap) { bitmap.Sharpen(-1000); });
-  EXPECT_THAT(greens(), ElementsAre(100, 110, 130, 140));
-  FilterOn(picture, [](LibraryBitmap& bitmap) { bitmap.Sharpen(500); });
-  EXPECT_THAT(greens(), ElementsAre(100, 90, 150, 140));
-  FilterOn(picture, [](LibraryBitmap& bitmap) { bitmap.Sharpen(1000); });
-  EXPECT_THAT(greens(), ElementsAre(100, 80, 160, 140));
+  for (const auto& [amount, second, third] : {std::tuple{-1000, 110, 130}, {500, 90, 150}, {1000, 80, 160}}) {
+    FilterOn(picture, [&, by = amount](LibraryBitmap& bitmap) { bitmap.Sharpen(by); });
+    const std::vector<int> levels = {*picture.Display(0, 0), *picture.Display(1, 0), *picture.Display(2, 0),
+                                     *picture.Display(3, 0)};
+    EXPECT_THAT(levels, ElementsAre(100, second, third, 140));
+  }
 }
 
 TEST(OwnImageLibrary, SharpensDownColumnsAsAcrossRows) {
@@ -104,14 +108,12 @@ TEST(OwnImageLibrary, TurnsRedTowardsGreenAndKeepsTheLuma) {
     FilterOn(picture, [&](LibraryBitmap& bitmap) { bitmap.TurnHue(degrees); });
     EXPECT_NEAR(Luma(picture.DisplayPixel(0, 0)), luma, 1.0) << degrees;
   }
-  FilterOn(picture, [](LibraryBitmap& bitmap) { bitmap.TurnHue(120); });
-  const std::vector<int> green = picture.DisplayPixel(0, 0);
-  EXPECT_GT(green[1], green[0]);
-  EXPECT_GT(green[1], green[2]);
-  FilterOn(picture, [](LibraryBitmap& bitmap) { bitmap.TurnHue(-120); });
-  const std::vector<int> blue = picture.DisplayPixel(0, 0);
-  EXPECT_GT(blue[0], blue[1]);
-  EXPECT_GT(blue[0], blue[2]);
+  for (const auto& [degrees, most] : {std::pair{120, 1}, {-120, 0}}) {  // green, blue
+    FilterOn(picture, All(0, 0, degrees));
+    std::vector<int> bands = picture.DisplayPixel(0, 0);
+    std::swap(bands[0], bands[static_cast<std::size_t>(most)]);
+    EXPECT_GT(bands[0], std::max(bands[1], bands[2])) << degrees;
+  }
   for (const int amount : {-1000, -400, 300}) {
     FilterOn(picture, [&](LibraryBitmap& bitmap) { bitmap.ChangeSaturation(amount); });
     EXPECT_NEAR(Luma(picture.DisplayPixel(0, 0)), luma, 1.5) << amount;
@@ -129,11 +131,7 @@ TEST(OwnImageLibrary, GivesTogetherWhatItGivesOneByOneOnEveryRoad) {
 
     TestPicture oneByOne(width, 7, width % 5 * 4);
     oneByOne.source = picture.source;
-    FilterOn(oneByOne, All(330, 0, 0));
-    oneByOne.source = oneByOne.display;
-    FilterOn(oneByOne, All(0, -270, 0));
-    oneByOne.source = oneByOne.display;
-    FilterOn(oneByOne, All(0, 0, 75));
+    FilterInTurn(oneByOne, {All(330, 0, 0), All(0, -270, 0), All(0, 0, 75)});
     EXPECT_EQ(together, oneByOne.display) << width;
     for (const PixelRoad& road : UsableRoads()) {
       Filter(picture, road, All(330, -270, 75));
@@ -151,11 +149,7 @@ TEST(OwnImageLibrary, KeepsTheOrderThatItIsAskedFor) {
     bitmap.Sharpen(1000);
   });
   const auto backwards = picture.display;
-  FilterOn(picture, All(0, 0, 90));
-  picture.source = picture.display;
-  FilterOn(picture, All(0, 500, 0));
-  picture.source = picture.display;
-  FilterOn(picture, All(1000, 0, 0));
+  FilterInTurn(picture, {All(0, 0, 90), All(0, 500, 0), All(1000, 0, 0)});
   EXPECT_EQ(picture.display, backwards);
 }
 

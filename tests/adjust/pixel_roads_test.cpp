@@ -39,6 +39,16 @@ class PixelRoads : public testing::Test {
     }
   }
 
+  // The filter of colours works in place.
+  void ExpectAlikeColours(std::size_t width, const Bytes& row, const ColourRule& rule) {
+    ExpectAlike("colours", width, row, [&](const PixelRoad& road) {
+      return [&](const std::uint8_t* from, std::uint8_t* to) {
+        std::memcpy(to, from, row.size());
+        road.colours(to, width, rule);
+      };
+    });
+  }
+
   Bytes RandomBytes(std::size_t count) {
     Bytes bytes(count);
     for (auto& byte : bytes) byte = static_cast<std::uint8_t>(random_());
@@ -76,34 +86,21 @@ TEST_F(PixelRoads, GiveTheSameBytesAtEveryWidth) {
     rule.saturates = width % 3 != 0;
     rule.saturation = SaturationShare(static_cast<std::int32_t>(width * 10) - 1000);
     SetTurn(rule, static_cast<std::int32_t>(width * 37 % 361) - 180);
-    ExpectAlike("colours", width, row, [&](const PixelRoad& road) {
-      return [&](const std::uint8_t* from, std::uint8_t* to) {
-        std::memcpy(to, from, width * 3);
-        road.colours(to, width, rule);
-      };
-    });
+    ExpectAlikeColours(width, row, rule);
   }
 }
 
 // All pairs of differences that the arithmetic on colours can meet, at the ends of its ranges.
 TEST_F(PixelRoads, AgreeOnExtremeColours) {
+  constexpr std::uint8_t levels[] = {0, 1, 127, 128, 254, 255};
   Bytes row;
-  for (const int blue : {0, 1, 127, 128, 254, 255}) {
-    for (const int green : {0, 1, 127, 128, 254, 255}) {
-      for (const int red : {0, 1, 127, 128, 254, 255}) {
-        for (const int band : {blue, green, red}) row.push_back(static_cast<std::uint8_t>(band));
-      }
-    }
+  for (std::size_t i = 0; i < 6 * 6 * 6; ++i) {
+    row.insert(row.end(), {levels[i / 36], levels[i / 6 % 6], levels[i % 6]});
   }
   for (std::int32_t degrees = -180; degrees <= 180; degrees += 15) {
     ColourRule rule{.saturates = true, .saturation = SaturationShare(degrees > 0 ? 1000 : -1000)};
     SetTurn(rule, degrees);
-    ExpectAlike("colours", row.size() / 3, row, [&](const PixelRoad& road) {
-      return [&](const std::uint8_t* from, std::uint8_t* to) {
-        std::memcpy(to, from, row.size());
-        road.colours(to, row.size() / 3, rule);
-      };
-    });
+    ExpectAlikeColours(row.size() / 3, row, rule);
   }
 }
 

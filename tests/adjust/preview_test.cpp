@@ -111,23 +111,21 @@ TEST_F(PreviewTest, TonesEachBandByItsOwnGammaFromTheUntouchedSource) {
   EXPECT_EQ(picture.display[6], TestPicture::untouched) << "padding behind a row";
 }
 
-struct ReductionCase {
-  std::uint32_t mode;
-  bool onSheet;
-  int green;
-  int expected;
-};
-
 TEST_F(PreviewTest, ReducesByTheGreenLevelAndTheLimitOfItsFace) {
   TestPicture picture(3, 1);
   picture.dib.brightness = 28;
   picture.dib.contrast = 100;
-  for (const ReductionCase& c : {ReductionCase{mode::blackWhite, true, 101, 255},
-                                 {mode::blackWhite, true, 100, 0},
-                                 {mode::blackWhite, false, 129, 255},
-                                 {mode::blackWhite, false, 128, 0},
-                                 {mode::gray, true, 129, 255},
-                                 {mode::jpegGray, false, 129, 255}}) {
+  struct Case {
+    std::uint32_t mode;
+    bool onSheet;
+    int green, expected;
+  };
+  for (const Case& c : {Case{mode::blackWhite, true, 101, 255},
+                        {mode::blackWhite, true, 100, 0},
+                        {mode::blackWhite, false, 129, 255},
+                        {mode::blackWhite, false, 128, 0},
+                        {mode::gray, true, 129, 255},
+                        {mode::jpegGray, false, 129, 255}}) {
     // With these values of the preview a gray level of 129 is lifted to the top.
     for (const std::uint32_t kind : {0U, dib_kind::keepsToned}) {
       picture.dib.kind = kind;
@@ -180,6 +178,12 @@ TEST_F(PreviewTest, RunsTheLibraryOnceMoreWhenAValueWentBackToNothing) {
 
 TEST_F(PreviewTest, AsksTheLibraryForWhatTheModeShows) {
   TestPicture picture(4, 2);
+  settings.saturation = 101;
+  settings.hue = -181;
+  settings.sharpness = std::numeric_limits<std::int32_t>::max();
+  Refresh(sheet, &picture.dib);
+  EXPECT_THAT(library.Take(), IsEmpty()) << "values out of range are none";
+  settings.sharpness = 0;
   settings.saturation = -100;
   settings.hue = 180;
   settings.mode = mode::gray;
@@ -200,15 +204,6 @@ TEST_F(PreviewTest, AsksTheLibraryForWhatTheModeShows) {
   library.none = true;
   Refresh(sheet, &picture.dib);
   EXPECT_EQ(picture.display[0], 254) << "without a bitmap the picture stays toned";
-}
-
-TEST_F(PreviewTest, TakesValuesOutOfRangeForNone) {
-  TestPicture picture(4, 2);
-  settings.saturation = 101;
-  settings.hue = -181;
-  settings.sharpness = std::numeric_limits<std::int32_t>::max();
-  Refresh(sheet, &picture.dib);
-  EXPECT_THAT(library.Take(), IsEmpty());
 }
 
 TEST_F(PreviewTest, WorksOnCertainRowsAloneWhenHeaderAndBuffersDisagree) {
