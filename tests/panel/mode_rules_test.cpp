@@ -21,23 +21,12 @@ std::string ModesOn(std::uint32_t source, bool jpeg) {
   return modes;
 }
 
-std::string SourcesWith(std::uint32_t caps) {
-  std::string sources;
-  for (const SourceEntry& entry : AllSources()) {
-    if (SourceStands(entry, caps)) sources += std::to_string(entry.source);
-  }
-  return sources;
-}
-
-TEST(Modes, StandBySource) {
+TEST(Modes, StandBySourceAtPositionsThatHoldOnEachOfThem) {
   EXPECT_EQ(ModesOn(flatbed, true), "1 2 4 8 16 ");
   EXPECT_EQ(ModesOn(flatbed, false), "1 2 4 ");
   EXPECT_EQ(ModesOn(feeder, true), "1 2 4 ");
   EXPECT_EQ(ModesOn(positive, true), "1 2 ");
   EXPECT_EQ(ModesOn(negative, false), "1 2 ");
-}
-
-TEST(Modes, PositionsHoldOnEverySource) {
   for (std::uint32_t source = 0; source < 4; ++source) {
     int position = 0;
     for (const ModeEntry& entry : AllModes()) {
@@ -46,13 +35,6 @@ TEST(Modes, PositionsHoldOnEverySource) {
     }
   }
   EXPECT_EQ(IndexOfMode(3), -1);
-}
-
-TEST(Sources, KeepTheirCodesWhateverTheDeviceHas) {
-  EXPECT_EQ(SourcesWith(0), "0");
-  EXPECT_EQ(SourcesWith(source_caps::feeder), "01");
-  EXPECT_EQ(SourcesWith(source_caps::transparency), "023");
-  EXPECT_EQ(SourcesWith(source_caps::feeder | source_caps::transparency), "0231");
 }
 
 TEST(Modes, ResetWhatTheyCannotUse) {
