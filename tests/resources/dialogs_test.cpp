@@ -16,14 +16,31 @@ const ControlTemplate& ControlOf(int dialogId, int id) {
   return *std::ranges::find(controls, id, &ControlTemplate::id);
 }
 
-constexpr int allDialogs[] = {dialog::general,    dialog::gamma,     dialog::saveConfig, dialog::message,
-                              dialog::addScanner, dialog::searching, dialog::advanced,   dialog::sheet};
+// With the first and last stops of the tab key, by which a row that slipped would show.
+constexpr struct {
+  int id;
+  std::size_t count;
+  int first, last;
+} allDialogs[] = {
+    {dialog::general, 33, id::sourceCombo, id::configList},
+    {dialog::gamma, 34, id103::defaultsRadio, id103::gammaRedPicture},
+    {dialog::saveConfig, 4, id104::nameLabel, id::cancel},
+    {dialog::message, 4, id::ok, id115::icon},
+    {dialog::addScanner, 5, id::ok, id119::message},
+    {dialog::searching, 1, id120::text, id120::text},
+    {dialog::advanced, 29, id148::viewTabs, id148::yValue},
+    {dialog::sheet, 1, id_sheet::tabs, id_sheet::tabs},
+};
 
-TEST(Dialogs, EveryControlHasAnIdOfItsOwnAndLiesInside) {
-  for (int id : allDialogs) {
+// Each dialog takes Enter on one button at the most, and on the one that means yes.
+TEST(Dialogs, EveryControlHasAnIdOfItsOwnAndLiesInsideAndEnterBelongsToOk) {
+  for (const auto& [id, count, first, last] : allDialogs) {
     const DialogTemplate* found = FindDialog(id);
     ASSERT_NE(found, nullptr) << id;
     EXPECT_EQ(found->id, id);
+    ASSERT_EQ(found->controls.size(), count) << id;
+    EXPECT_EQ(found->controls.front().id, first) << id;
+    EXPECT_EQ(found->controls.back().id, last) << id;
     std::set<int> ids;
     for (const ControlTemplate& control : found->controls) {
       EXPECT_TRUE(ids.insert(control.id).second) << id << ": " << control.id << " twice";
@@ -32,14 +49,18 @@ TEST(Dialogs, EveryControlHasAnIdOfItsOwnAndLiesInside) {
       // The height of a combo is that of its open list, and may hang over.
       const bool drops = control.kind == ControlKind::combo || control.kind == ControlKind::iconCombo;
       EXPECT_LE(control.y + (drops ? 0 : control.height), found->size.height) << id << ": " << control.id;
+      EXPECT_TRUE(control.kind != ControlKind::defaultButton || control.id == id::ok) << id;
     }
   }
   EXPECT_EQ(FindDialog(101), nullptr);
+  for (int id : {dialog::saveConfig, dialog::message, dialog::addScanner}) {
+    EXPECT_EQ(ControlOf(id, id::ok).kind, ControlKind::defaultButton) << id;
+  }
 }
 
 // A radio button whose group has no start would join the controls before it.
 TEST(Dialogs, RadioGroupsHaveTheirStarts) {
-  for (int id : allDialogs) {
+  for (const auto& [id, count, first, last] : allDialogs) {
     std::set<int> starts;
     for (const ControlTemplate& control : FindDialog(id)->controls) {
       if ((control.flags & control_flag::groupStart) == 0) continue;
@@ -51,18 +72,6 @@ TEST(Dialogs, RadioGroupsHaveTheirStarts) {
                                    : id == dialog::advanced ? std::set{id148::magazineRadio}
                                                             : std::set<int>{};
     EXPECT_EQ(starts, expected) << id;
-  }
-}
-
-// Each dialog takes Enter on one button at the most, and on the one that means yes.
-TEST(Dialogs, EnterBelongsToOk) {
-  for (int id : allDialogs) {
-    for (const ControlTemplate& control : FindDialog(id)->controls) {
-      EXPECT_TRUE(control.kind != ControlKind::defaultButton || control.id == id::ok) << id;
-    }
-  }
-  for (int id : {dialog::saveConfig, dialog::message, dialog::addScanner}) {
-    EXPECT_EQ(ControlOf(id, id::ok).kind, ControlKind::defaultButton) << id;
   }
 }
 
@@ -90,29 +99,6 @@ TEST(Dialogs, StartStates) {
       {dialog::sheet, id_sheet::tabs, fill},
   };
   for (const auto& c : cases) EXPECT_EQ(ControlOf(c.dialogId, c.id).flags, c.flags) << c.dialogId << ": " << c.id;
-}
-
-// The first and last stops of the tab key, by which a row that slipped would show.
-TEST(Dialogs, TabbingOrder) {
-  const struct {
-    int dialogId;
-    std::size_t count;
-    int first, last;
-  } cases[] = {
-      {dialog::general, 33, id::sourceCombo, id::configList},
-      {dialog::gamma, 34, id103::defaultsRadio, id103::gammaRedPicture},
-      {dialog::saveConfig, 4, id104::nameLabel, id::cancel},
-      {dialog::message, 4, id::ok, id115::icon},
-      {dialog::addScanner, 5, id::ok, id119::message},
-      {dialog::searching, 1, id120::text, id120::text},
-      {dialog::advanced, 29, id148::viewTabs, id148::yValue},
-  };
-  for (const auto& c : cases) {
-    const auto controls = FindDialog(c.dialogId)->controls;
-    ASSERT_EQ(controls.size(), c.count) << c.dialogId;
-    EXPECT_EQ(controls.front().id, c.first) << c.dialogId;
-    EXPECT_EQ(controls.back().id, c.last) << c.dialogId;
-  }
 }
 
 }  // namespace
