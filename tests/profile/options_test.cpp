@@ -33,17 +33,18 @@ class Options : public testing::Test {
 };
 
 TEST_F(Options, HaveTheirDefaultsWithoutAFile) {
-  const ModuleSettings module(engine_, system_, folder_.Path("none"));
+  const std::string none = folder_.Path("none");
+  const ModuleSettings module(engine_, system_, none);
   EXPECT_EQ(module.RuntimeOptionsName(), "QUIRNHTp.INI");
   EXPECT_EQ(module.ProfileName(), "QUIRNPrf.ini");
   EXPECT_EQ(module.ScannerListName(), "QUIRNSLT.dat");
   EXPECT_EQ(module.DriverType(), 3);
 
-  const HardwareOptions hardware(engine_, system_, folder_.Path("none"));
+  const HardwareOptions hardware(engine_, system_, none);
   EXPECT_TRUE(hardware.HighBitControlShown());
   EXPECT_FALSE(hardware.DialogPlace());
 
-  const RuntimeOptions options(engine_, system_, folder_.Path("none"));
+  const RuntimeOptions options(engine_, system_, none);
   EXPECT_FALSE(options.IsInlineFace());
   EXPECT_EQ(options.ProductName("own"), "own");
   EXPECT_TRUE(options.HighBitRestricted());
@@ -51,7 +52,7 @@ TEST_F(Options, HaveTheirDefaultsWithoutAFile) {
   EXPECT_EQ(options.PaperSource(), 0U);
   EXPECT_TRUE(options.HasCrop());
   EXPECT_FALSE(options.FeederAutoCrop());
-  EXPECT_EQ(OptionFile(engine_, system_, folder_.Path("none")).Read(option_key::defaultDevice), "NoDefault");
+  EXPECT_EQ(OptionFile(engine_, system_, none).Read(option_key::defaultDevice), "NoDefault");
 }
 
 TEST_F(Options, ChooseTheFaceAndTheName) {
@@ -63,36 +64,25 @@ TEST_F(Options, ChooseTheFaceAndTheName) {
   EXPECT_EQ(From<ModuleSettings>("[RunTime]\nDriverType=257\n").DriverType(), 1);
 }
 
-TEST_F(Options, ShowPaperSourceControlsOnlyWithBothKeys) {
-  EXPECT_FALSE(From<RuntimeOptions>("[OPTION]\nEnablePaperSource=1\n").PaperSourceControlsShown());
-  EXPECT_FALSE(From<RuntimeOptions>("[OPTION]\nLLDriverInterface=1\n").PaperSourceControlsShown());
-  EXPECT_TRUE(
-      From<RuntimeOptions>("[option]\nLLDriverInterface=1\nEnablePaperSource=1\n").PaperSourceControlsShown());
-}
-
 TEST_F(Options, CutTextsBetweenCharacters) {
-  EXPECT_EQ(From<ModuleSettings>("[INIFiles]\nQUIRNMFP_PROFILE=" + std::string(60, 'n') + "\n").ProfileName(),
-            std::string(49, 'n'));
-  // 48 bytes, then a character of three that has no room.
-  EXPECT_EQ(From<ModuleSettings>("[INIFiles]\nQUIRNMFP_PROFILE=" + std::string(48, 'n') + "\u7DE8x\n").ProfileName(),
-            std::string(48, 'n'));
-  EXPECT_EQ(From<ModuleSettings>("[INIFiles]\nQUIRNMFP_PROFILE=" + std::string(46, 'n') + "\u7DE8x\n").ProfileName(),
-            std::string(46, 'n') + "\u7DE8");
+  const auto cut = [&](std::size_t count, const char* end) {
+    return From<ModuleSettings>("[INIFiles]\nQUIRNMFP_PROFILE=" + std::string(count, 'n') + end).ProfileName();
+  };
+  EXPECT_EQ(cut(60, "\n"), std::string(49, 'n'));
+  EXPECT_EQ(cut(48, "\u7DE8x\n"), std::string(48, 'n')) << "a character of three bytes that has no room";
+  EXPECT_EQ(cut(46, "\u7DE8x\n"), std::string(46, 'n') + "\u7DE8");
   EXPECT_EQ(From<OptionFile>("[Device]\nDefault=" + std::string(300, 'd') + "\n").Read(option_key::defaultDevice),
             std::string(255, 'd'));
 }
 
 TEST_F(Options, RestrictHighBitsToListedApplications) {
   const struct {
-    const char* list;
-    const char* application;
+    const char *list, *application;
     bool listed;
   } cases[] = {{"a,b", "b", true},   {"a,b", "a", true},   {"a,b", "B", false}, {"a, b", "b", false},
                {"a, b", " b", true}, {",,a", "a", true},   {"a,,", "", false},  {"", "", false},
                {"ab", "a", false},   {"a,b", "a,b", false}};
   for (const auto& c : cases) EXPECT_EQ(ListsApplication(c.list, c.application), c.listed) << c.list;
-  EXPECT_FALSE(From<RuntimeOptions>("[OPTION]\nAppName=b\nEnable36BitApps=a,b\n").HighBitRestricted());
-  EXPECT_TRUE(From<RuntimeOptions>("[OPTION]\nAppName=B\nEnable36BitApps=a,b\n").HighBitRestricted());
 }
 
 TEST_F(Options, KeepTheDialogsPlace) {
@@ -120,8 +110,7 @@ TEST_F(Options, GiveEachModeItsAdjustments) {
       "GrayGamma=1.2\nB&WBrightness=5\nB&WContrast=6\nB&WGamma=1.3\nJPEGQualityFactor=7.9\n";
   const struct {
     std::uint32_t mode;
-    int brightness;
-    int contrast;
+    int brightness, contrast;
     double gamma;
   } cases[] = {{mode::colour, -1, 2, 1.1},  {mode::jpegColour, -1, 2, 1.1}, {mode::gray, 3, 4, 1.2},
                {mode::jpegGray, 3, 4, 1.2}, {mode::blackWhite, 5, 0, 1.3},  {77, 0, 0, 1.0}};

@@ -156,8 +156,7 @@ TEST_F(ProfileFile, ReadsHexadecimalRecords) {
   using Bytes = std::array<std::uint8_t, 3>;
   const struct {
     const char* text;
-    std::size_t offset;
-    std::size_t count;
+    std::size_t offset, count;
     Bytes bytes;
   } cases[] = {
       {"00AB", 0, 2, {0x00, 0xAB, 9}}, {"00ab", 0, 2, {0x00, 0xAB, 9}}, {"00AB1", 0, 2, {0x00, 0xAB, 9}},
@@ -183,7 +182,7 @@ TEST_F(ProfileFile, WritesHexadecimalRecordsInUpperCase) {
   EXPECT_FALSE(profile_.WriteBinary("s", "k", {}));
 }
 
-TEST_F(ProfileFile, TellsAnEmptyValueFromNoKey) {
+TEST_F(ProfileFile, TellsAnEmptyValueFromNoKeyAndAFileFromNone) {
   Content("[s]\nk=1\nother=2\n");
   EXPECT_TRUE(profile_.WriteString("s", "k", nullptr));
   EXPECT_EQ(folder_.Read("p.ini"), "[s]\nk=\nother=2\n");
@@ -191,6 +190,11 @@ TEST_F(ProfileFile, TellsAnEmptyValueFromNoKey) {
   EXPECT_FALSE(profile_.DeleteKey("s", nullptr));
   EXPECT_TRUE(profile_.DeleteKey("s", "k"));
   EXPECT_EQ(folder_.Read("p.ini"), "[s]\nother=2\n");
+  profile_.SetFileName(nullptr);
+  EXPECT_EQ(profile_.GetInteger("s", "other", 9, 10), 9U);
+  EXPECT_FALSE(profile_.WriteString("s", "other", "3"));
+  profile_.SetFileName(folder_.Path("p.ini").c_str());
+  EXPECT_EQ(profile_.GetInteger("s", "other", 9, 10), 2U);
   EXPECT_TRUE(profile_.DeleteSection("s"));
   EXPECT_EQ(folder_.Read("p.ini"), "");
 }
@@ -218,15 +222,6 @@ TEST_F(ProfileFile, ListsTheKeysOfASection) {
   EXPECT_EQ(profile_.GetSectionText(nullptr, {}), 0U);
 }
 
-TEST_F(ProfileFile, TakesAnotherFileOrNone) {
-  Value("1");
-  profile_.SetFileName(nullptr);
-  EXPECT_EQ(profile_.GetInteger("s", "k", 9, 10), 9U);
-  EXPECT_FALSE(profile_.WriteString("s", "k", "2"));
-  profile_.SetFileName(folder_.Path("p.ini").c_str());
-  EXPECT_EQ(profile_.GetInteger("s", "k", 9, 10), 1U);
-}
-
 TEST(PackedList, IsWalkedUntilACallbackStops) {
   const auto collect = [](const char* text, void* context) {
     auto& seen = *static_cast<std::string*>(context);
@@ -245,14 +240,9 @@ TEST(PackedList, IsWalkedUntilACallbackStops) {
 }
 
 TEST(TrimBlanksTest, TakesBlanksFromBothEnds) {
-  const struct {
-    const char* text;
-    const char* trimmed;
-  } cases[] = {{" \t a b\r\n", "a b"}, {"ab", "ab"}, {" \r\n", ""}, {"", ""}};
-  for (const auto& c : cases) {
-    std::string text = c.text;
-    EXPECT_EQ(TrimBlanks(text.data()), text != c.trimmed);
-    EXPECT_STREQ(text.c_str(), c.trimmed);
+  for (auto [text, trimmed] : {std::pair{" \t a b\r\n"s, "a b"}, {"ab"s, "ab"}, {" \r\n"s, ""}, {""s, ""}}) {
+    EXPECT_EQ(TrimBlanks(text.data()), text != trimmed);
+    EXPECT_STREQ(text.c_str(), trimmed);
   }
 }
 
