@@ -94,19 +94,12 @@ TEST_F(IconComboTest, DrawsIconAndTextInTheColoursOfTheState) {
     Colour ground, ink;
   };
   const Rect place{0, 0, 120, 24};
+  const Colour window = colourOf(SystemColour::window), windowText = colourOf(SystemColour::windowText);
+  const Colour chosen = colourOf(SystemColour::highlight), chosenText = colourOf(SystemColour::highlightText);
   const Case cases[] = {
-      {"selected",
-       {.index = 0, .place = place, .selected = true},
-       colourOf(SystemColour::highlight),
-       colourOf(SystemColour::highlightText)},
-      {"not selected",
-       {.index = 0, .place = place},
-       colourOf(SystemColour::window),
-       colourOf(SystemColour::windowText)},
-      {"change alone",
-       {.index = 0, .place = place, .entire = false, .selectionChanged = true},
-       colourOf(SystemColour::window),
-       colourOf(SystemColour::windowText)},
+      {"selected", {.index = 0, .place = place, .selected = true}, chosen, chosenText},
+      {"not selected", {.index = 0, .place = place}, window, windowText},
+      {"change", {.index = 0, .place = place, .entire = false, .selectionChanged = true}, window, windowText},
       {"disabled",
        {.index = 0, .place = place, .selected = true, .disabled = true},
        colourOf(SystemColour::buttonFace),

@@ -108,14 +108,11 @@ TEST_F(RealEditTest, Pastes) {
   }
 }
 
-TEST_F(RealEditTest, PastedTextEndsAtTheCaret) {
+TEST_F(RealEditTest, PastedTextEndsAtTheCaretAndAClipboardMayHoldNone) {
   clipboard_.Write("1.");
   Paste("95", {0, 1});
   EXPECT_EQ(edit_.Text(), "1.5");
   EXPECT_EQ(edit_.Selection(), (TextRange{2, 2}));
-}
-
-TEST_F(RealEditTest, ClipboardWithoutText) {
   clipboard_.HoldNoText();
   Paste("2.5", {0, 3});
   EXPECT_EQ(edit_.Text(), "2.5");
