@@ -93,11 +93,8 @@ TEST_F(ListFile, EntriesWithEqualTypeHalvesAndPortAreOne) {
   EXPECT_EQ(list_.Head()->next->record.Name(), std::string(67, 'x'));
 
   // Records compare every type but 0 as 1.
-  ScannerRecord odd;
+  ScannerRecord odd = list_.Head()->record;
   odd.type = 7;
-  odd.highHalf = 1;
-  odd.lowHalf = 2;
-  odd.port = 3;
   EXPECT_EQ(list_.AddScannerRecord(odd), nullptr);
   odd.port = 9;
   EXPECT_NE(list_.AddScannerRecord(odd), nullptr);

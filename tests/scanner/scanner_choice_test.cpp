@@ -242,8 +242,7 @@ TEST_F(ScannerChoice, RefreshSelectsWhatStandsAtTheOldTopOfTheList) {
   Heard();
   Pick("10.0.0.59");
   desk_->Hands().ScrollList(ScannerCombo(), 7);
-  const int top = ScannerCombo().TopIndex();
-  ASSERT_EQ(top, 7);
+  ASSERT_EQ(ScannerCombo().TopIndex(), 7);
   Silence("10.0.0.10");
   Heard();
   Refresh();

@@ -13,12 +13,6 @@
 
 #include "boundary/host_link.h"
 #include "messages.h"
-#include "platform/headless/folder_registry.h"
-#include "platform/headless/headless_boxes.h"
-#include "platform/headless/headless_system.h"
-#include "platform/headless/simulated_network.h"
-#include "platform/headless/simulated_usb.h"
-#include "platform/profile_engine.h"
 #include "resources/dialogs.h"
 #include "resources/ids.h"
 #include "resources/strings.h"
@@ -27,22 +21,11 @@
 #include "scanner/scanner_choice.h"
 #include "tests/support/desk.h"
 #include "tests/support/memory_files.h"
+#include "tests/support/memory_world.h"
 
 namespace set32 {
 
 inline const std::string addEntry(TextOf(text::addScanner));
-
-class NoPaths : public Paths {
- public:
-  std::string ModuleFile() override { return {}; }
-  std::string TemporaryFolder() override { return {}; }
-};
-
-class NoThreads : public Threads {
- public:
-  bool Start(ThreadPriority, std::function<void()>) override { return false; }
-  std::unique_ptr<NamedMutex> MakeMutex(std::string_view, bool) override { return nullptr; }
-};
 
 class ScannerDesk : public testing::Test, public HostWindowHandler, public DialogHandler {
  protected:
@@ -173,8 +156,8 @@ class ScannerDesk : public testing::Test, public HostWindowHandler, public Dialo
   ProfileEngine profiles_{files_};
   FolderRegistry noRegistry_{"/no/such/folder"};
   HeadlessBoxes boxes_;
-  NoPaths paths_;
-  NoThreads threads_;
+  MemoryWorld::FixedPaths paths_;
+  MemoryWorld::NoThreads threads_;
   std::unique_ptr<DeskUnderTest> desk_ = MakeDesk();
   Platform platform_;
 

@@ -1,5 +1,7 @@
 #include "tests/support/recording_handler.h"
 
+#include <map>
+
 namespace set32 {
 
 namespace {
@@ -11,41 +13,30 @@ std::string StateName(RowState state) {
 }
 
 std::string Described(const Event& event) {
-  switch (event.kind) {
-    case EventKind::clicked:
-      return "clicked";
-    case EventKind::editUpdate:
-      return "update";
-    case EventKind::editChanged:
-      return "changed";
-    case EventKind::focusGained:
-      return "gained";
-    case EventKind::focusLost:
-      return "lost";
-    case EventKind::selectionChosen:
-      return "chosen";
-    case EventKind::dropDown:
-      return "drop";
-    case EventKind::closeUp:
-      return "close up";
-    case EventKind::rowChanged:
-      return "row " + std::to_string(event.row) + " " + StateName(event.before) + ">" + StateName(event.after);
-    case EventKind::rowClicked:
-      return "row clicked " + std::to_string(event.row);
-    case EventKind::tabChanging:
-      return "tab changing";
-    case EventKind::tabChanged:
-      return "tab changed";
-    case EventKind::scrolled:
-      return "scrolled " + std::to_string(event.code) + " " + std::to_string(event.position);
-    case EventKind::released:
-      return "released";
-    case EventKind::spinDelta:
-      return "delta " + std::to_string(event.position) + " " + std::to_string(event.delta);
-    case EventKind::paint:
-      return "paint";
-  }
-  return "?";
+  static const std::map<EventKind, std::string> names = {{EventKind::clicked, "clicked"},
+                                                         {EventKind::editUpdate, "update"},
+                                                         {EventKind::editChanged, "changed"},
+                                                         {EventKind::focusGained, "gained"},
+                                                         {EventKind::focusLost, "lost"},
+                                                         {EventKind::selectionChosen, "chosen"},
+                                                         {EventKind::dropDown, "drop"},
+                                                         {EventKind::closeUp, "close up"},
+                                                         {EventKind::rowChanged, "row"},
+                                                         {EventKind::rowClicked, "row clicked"},
+                                                         {EventKind::tabChanging, "tab changing"},
+                                                         {EventKind::tabChanged, "tab changed"},
+                                                         {EventKind::scrolled, "scrolled"},
+                                                         {EventKind::released, "released"},
+                                                         {EventKind::spinDelta, "delta"},
+                                                         {EventKind::paint, "paint"}};
+  const auto number = [](auto value) { return ' ' + std::to_string(value); };
+  std::string told = names.at(event.kind);
+  if (event.kind == EventKind::rowChanged)
+    told += number(event.row) + ' ' + StateName(event.before) + '>' + StateName(event.after);
+  if (event.kind == EventKind::rowClicked) told += number(event.row);
+  if (event.kind == EventKind::scrolled) told += number(event.code) + number(event.position);
+  if (event.kind == EventKind::spinDelta) told += number(event.position) + number(event.delta);
+  return told;
 }
 
 }  // namespace
