@@ -11,6 +11,8 @@
 namespace set32 {
 namespace {
 
+using namespace std::string_literals;
+
 TEST(IntEdit, RepairsAfterEachChange) {
   struct Case {
     const char* text;
@@ -98,31 +100,28 @@ TEST(NumberText, ReadsWhatStandsFirst) {
     double decimal;
   };
   const Case cases[] = {
-      {"", 0, 0.0},
       {"300", 300, 300.0},
       {" 300 dpi", 300, 300.0},
       {"-5", -5, -5.0},
       {"+7", 7, 7.0},
-      {"- 5", 0, 0.0},
       {"1 2", 1, 1.0},
-      {"--5", 0, 0.0},
       {"2.54", 2, 2.54},
       {".5.5", 0, 0.5},
       {"1.2.3", 1, 1.2},
-      {".", 0, 0.0},
-      {"nan", 0, 0.0},
-      {"inf", 0, 0.0},
-      {"0x10", 0, 0.0},
       {"1,5", 1, 1.0},
       {"2147483648", most, 2147483648.0},
       {"-2147483649", -most - 1, -2147483649.0},
       {std::string(400, '9'), most, std::numeric_limits<double>::infinity()},
       {"-" + std::string(400, '9'), -most - 1, -std::numeric_limits<double>::infinity()},
-      {"0." + std::string(400, '0') + "1", 0, 0.0},
   };
-  for (const Case& one : cases) {
+  const auto expect = [](const Case& one) {
     EXPECT_EQ(ReadWholeNumber(one.text), one.whole) << one.text;
     EXPECT_EQ(ReadDecimalNumber(one.text), one.decimal) << one.text;
+  };
+  for (const Case& one : cases) expect(one);
+  const std::string tiny = "0." + std::string(400, '0') + "1";
+  for (const std::string& none : {std::string(), tiny, "- 5"s, "--5"s, "."s, "nan"s, "inf"s, "0x10"s}) {
+    expect({none, 0, 0.0});
   }
 }
 

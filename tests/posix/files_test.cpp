@@ -36,13 +36,17 @@ mode_t ModeOf(const std::string& path) {
   return lstat(path.c_str(), &status) == 0 ? status.st_mode & 0777 : 0;
 }
 
-TEST(ProfileProcesses, WritersOfDifferentKeysLoseNothing) {
+class PosixFilesTest : public testing::Test {
+ protected:
   const ScratchFolder folder;
   const std::string path = folder.Path("p.ini");
+  PosixFiles files;
+  ProfileEngine engine{files};
+};
+
+TEST_F(PosixFilesTest, WritersOfDifferentKeysLoseNothing) {
   const auto writer = [&](char letter) {
-    return InProcess([&path, letter] {
-      PosixFiles files;
-      ProfileEngine engine(files);
+    return InProcess([&, letter] {
       for (int i = 0; i < 200; ++i) {
         if (!engine.WriteString("s", (letter + std::to_string(i)).c_str(), "value", path.c_str())) return false;
       }
@@ -59,11 +63,7 @@ TEST(ProfileProcesses, WritersOfDifferentKeysLoseNothing) {
     EXPECT_NE(content.find(key), std::string::npos) << key;
 }
 
-TEST(ProfileProcesses, AReaderNeverSeesHalfAFile) {
-  const ScratchFolder folder;
-  const std::string path = folder.Path("p.ini");
-  PosixFiles files;
-  ProfileEngine engine(files);
+TEST_F(PosixFilesTest, AReaderNeverSeesHalfAFile) {
   const auto text = [](char letter, std::size_t size) {
     const std::string value(size, letter);
     return "[s]\nfirst=" + value + "\nlast=" + value + "\n";
@@ -91,36 +91,29 @@ TEST(ProfileProcesses, AReaderNeverSeesHalfAFile) {
   EXPECT_GT(reads, 10);
 }
 
-TEST(PosixFilesTest, LockIsWaitedForWithABound) {
-  const ScratchFolder folder;
-  PosixFiles files;
-  auto held = files.Lock(folder.Path("p.ini"), 0);
+TEST_F(PosixFilesTest, LockIsWaitedForWithABound) {
+  auto held = files.Lock(path, 0);
   ASSERT_TRUE(held);
-  EXPECT_FALSE(files.Lock(folder.Path("p.ini"), 30));
-  EXPECT_TRUE(Succeeded(InProcess([&] { return !files.Lock(folder.Path("p.ini"), 0); })));
+  EXPECT_FALSE(files.Lock(path, 30));
+  EXPECT_TRUE(Succeeded(InProcess([&] { return !files.Lock(path, 0); })));
   EXPECT_TRUE(files.Lock(folder.Path("other.ini"), 0));
   std::thread release([&] {
     std::this_thread::sleep_for(std::chrono::milliseconds(20));
     held.reset();
   });
-  EXPECT_TRUE(files.Lock(folder.Path("p.ini"), 5000));
+  EXPECT_TRUE(files.Lock(path, 5000));
   release.join();
 }
 
-TEST(PosixFilesTest, ReadsOnlyRegularFiles) {
-  const ScratchFolder folder;
-  PosixFiles files;
+TEST_F(PosixFilesTest, ReadsOnlyRegularFiles) {
   ASSERT_EQ(mkfifo(folder.Path("pipe").c_str(), 0600), 0);
   EXPECT_FALSE(files.OpenToRead(folder.Path("pipe")));
   EXPECT_FALSE(files.OpenToRead(folder.Path("")));
   EXPECT_FALSE(files.OpenToRead(folder.Path("missing")));
 }
 
-TEST(PosixFilesTest, ReplacementKeepsPermissions) {
-  const ScratchFolder folder;
-  PosixFiles files;
-  ProfileEngine engine(files);
-  const std::string path = folder.Write("p.ini", "[s]\n");
+TEST_F(PosixFilesTest, ReplacementKeepsPermissions) {
+  folder.Write("p.ini", "[s]\n");
   ASSERT_EQ(chmod(path.c_str(), 0664), 0);
   ASSERT_TRUE(engine.WriteString("s", "k", "1", path.c_str()));
   EXPECT_EQ(ModeOf(path), 0664U);

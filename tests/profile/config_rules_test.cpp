@@ -31,20 +31,20 @@ TEST(ConfigRules, ChangesOfAFactoryRowGoToTheCustomRow) {
            {"FFFFFCUU", 7, 7, true},
            {"FFC", 0, 2, false},
            {"UU", 0, 0, true},
-           {"FF", 0, -1, false},  // nothing editable ends the list
-           {"FUF", 0, -1, false},
-           {"F", 0, -1, false},
            {"FU", 0, 1, false},
-           {"-", 0, -1, false},  // the fallback row stores nothing
-           {"", 0, -1, false},
-           {"FC", 2, -1, false},  // past the end
-           {"FC", -1, -1, false},
        }) {
     const AutoSaveTarget target = FindAutoSaveTarget(Rows(c.rows), c.selected);
     EXPECT_EQ(target.row, c.target) << c.rows << " " << c.selected;
-    if (c.target < 0) continue;
     EXPECT_TRUE(target.editable) << c.rows;
     EXPECT_EQ(target.deletable, c.deletable) << c.rows << " " << c.selected;
+  }
+}
+
+TEST(ConfigRules, ChangesWithoutAnEditableRowGoNowhere) {
+  // Nothing editable ends the list, the fallback row stores nothing, and none stands beside the rows.
+  for (const auto& [rows, selected] :
+       {std::pair{"FF", 0}, {"FUF", 0}, {"F", 0}, {"-", 0}, {"", 0}, {"FC", 2}, {"FC", -1}}) {
+    EXPECT_EQ(FindAutoSaveTarget(Rows(rows), selected).row, -1) << rows << " " << selected;
   }
 }
 

@@ -97,13 +97,6 @@ TEST_F(Options, KeepTheDialogsPlace) {
   }
 }
 
-TEST_F(Options, WriteTheDefaultDeviceInPlace) {
-  const auto options = From<OptionFile>("[Device]\r\nDefault=old\r\nx=1\r\n");
-  EXPECT_TRUE(options.Write(option_key::defaultDevice, "10.0.0.1 Scanner"));
-  EXPECT_EQ(folder_.Read("o.ini"), "[Device]\r\nDefault=10.0.0.1 Scanner\r\nx=1\r\n");
-  EXPECT_EQ(options.Read(option_key::defaultDevice), "10.0.0.1 Scanner");
-}
-
 TEST_F(Options, GiveEachModeItsAdjustments) {
   const std::string text =
       "[Default Settings]\nColorBrightness=-1\nColorContrast=2\nColorGamma=1.1\nGrayBrightness=3\nGrayContrast=4\n"
