@@ -51,6 +51,7 @@ TEST(ConfigRules, ChangesWithoutAnEditableRowGoNowhere) {
 TEST(ConfigRules, RowZeroIsNeverTheReasonToStop) {
   for (const char* rows : {"CUU", "FUU", "C", ""}) EXPECT_EQ(CustomRow(Rows(rows)), 1) << rows;
   EXPECT_EQ(CustomRow(Rows("FFF")), 3);
+  EXPECT_EQ(RowAfterDeletion(4, 8, 7), 4) << "the row that moved up, though others follow";
   EXPECT_EQ(RowAfterDeletion(-1, 8, 7), -1) << "no row, and none that moves up";
 }
 
