@@ -33,9 +33,9 @@ rm -f "$snapshot"
 desk=("$build/bin/scan-desk.exe" --page "$page" --snapshot "$snapshot")
 if [ -n "${DISPLAY:-}" ]; then
   say "the window stands on display $DISPLAY until you close it"
-  on_display "$preset" wine "${desk[@]}" "$picture"
+  on_display "$preset" "$tools/with-options.sh" wine "${desk[@]}" "$picture"
 else
-  on_windows "$preset" timeout 120 wine "${desk[@]}" --once "$picture"
+  on_windows "$preset" "$tools/with-options.sh" timeout 120 wine "${desk[@]}" --once "$picture"
   say "no display here: it ran on a virtual one"
 fi
 [ -s "$snapshot" ] || fail "scan-desk left no picture"
