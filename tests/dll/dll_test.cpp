@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "messages.h"
+#include "resources/ids.h"
 #include "tests/support/scratch_folder.h"
 #include "ui_fix_setting.h"
 
@@ -137,6 +138,41 @@ TEST_F(Dll, OpensAPageThatAnswersAndEndsWithItsParent) {
   EXPECT_FALSE(IsWindow(window));
   // The panel kept what it writes at its end.
   EXPECT_NE(folder_.Read("QUIRNPrf.ini").find("Tmp="), std::string::npos);
+}
+
+// The loop below knows nothing of dialogs: it only translates and dispatches.
+void Press(WPARAM key) {
+  PostMessageW(GetFocus(), WM_KEYDOWN, key, 1);
+  Pump();
+}
+
+TEST_F(Dll, IsUsedWithTheKeyboardInALoopThatKnowsNothingOfDialogs) {
+  HostWindow host;
+  ShowWindow(host.window, SW_SHOW);
+  const auto page = reinterpret_cast<HWND>(Open(host.Handle(), host.Handle()));
+  ASSERT_TRUE(IsWindow(page));
+  SetFocus(GetDlgItem(page, id::saveButton));
+  // The disabled button to delete is passed over.
+  std::vector<int> reached;
+  for (int i = 0; i < 8; ++i) {
+    Press(VK_TAB);
+    reached.push_back(GetDlgCtrlID(GetFocus()));
+  }
+  EXPECT_THAT(reached, testing::ElementsAre(id::modeCombo, id::resolutionCombo, id::resolutionEdit, id::sizeCombo,
+                                            id::unitCombo, id::widthEdit, id::heightEdit, id::removeFrameButton));
+  // Enter leaves a numeric edit, so that its value is judged, and goes no further; Escape does nothing.
+  const HWND edit = GetDlgItem(page, id::resolutionEdit);
+  SetFocus(edit);
+  SetWindowTextW(edit, L"150");
+  host.heard.clear();
+  Press(VK_RETURN);
+  EXPECT_NE(GetFocus(), edit);
+  EXPECT_EQ(settings.dpi, 150);
+  EXPECT_THAT(host.heard, testing::ElementsAre(to_host::resolutionChanged));
+  SetFocus(edit);
+  Press(VK_ESCAPE);
+  EXPECT_TRUE(IsWindow(page));
+  EXPECT_TRUE(IsWindowVisible(page));
 }
 
 TEST_F(Dll, RefusesWhatIsNoWindowOfThisProcess) {
