@@ -175,6 +175,28 @@ TEST_F(Dll, IsUsedWithTheKeyboardInALoopThatKnowsNothingOfDialogs) {
   EXPECT_TRUE(IsWindowVisible(page));
 }
 
+TEST_F(Dll, LeavesItsHostTheKeysThatNoDialogAnswers) {
+  HostWindow host;
+  ShowWindow(host.window, SW_SHOW);
+  const auto page = reinterpret_cast<HWND>(Open(host.Handle(), host.Handle()));
+  ASSERT_TRUE(IsWindow(page));
+  const struct {
+    UINT message;
+    WPARAM key;
+    bool reachesHost;
+  } cases[] = {{WM_KEYDOWN, VK_F6, true},     {WM_KEYDOWN, 'L', true},     {WM_KEYUP, 'L', true},
+               {WM_SYSKEYDOWN, 'X', true},    {WM_KEYDOWN, VK_TAB, false}, {WM_KEYDOWN, VK_DOWN, false},
+               {WM_KEYDOWN, VK_ESCAPE, false}};
+  for (const auto& [sent, key, reachesHost] : cases) {
+    SetFocus(GetDlgItem(page, id::saveButton));
+    Pump();
+    PostMessageW(GetFocus(), sent, key, 1);
+    MSG message{};
+    EXPECT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
+    EXPECT_EQ(message.message == sent && message.wParam == key, reachesHost) << sent << ' ' << key;
+  }
+}
+
 TEST_F(Dll, RefusesWhatIsNoWindowOfThisProcess) {
   HostWindow host;
   HostWindow dead;

@@ -165,7 +165,10 @@ void Win32Dialog::OnSize(WPARAM how, Size client) {
   if (client == client_ || how == SIZE_MINIMIZED) return;
   client_ = client;
   const ResizeKind kind = how == SIZE_MAXIMIZED ? ResizeKind::maximised : ResizeKind::restored;
+  const HWND window = window_;
   Tell([=](DialogHandler& handler) { handler.OnResize(kind, client); });
+  // A moved control takes its pixels along, and a group's frame those of whatever stands over it.
+  RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 void Win32Dialog::Deliver(const Event& event) const {

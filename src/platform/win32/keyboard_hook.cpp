@@ -35,6 +35,21 @@ bool WantsForItself(MSG& message) {
   return (wants & DLGC_WANTMESSAGE) != 0;
 }
 
+// What a dialog answers by itself. Every other key is the host's first, since its loop may know it as one of its own.
+bool IsDialogKey(const MSG& message) {
+  switch (message.message) {
+    case WM_KEYDOWN:
+      return message.wParam == VK_TAB || (message.wParam >= VK_LEFT && message.wParam <= VK_DOWN);
+    case WM_SYSKEYDOWN:
+      return message.wParam == VK_MENU;  // shows the mnemonics
+    case WM_CHAR:
+    case WM_SYSCHAR:
+      return true;
+    default:
+      return false;
+  }
+}
+
 bool TakeKey(MSG& message) {
   const Surroundings around = AroundWindow(message.hwnd);
   if (around.inner == nullptr) return false;
@@ -47,7 +62,7 @@ bool TakeKey(MSG& message) {
     if (down && escape) around.inner->Cancel();
     return true;
   }
-  return IsDialogMessageW(around.outer->Window(), &message) != FALSE;
+  return IsDialogKey(message) && IsDialogMessageW(around.outer->Window(), &message) != FALSE;
 }
 
 LRESULT CALLBACK OnMessageTaken(int code, WPARAM removed, LPARAM lParam) {
