@@ -50,9 +50,10 @@ with_prefix() {
   local preset=$1
   shift
   if [ "$preset" = mingw-i686 ]; then
-    # The prefix's files are shared, its registry is not: wine writes that to new files.
+    # The prefix's files are shared; its registry is a copy, since wine writes a file with two names in place.
     inside_root bash -c 'set -e; prefix=$(mktemp -d /root/run.XXXXXX); trap "rm -rf $prefix" EXIT
-      cp -al /root/prefix/. "$prefix/"; export WINEPREFIX=$prefix
+      cp -al /root/prefix/. "$prefix/"; cp --remove-destination /root/prefix/*.reg "$prefix/"
+      export WINEPREFIX=$prefix
       status=0; "$@" || status=$?; wineserver -k || true; exit $status' run "$@"
   else
     local prefix=$project/build/windows/prefix64
