@@ -17,7 +17,7 @@ void CPanelPage::FitModeEntries() {
   for (const ModeEntry& entry : AllModes()) {
     const std::string text = String(entry.stringId);
     const bool stands = ModeStands(entry.mode, settings_->paperSource, state_.jpegModesOn);
-    const bool isThere = Get<Combo>(id::modeCombo).FindExact(-1, text) >= 0;
+    const bool isThere = modeCombo_.Has(text);
     if (isThere && !stands) modeCombo_.RemoveByText(text);
     if (stands && !isThere) modeCombo_.AddResourceIcon(entry.icon, text);
   }

@@ -99,7 +99,7 @@ void CPanelPage::ApplySizeChoice() {
     settings_->height = settings_->customHeight;
     if (state_.notifySize) host_.AreaChanged(*settings_);
   }
-  if (settings_->paperSource == paper_source::feeder && settings_->sizeId != size_id::userDefined) {
+  if (LiesMidFeeder(settings_->sizeId, settings_->paperSource, face_.rules)) {
     if (const std::optional<PreviewFacts> facts = FactsOf(preview_)) {
       settings_->frameLeft = CentredOnFeeder(settings_->width, *facts);
     }

@@ -212,6 +212,10 @@ TEST(Preview, ResolutionAndEdges) {
   EXPECT_FALSE(FitsPreview(infinite, 1, width, page));
   EXPECT_TRUE(FitsPreview(1.0, -2147483647, width, page));
 
+  EXPECT_TRUE(LiesMidFeeder(size_id::a5, feeder, sheetFaceRules));
+  EXPECT_FALSE(LiesMidFeeder(size_id::userDefined, feeder, sheetFaceRules));
+  EXPECT_FALSE(LiesMidFeeder(size_id::a5, positive, sheetFaceRules));
+  EXPECT_FALSE(LiesMidFeeder(size_id::a4, feeder, inlineFaceRules)) << "its pages begin at the edge on every source";
   EXPECT_EQ(CentredOnFeeder(8.27, page), 11);
   EXPECT_EQ(CentredOnFeeder(8.5, page), 0);
   EXPECT_EQ(CentredOnFeeder(20.0, page), 0);

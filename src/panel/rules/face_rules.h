@@ -56,6 +56,7 @@ struct FaceRules {
   std::span<const SizeRow> transparencySizes;  // looked at first on the transparency sources
   BySource<bool> sizeEditsEnabled;
   BySource<std::int32_t> frameLeftOfChoice;  // preview pixels: `frameLeft` after a size was chosen
+  bool centresOnFeeder;                      // a chosen page then lies in the middle of the feeder
   bool smallestSizeHasOwnText;               // 0.30 inch shows as 0.77 cm, and its pixels are rounded, not cut
   bool typedSizeKeepsToPreview;              // a typed size may not pass the preview's edge
   double reportTolerance;                    // inches by which a reported size may differ and still be the same

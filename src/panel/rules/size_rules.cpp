@@ -160,6 +160,10 @@ bool FitsPreview(double inches, std::int32_t frameStart, Dimension dimension, co
   return pixels + frameStart + 1 <= ExtentOf(preview, dimension);
 }
 
+bool LiesMidFeeder(std::uint32_t sizeId, std::uint32_t source, const FaceRules& rules) {
+  return rules.centresOnFeeder && source == paper_source::feeder && sizeId != size_id::userDefined;
+}
+
 std::int32_t CentredOnFeeder(double width, const PreviewFacts& preview) {
   const std::int64_t left = (std::int64_t{preview.width} - CutToInt(preview.dpi * width)) / 2;
   return static_cast<std::int32_t>(std::clamp<std::int64_t>(left, 0, std::numeric_limits<std::int32_t>::max()));

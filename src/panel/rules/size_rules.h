@@ -73,7 +73,8 @@ std::int32_t PreviewDpi(std::int32_t pixelsPerMetre);
 // starts at 0 always does; the caller asks nothing when there is no preview.
 bool FitsPreview(double inches, std::int32_t frameStart, Dimension dimension, const PreviewFacts& preview);
 
-// `frameLeft` of a page that lies in the middle of the feeder.
+// Whether a chosen size lies in the middle of the feeder, and its `frameLeft` there.
+bool LiesMidFeeder(std::uint32_t sizeId, std::uint32_t source, const FaceRules& rules);
 std::int32_t CentredOnFeeder(double width, const PreviewFacts& preview);
 
 // Whether a size reported by the host is the one that the record holds.
