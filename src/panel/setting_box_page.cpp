@@ -103,7 +103,8 @@ void CSettingBoxPage::OnInit(Dialog& dialog) {
   SelectSource(pageSource_);
   ShowAutoCropAtStart();
   FillModes();
-  if (pageSource_ == paper_source::feeder || IsTransparency(pageSource_)) ChangePaperSource();
+  const std::uint32_t source = settings_->paperSource;
+  if (source == paper_source::feeder || IsTransparency(source)) ChangePaperSource();
   Get<Combo>(id::modeCombo).SelectIndex(std::max(IndexOfMode(settings_->mode), 0));
   SetSizeRanges();
   if (advanced_ != nullptr) advanced_->LoadFromSettings(settings_);

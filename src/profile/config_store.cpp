@@ -149,7 +149,7 @@ int CConfigStore::LastSelectedRow() const {
 }
 
 void CConfigStore::SetButtons() {
-  if (selectedRow < 0) return;
+  if (selectedRow == -1) return;
   const RowButtons buttons = ButtonsOf(FlagsOf(selectedRow));
   dialog_->Get<Button>(id::saveButton).SetEnabled(buttons.save);
   dialog_->Get<Button>(id::deleteButton).SetEnabled(buttons.remove);

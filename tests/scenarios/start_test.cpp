@@ -54,10 +54,12 @@ TEST_F(Start, CorrectsASelectedRowThatThereIsnt) {
   struct Case {
     const char* stored;
     const char* shown;
-    bool save;
+    bool save, remove;
   };
-  for (const Case& one : {Case{"99", "index=-1 ", true}, Case{"6", "index=-1 ", true}, Case{"0", "index=0 ", false},
-                          Case{"x", "index=0 ", false}, Case{"-7", "index=-1 ", true}}) {
+  // -1 is no row at all: the buttons stay as they were.
+  for (const Case& one : {Case{"99", "index=-1 ", true, false}, Case{"6", "index=-1 ", true, false},
+                          Case{"0", "index=0 ", false, false}, Case{"x", "index=0 ", false, false},
+                          Case{"-7", "index=-1 ", true, false}, Case{"-1", "index=-1 ", true, true}}) {
     SCOPED_TRACE(one.stored);
     StartAfresh();
     Open();
@@ -67,8 +69,7 @@ TEST_F(Start, CorrectsASelectedRowThatThereIsnt) {
     Open();
     EXPECT_TRUE(Shows(id::configList, one.shown));
     EXPECT_TRUE(Shows(id::saveButton, one.save ? "visible enabled" : "visible disabled"));
-    // With no row at all the button stays as it was; it finds nothing to delete.
-    EXPECT_TRUE(Shows(id::deleteButton, *one.stored == '-' ? "visible enabled" : "visible disabled"));
+    EXPECT_TRUE(Shows(id::deleteButton, one.remove ? "visible enabled" : "visible disabled"));
   }
 }
 
@@ -110,6 +111,20 @@ TEST_F(Start, PassesASourceThatThereIsnt) {
   EXPECT_EQ(Told(), Joined({"40C", Refresh(1), "402", Refresh(1)}));
   EXPECT_TRUE(Shows(id::configList, "index=-1 rows= "));
   EXPECT_TRUE(Shows(id::sourceCombo, "index=-1"));
+}
+
+// A host that turns to another source in the middle gets the page's own back, with all that a change of source tells.
+TEST_F(Start, ChangesTheSourceOfARecordThatTheHostChangedMeanwhile) {
+  bool changed = false;
+  OnEveryLine([&](const std::string& line) {
+    if (changed || !line.starts_with("host 0x404")) return;
+    changed = true;
+    Record().paperSource = paper_source::positive;
+  });
+  ASSERT_TRUE(TheSession().Open());
+  EXPECT_EQ(Told(), Joined({"40C", Refresh(1), "403/1 405/0:100", Refresh(1), "403[3 0]", Refresh(1), "402", "402",
+                            Refresh(1)}));
+  EXPECT_EQ(Record().paperSource, paper_source::flatbed);
 }
 
 TEST_F(Start, NeedsRecordPlaceAndWindows) {
