@@ -8,23 +8,34 @@ namespace set32::win32 {
 
 namespace {
 
-// The dialogs around a window, as far as they are ours.
+// The innermost dialog of ours around a window, and the outermost one that it takes part in.
 struct Surroundings {
   Win32Dialog* inner = nullptr;
-  Win32Dialog* outer = nullptr;
+  HWND outer = nullptr;
 };
+
+bool HasDialogClass(HWND window) {
+  constexpr ULONG_PTR dialogClass = 32770;
+  return GetClassLongPtrW(window, GCW_ATOM) == dialogClass;
+}
+
+// Tabbing runs through children that are marked so, up to a dialog of the host's, if the panel stands in one.
+bool TabbingGoesThrough(HWND window) {
+  const auto style = static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE));
+  const auto extended = static_cast<DWORD>(GetWindowLongPtrW(window, GWL_EXSTYLE));
+  return (style & WS_CHILD) != 0 && (extended & WS_EX_CONTROLPARENT) != 0;
+}
 
 Surroundings AroundWindow(HWND window) {
   Surroundings around;
-  for (HWND at = window; at != nullptr; at = GetAncestor(at, GA_PARENT)) {
-    Win32Dialog* dialog = Win32Dialog::Of(at);
-    if (dialog == nullptr) {
-      if (around.outer != nullptr) break;
-      continue;
-    }
-    if (around.inner == nullptr) around.inner = dialog;
-    around.outer = dialog;
-    if (!dialog->IsChild()) break;
+  HWND at = window;
+  while (at != nullptr && (around.inner = Win32Dialog::Of(at)) == nullptr) at = GetAncestor(at, GA_PARENT);
+  if (at == nullptr) return around;
+  around.outer = at;
+  while (TabbingGoesThrough(at)) {
+    at = GetAncestor(at, GA_PARENT);
+    if (GetWindowThreadProcessId(at, nullptr) != GetCurrentThreadId()) break;
+    if (HasDialogClass(at)) around.outer = at;
   }
   return around;
 }
@@ -50,26 +61,40 @@ bool IsDialogKey(const MSG& message) {
   }
 }
 
+void TakeEnterOrEscape(const Win32Dialog& dialog, MSG& message) {
+  if (message.message != WM_KEYDOWN) return;
+  if (WantsForItself(message)) {
+    DispatchMessageW(&message);
+  } else if (message.wParam == VK_RETURN) {
+    dialog.TakeEnter();
+  } else {
+    dialog.Cancel();
+  }
+}
+
 bool TakeKey(MSG& message) {
   const Surroundings around = AroundWindow(message.hwnd);
   if (around.inner == nullptr) return false;
-  const bool down = message.message == WM_KEYDOWN;
-  const bool enter = message.wParam == VK_RETURN;
-  const bool escape = message.wParam == VK_ESCAPE;
-  if (message.message <= WM_CHAR && (enter || escape)) {
-    if (down && WantsForItself(message)) return false;
-    if (down && enter) around.inner->TakeEnter();
-    if (down && escape) around.inner->Cancel();
+  if (message.message <= WM_CHAR && (message.wParam == VK_RETURN || message.wParam == VK_ESCAPE)) {
+    TakeEnterOrEscape(*around.inner, message);
     return true;
   }
-  return IsDialogKey(message) && IsDialogMessageW(around.outer->Window(), &message) != FALSE;
+  return IsDialogKey(message) && IsDialogMessageW(around.outer, &message) != FALSE;
+}
+
+// Menus, and windows that are moved by keys, take their keys in a loop of their own.
+bool KeysBelongToTheSystem() {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof info;
+  constexpr DWORD busy = GUI_INMENUMODE | GUI_INMOVESIZE | GUI_POPUPMENUMODE | GUI_SYSTEMMENUMODE;
+  return GetGUIThreadInfo(GetCurrentThreadId(), &info) && (info.flags & busy) != 0;
 }
 
 LRESULT CALLBACK OnMessageTaken(int code, WPARAM removed, LPARAM lParam) {
   if (code == HC_ACTION && removed == PM_REMOVE) {
     auto& message = *reinterpret_cast<MSG*>(lParam);
     const bool isKey = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
-    if (isKey && TakeKey(message)) {
+    if (isKey && !KeysBelongToTheSystem() && TakeKey(message)) {
       message.message = WM_NULL;
       message.wParam = 0;
       message.lParam = 0;

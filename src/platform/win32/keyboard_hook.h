@@ -1,9 +1,10 @@
 // Keys in a loop that knows nothing of dialogs.
 //
-// The host's message loop only translates and dispatches. While a dialog stands, a hook on its thread offers every
-// key message that the loop takes to the dialog in which it would land; what the dialog uses the loop never sees.
-// Enter and Escape stay in the innermost dialog, all other keys move in the outermost, so that Tab runs through a
-// sheet.
+// The host's message loop only translates and dispatches. While a dialog stands, a hook on its thread offers the key
+// messages that the loop takes to the dialog in which they would land; what the dialog uses the loop never sees, and
+// what it has no use for, such as the keys of the host's own commands, goes the loop's way. Enter and Escape stay in
+// the innermost dialog, all other keys move in the outermost, so that Tab runs through a sheet, and through a dialog
+// of the host's around it.
 #pragma once
 
 #include "platform/win32/handle.h"
