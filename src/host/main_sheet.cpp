@@ -23,11 +23,12 @@ CAdvanceMainSheet::~CAdvanceMainSheet() {
   sheet_.reset();
 }
 
-void CAdvanceMainSheet::Create(WindowHandle parent) {
+bool CAdvanceMainSheet::Create(WindowHandle parent) {
   sheet_ = state_.platform.windows.Create(*FindDialog(dialog::sheet), parent, *this);
-  if (sheet_ == nullptr) return;
+  if (sheet_ == nullptr) return false;
   sheet_->SetTitle(caption_);
   EnsureWindow(active_);
+  return true;
 }
 
 // A tab a page, named by the page's own caption.
@@ -65,10 +66,19 @@ void CAdvanceMainSheet::FitSheet() {
   FitPages();
 }
 
-void CAdvanceMainSheet::FitPages() {
+// What the tabs leave; all of the sheet where there is no tab bar to be had.
+Rect CAdvanceMainSheet::PageArea() const {
+  if (!Tabs().Exists()) {
+    const Size client = sheet_->ClientSize();
+    return {0, 0, client.width, client.height};
+  }
   const Rect bar = Tabs().Place();
-  Rect area = Tabs().DisplayArea();
-  area = {area.left + bar.left, area.top + bar.top, area.right + bar.left, area.bottom + bar.top};
+  const Rect area = Tabs().DisplayArea();
+  return {area.left + bar.left, area.top + bar.top, area.right + bar.left, area.bottom + bar.top};
+}
+
+void CAdvanceMainSheet::FitPages() {
+  const Rect area = PageArea();
   for (const Page& page : pages_) {
     if (page.window != nullptr && page.window->IsAlive()) page.window->Move(area);
   }

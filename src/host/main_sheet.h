@@ -28,8 +28,9 @@ class CAdvanceMainSheet : public DialogHandler {
 
   CSettingBoxPage& GeneralPage() { return *generalPage_; }
 
-  // Makes the sheet's window and the start page's inside it, which runs that page's whole start.
-  void Create(WindowHandle parent);
+  // Makes the sheet's window and the start page's inside it, which runs that page's whole start. False when there is
+  // no window to be had; one that ended during the start was had.
+  bool Create(WindowHandle parent);
   bool HasWindow() const { return sheet_ != nullptr && sheet_->IsAlive(); }
   void Show();
   // In the parent's client coordinates.
@@ -54,6 +55,7 @@ class CAdvanceMainSheet : public DialogHandler {
 
   TabBar& Tabs() const { return sheet_->Get<TabBar>(id_sheet::tabs); }
   Dialog* EnsureWindow(int page);
+  Rect PageArea() const;
   void FitPages();
 
   ModuleState& state_;

@@ -30,7 +30,7 @@ struct Module::Inside {
 
   ModuleState state;
   bool openFlag = false;
-  std::unique_ptr<CAdvanceMainSheet> thePanelSheet;  // set once
+  std::unique_ptr<CAdvanceMainSheet> thePanelSheet;  // set once it has a window
 
   WindowHandle OpenSheet(const FixSettingArguments& arguments);
   WindowHandle ReopenSheet(const FixSettingArguments& arguments);
@@ -64,7 +64,11 @@ WindowHandle Module::Inside::OpenSheet(const FixSettingArguments& arguments) {
   if (arguments.caps != nullptr) page.SetCaps(*arguments.caps);
   page.Bind(arguments.limits, *arguments.settings, arguments.hostWindow, arguments.preview);
   state.notifySize = false;
-  sheet.Create(arguments.parentWindow);
+  if (!sheet.Create(arguments.parentWindow)) {
+    thePanelSheet.reset();
+    state.notifySize = true;
+    return 0;
+  }
   sheet.Show();
   sheet.Move(ToRect(*arguments.panelRect));
   sheet.FitSheet();

@@ -1,127 +1,24 @@
 // The built library as a host meets it: loaded by name, opened, closed, misused, unloaded.
-#include <gmock/gmock.h>
-#include <windows.h>
+#include <chrono>
+#include <future>
 
-#include <cstring>
-#include <string>
-#include <vector>
-
-#include "messages.h"
 #include "resources/ids.h"
-#include "tests/support/scratch_folder.h"
-#include "ui_fix_setting.h"
+#include "tests/dll/loaded_panel.h"
+
+#include <commctrl.h>
 
 namespace set32 {
 namespace {
 
-std::wstring ProgramFolder() {
-  std::wstring path(MAX_PATH, L'\0');
-  path.resize(GetModuleFileNameW(nullptr, path.data(), MAX_PATH));
-  return path.substr(0, path.find_last_of(L'\\') + 1);
-}
+constexpr int patience = 5000;  // milliseconds
 
-template <typename Function>
-Function Find(HMODULE library, const char* name) {
-  Function function = nullptr;
-  const FARPROC found = GetProcAddress(library, name);
-  std::memcpy(&function, &found, sizeof function);
-  return function;
-}
-
-// A host's window that writes down what it hears, and may act inside.
-struct HostWindow {
-  HostWindow() {
-    WNDCLASSEXW kind{};
-    kind.cbSize = sizeof kind;
-    kind.lpfnWndProc = Procedure;
-    kind.hInstance = GetModuleHandleW(nullptr);
-    kind.lpszClassName = L"dll-test-host";
-    RegisterClassExW(&kind);
-    window = CreateWindowExW(0, kind.lpszClassName, L"", WS_OVERLAPPEDWINDOW, 0, 0, 400, 600, nullptr, nullptr,
-                             kind.hInstance, nullptr);
-    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+template <typename Condition>
+bool WaitUntil(Condition condition) {
+  for (int waited = 0; waited < patience; waited += 10) {
+    if (condition()) return true;
+    Sleep(10);
   }
-  ~HostWindow() {
-    if (IsWindow(window)) DestroyWindow(window);
-  }
-  HostWindow(const HostWindow&) = delete;
-  HostWindow& operator=(const HostWindow&) = delete;
-
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    auto* host = reinterpret_cast<HostWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    if (host != nullptr && message >= WM_USER && message < WM_APP) {
-      host->heard.push_back(message);
-      if (host->diesAt == message) DestroyWindow(window);
-      return 1;
-    }
-    return DefWindowProcW(window, message, wParam, lParam);
-  }
-
-  WindowHandle Handle() const { return reinterpret_cast<WindowHandle>(window); }
-
-  HWND window = nullptr;
-  std::vector<UINT> heard;
-  UINT diesAt = 0;
-};
-
-// The library lies in a folder of its own, with a module profile that lets it look for no device in the network.
-class Dll : public testing::Test {
- protected:
-  Dll() {
-    folder_.Write("QUIRNMFP.ini", "[RunTime]\r\nDriverType=1\r\n");
-    CopyFileW((ProgramFolder() + L"set32.dll").c_str(), Path().c_str(), FALSE);
-    std::wstring temp = Path();
-    temp.resize(temp.find_last_of(L"\\/"));
-    GetEnvironmentVariableW(L"TMP", temp_, MAX_PATH);
-    SetEnvironmentVariableW(L"TMP", temp.c_str());
-    Load();
-    settings.mode = mode::colour;
-    settings.dpi = 100;
-    settings.resolutionId = resolution::dpi100;
-    settings.width = settings.customWidth = 8.5;
-    settings.height = settings.customHeight = 11;
-  }
-  ~Dll() override {
-    Unload();
-    SetEnvironmentVariableW(L"TMP", temp_);
-  }
-
-  std::wstring Path() const {
-    const std::string path = folder_.Path("set32.dll");
-    return {path.begin(), path.end()};
-  }
-
-  void Load() {
-    library_ = LoadLibraryW(Path().c_str());
-    open_ = Find<UiFixSettingFunction>(library_, "uiFixSetting");
-    isOpen_ = Find<UiIsSettingOpenFunction>(library_, "uiIsSettingOpen");
-    ASSERT_NE(open_, nullptr);
-    ASSERT_NE(isOpen_, nullptr);
-  }
-  void Unload() {
-    if (library_ != nullptr) FreeLibrary(library_);
-    library_ = nullptr;
-  }
-
-  WindowHandle Open(WindowHandle parent, WindowHandle host) {
-    return open_(parent, host, nullptr, &settings, nullptr, 0, 0, 128, 36, &place, nullptr);
-  }
-
-  wchar_t temp_[MAX_PATH] = L"";
-  ScratchFolder folder_;
-  HMODULE library_ = nullptr;
-  UiFixSettingFunction open_ = nullptr;
-  UiIsSettingOpenFunction isOpen_ = nullptr;
-  ScanSettings settings{};
-  PanelRect place{0, 0, 300, 430};
-};
-
-void Pump() {
-  MSG message{};
-  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-    TranslateMessage(&message);
-    DispatchMessageW(&message);
-  }
+  return false;
 }
 
 TEST_F(Dll, OpensAPageThatAnswersAndEndsWithItsParent) {
@@ -140,63 +37,6 @@ TEST_F(Dll, OpensAPageThatAnswersAndEndsWithItsParent) {
   EXPECT_NE(folder_.Read("QUIRNPrf.ini").find("Tmp="), std::string::npos);
 }
 
-// The loop below knows nothing of dialogs: it only translates and dispatches.
-void Press(WPARAM key) {
-  PostMessageW(GetFocus(), WM_KEYDOWN, key, 1);
-  Pump();
-}
-
-TEST_F(Dll, IsUsedWithTheKeyboardInALoopThatKnowsNothingOfDialogs) {
-  HostWindow host;
-  ShowWindow(host.window, SW_SHOW);
-  const auto page = reinterpret_cast<HWND>(Open(host.Handle(), host.Handle()));
-  ASSERT_TRUE(IsWindow(page));
-  SetFocus(GetDlgItem(page, id::saveButton));
-  // The disabled button to delete is passed over.
-  std::vector<int> reached;
-  for (int i = 0; i < 8; ++i) {
-    Press(VK_TAB);
-    reached.push_back(GetDlgCtrlID(GetFocus()));
-  }
-  EXPECT_THAT(reached, testing::ElementsAre(id::modeCombo, id::resolutionCombo, id::resolutionEdit, id::sizeCombo,
-                                            id::unitCombo, id::widthEdit, id::heightEdit, id::removeFrameButton));
-  // Enter leaves a numeric edit, so that its value is judged, and goes no further; Escape does nothing.
-  const HWND edit = GetDlgItem(page, id::resolutionEdit);
-  SetFocus(edit);
-  SetWindowTextW(edit, L"150");
-  host.heard.clear();
-  Press(VK_RETURN);
-  EXPECT_NE(GetFocus(), edit);
-  EXPECT_EQ(settings.dpi, 150);
-  EXPECT_THAT(host.heard, testing::ElementsAre(to_host::resolutionChanged));
-  SetFocus(edit);
-  Press(VK_ESCAPE);
-  EXPECT_TRUE(IsWindow(page));
-  EXPECT_TRUE(IsWindowVisible(page));
-}
-
-TEST_F(Dll, LeavesItsHostTheKeysThatNoDialogAnswers) {
-  HostWindow host;
-  ShowWindow(host.window, SW_SHOW);
-  const auto page = reinterpret_cast<HWND>(Open(host.Handle(), host.Handle()));
-  ASSERT_TRUE(IsWindow(page));
-  const struct {
-    UINT message;
-    WPARAM key;
-    bool reachesHost;
-  } cases[] = {{WM_KEYDOWN, VK_F6, true},     {WM_KEYDOWN, 'L', true},     {WM_KEYUP, 'L', true},
-               {WM_SYSKEYDOWN, 'X', true},    {WM_KEYDOWN, VK_TAB, false}, {WM_KEYDOWN, VK_DOWN, false},
-               {WM_KEYDOWN, VK_ESCAPE, false}};
-  for (const auto& [sent, key, reachesHost] : cases) {
-    SetFocus(GetDlgItem(page, id::saveButton));
-    Pump();
-    PostMessageW(GetFocus(), sent, key, 1);
-    MSG message{};
-    EXPECT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
-    EXPECT_EQ(message.message == sent && message.wParam == key, reachesHost) << sent << ' ' << key;
-  }
-}
-
 TEST_F(Dll, RefusesWhatIsNoWindowOfThisProcess) {
   HostWindow host;
   HostWindow dead;
@@ -204,13 +44,40 @@ TEST_F(Dll, RefusesWhatIsNoWindowOfThisProcess) {
   for (const WindowHandle parent :
        {WindowHandle{0}, dead.Handle(), WindowHandle{0x12345678}, reinterpret_cast<WindowHandle>(GetDesktopWindow())})
     EXPECT_EQ(Open(parent, host.Handle()), WindowHandle{0}) << parent;
+  EXPECT_NE(OpenIn(host), nullptr);
+}
+
+TEST_F(Dll, TurnsASecondThreadAwayAtOnce) {
+  HostWindow host;
+  ASSERT_NE(OpenIn(host), nullptr);
+  settings.dpi = 200;
+  host.heard.clear();
+  auto answer = std::async(std::launch::async, [&] { return OpenIn(host); });
+  // Nobody takes messages here meanwhile, as a host that waits for its thread.
+  EXPECT_EQ(answer.wait_for(std::chrono::milliseconds(patience)), std::future_status::ready);
+  while (answer.wait_for(std::chrono::milliseconds(10)) != std::future_status::ready) Pump();
+  EXPECT_EQ(answer.get(), nullptr);
+  EXPECT_THAT(host.heard, testing::IsEmpty());
+}
+
+TEST_F(Dll, IsCalledOnceMoreInsideAMessageOfTheFirstCall) {
+  HostWindow host;
+  HWND inner = nullptr;
+  host.on = [&](UINT heard) {
+    if (heard == to_host::settingsChanged && inner == nullptr) inner = OpenIn(host);
+  };
+  const HWND outer = OpenIn(host);
+  ASSERT_TRUE(IsWindow(outer));
+  EXPECT_EQ(inner, outer);
 }
 
 TEST_F(Dll, LivesThroughAHostThatEndsItsWindowInsideAMessage) {
   for (const UINT message : {to_host::modeShown, to_host::areaChanged, to_host::deviceSelected}) {
     {
       HostWindow host;
-      host.diesAt = message;
+      host.on = [&](UINT heard) {
+        if (heard == message) DestroyWindow(host.window);
+      };
       Open(host.Handle(), host.Handle());
       Pump();
     }
@@ -233,6 +100,110 @@ TEST_F(Dll, TalksToADeadHostWindowWithoutHarm) {
   EXPECT_EQ(SendMessageW(reinterpret_cast<HWND>(page), to_panel::frameReport, frame_report::drawn,
                          reinterpret_cast<LPARAM>(&report)),
             0);
+}
+
+BOOL CALLBACK TakeBox(HWND window, LPARAM found) {
+  DWORD process = 0;
+  const DWORD thread = GetWindowThreadProcessId(window, &process);
+  constexpr int textOfBox = 0xFFFF;
+  const bool isBox = process == GetCurrentProcessId() && thread != GetCurrentThreadId() && IsWindowVisible(window) &&
+                     GetDlgItem(window, textOfBox) != nullptr;
+  if (isBox) *reinterpret_cast<HWND*>(found) = window;
+  return !isBox;
+}
+
+HWND BoxOfAnotherThread() {
+  HWND box = nullptr;
+  EnumWindows(TakeBox, reinterpret_cast<LPARAM>(&box));
+  return box;
+}
+
+// A message box stands on a thread of its own, and so may stand longer than everything else.
+TEST_F(Dll, StaysLoadedWhileAMessageBoxOfItStands) {
+  HWND box = nullptr;
+  {
+    HostWindow host;
+    ShowWindow(host.window, SW_SHOW);
+    const HWND edit = GetDlgItem(OpenIn(host), id::resolutionEdit);
+    SetFocus(edit);
+    SetWindowTextW(edit, L"1");
+    PostMessageW(edit, WM_KEYDOWN, VK_RETURN, 1);
+    Pump();
+    ASSERT_TRUE(WaitUntil([&] { return (box = BoxOfAnotherThread()) != nullptr; }));
+  }
+  Unload();
+  EXPECT_NE(GetModuleHandleW(Path().c_str()), nullptr);
+  PostMessageW(box, WM_CLOSE, 0, 0);
+  EXPECT_TRUE(WaitUntil([&] { return GetModuleHandleW(Path().c_str()) == nullptr; }));
+  EXPECT_FALSE(IsWindow(box));
+}
+
+// Not what a host should do; its own window goes on, and nothing is written.
+TEST_F(Dll, IsUnloadedUnderAStandingPanel) {
+  HostWindow host;
+  ShowWindow(host.window, SW_SHOW);
+  const HWND page = OpenIn(host);
+  SetFocus(GetDlgItem(page, id::widthEdit));
+  host.heard.clear();
+  const std::string before = folder_.Read("QUIRNPrf.ini");
+  Unload();
+  EXPECT_EQ(GetModuleHandleW(Path().c_str()), nullptr);
+  EXPECT_FALSE(IsWindow(page));
+  PostMessageW(host.window, WM_KEYDOWN, VK_TAB, 1);
+  EXPECT_THAT(Pump(), testing::ElementsAre(VK_TAB));
+  EXPECT_THAT(host.heard, testing::IsEmpty());
+  EXPECT_EQ(folder_.Read("QUIRNPrf.ini"), before);
+}
+
+// The message that ends the host's window may come from elsewhere, and then no loop returns for it.
+TEST_F(Dll, EndsADialogWhoseHostWasEndedByASentMessage) {
+  HostWindow host;
+  ShowWindow(host.window, SW_SHOW);
+  const HWND page = OpenIn(host);
+  const DWORD thread = GetCurrentThreadId();
+  std::promise<void> returned;
+  auto ended = std::async(std::launch::async, [&, done = returned.get_future()] {
+    if (!WaitUntil([&] { return !IsWindowEnabled(host.window); })) return false;
+    SendMessageW(host.window, WM_CLOSE, 0, 0);
+    if (done.wait_for(std::chrono::milliseconds(patience)) == std::future_status::ready) return true;
+    PostThreadMessageW(thread, WM_NULL, 0, 0);
+    return false;
+  });
+  SendMessageW(GetDlgItem(page, id::saveButton), BM_CLICK, 0, 0);
+  returned.set_value();
+  EXPECT_TRUE(ended.get());
+  EXPECT_FALSE(IsWindow(page));
+}
+
+// What a system without a class gives: the page stands where it should, and the rest of it works.
+TEST_F(Dll, LivesWithoutAClassOfControls) {
+  for (const wchar_t* name : {WC_LISTVIEWW, WC_TABCONTROLW, TRACKBAR_CLASSW, UPDOWN_CLASSW, TOOLTIPS_CLASSW}) {
+    SCOPED_TRACE(testing::PrintToString(std::wstring(name)));
+    const HMODULE home = GetModuleHandleW(L"comctl32.dll");
+    WNDCLASSEXW kind{};
+    kind.cbSize = sizeof kind;
+    ASSERT_TRUE(GetClassInfoExW(home, name, &kind));
+    ASSERT_TRUE(UnregisterClassW(name, home));
+    {
+      HostWindow host;
+      const HWND page = OpenIn(host);
+      EXPECT_TRUE(IsWindow(page));
+      RECT area{};
+      GetClientRect(page, &area);
+      EXPECT_GT(area.right, place.right / 2);
+      EXPECT_GT(area.bottom, place.bottom / 2);
+      host.heard.clear();
+      const HWND combo = GetDlgItem(page, id::resolutionCombo);
+      SendMessageW(combo, CB_SETCURSEL, 3, 0);
+      SendMessageW(page, WM_COMMAND, MAKEWPARAM(id::resolutionCombo, CBN_SELCHANGE), reinterpret_cast<LPARAM>(combo));
+      EXPECT_THAT(host.heard, testing::Contains(to_host::resolutionChanged));
+    }
+    kind.hInstance = home;
+    kind.lpszClassName = name;
+    RegisterClassExW(&kind);
+    Unload();
+    Load();
+  }
 }
 
 TEST_F(Dll, LeaksNoHandleOverAHundredLives) {

@@ -40,9 +40,13 @@ bool Win32Dialog::MakeWindow(const DialogTemplate& source) {
   const HWND window = CreateDialogIndirectParamW(
       win32::ModuleInstance(), reinterpret_cast<LPCDLGTEMPLATEW>(bytes.data()), parent_, &Win32Dialog::Procedure, 0);
   if (window == nullptr) return false;
+  // Without its object the window could not even tell that it ended.
+  if (!SetPropW(window, ObjectProperty(), this)) {
+    DestroyWindow(window);
+    return false;
+  }
   window_ = window;
   client_ = win32::ClientSizeOf(window);
-  SetPropW(window, ObjectProperty(), this);
   desk_->standing.push_back(this);
   if (desk_->keyboard == nullptr) desk_->keyboard = std::make_unique<win32::KeyboardHook>();
   TakeControls(source);
@@ -264,6 +268,8 @@ void Win32Dialog::OnWindowGone() {
   const std::shared_ptr<win32::DeskState> desk = desk_;
   std::erase(desk->standing, this);
   if (desk->standing.empty()) desk->keyboard.reset();
+  // So that the loop of its run looks, which a message sent from outside would not wake.
+  if (modal_) PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
   if (silent_) return;
   const win32::Delivery delivery(desk);
   DialogHandler& handler = *handler_;

@@ -59,7 +59,10 @@ INT_PTR Win32Dialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_NOTIFY: {
       const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
       RealControl* control = ControlAround(header.hwndFrom);
-      return control == nullptr ? FALSE : Answer(window_, control->OnNotify(header));
+      if (control == nullptr) return FALSE;
+      const HWND window = window_;
+      const LRESULT result = control->OnNotify(header);
+      return Answer(window, result);
     }
     case WM_HSCROLL:
     case WM_VSCROLL: {

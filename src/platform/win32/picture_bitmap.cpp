@@ -89,13 +89,12 @@ MaskedBitmap MakeMasked(const Picture& picture, std::optional<Colour> transparen
     }
   }
   // Bitmaps of the screen's own kind, since older image lists and icons don't take others.
-  const HDC screen = GetDC(nullptr);
+  const WindowDc screen(nullptr);
   BITMAPINFO info = HeaderFor(picture.size);
   MaskedBitmap result;
   result.colours =
-      OwnedBitmap(CreateDIBitmap(screen, &info.bmiHeader, CBM_INIT, colours.At(0, 0), &info, DIB_RGB_COLORS));
+      OwnedBitmap(CreateDIBitmap(screen.Get(), &info.bmiHeader, CBM_INIT, colours.At(0, 0), &info, DIB_RGB_COLORS));
   result.mask = OwnedBitmap(CreateBitmap(picture.size.width, picture.size.height, 1, 1, mask.data()));
-  ReleaseDC(nullptr, screen);
   return result;
 }
 
