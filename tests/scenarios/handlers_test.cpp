@@ -48,13 +48,18 @@ const std::vector<HandlerCase> handlerCases = {
     {"dpi with high bit depth", [](User&, ScanSettings& record) { record.highBitDepth = 1; },
      [](User& person) { person.Type(id::resolutionEdit, "700"), person.Leave(); }, "", Saves::no, "401/0:@",
      mode::colour, "75 與 600"},
-    {"page size", {}, [](User& person) { person.Pick(id::sizeCombo, "Letter(8.5\"x11\")"); }, "", Saves::yes, "402"},
+    {"page size",
+     {},
+     [](User& person) { person.Pick(id::sizeCombo, "Letter(8.5\"x11\")"); },
+     "",
+     Saves::yes,
+     "402 paint"},
     {"size of the person's own",
      {},
      [](User& person) { person.Pick(id::sizeCombo, "使用者定義"); },
      "402",
      Saves::yes,
-     ""},
+     "paint"},
     {"the same size",
      {},
      [](User& person) { person.Pick(id::sizeCombo, "A4(8.25\"x11.69\")"); },
@@ -87,21 +92,27 @@ const std::vector<HandlerCase> handlerCases = {
     {"width up to the preview's edge", [](User&, ScanSettings& record) { record.frameLeft = 400; },
      [](User& person) { person.Type(id::widthEdit, "4.49"), person.Leave(); }, "407 402 409/1", Saves::yes,
      "402 402"},
-    {"gray", {}, [](User& person) { person.Pick(id::modeCombo, "灰階"); }, "", Saves::yes, "404:2 403", mode::gray},
+    {"gray",
+     {},
+     [](User& person) { person.Pick(id::modeCombo, "灰階"); },
+     "",
+     Saves::yes,
+     "paint 404:2 403",
+     mode::gray},
     {"black and white",
      {},
      [](User& person) { person.Pick(id::modeCombo, "黑白"); },
      "403",
      Saves::yes,
-     "404:4 403",
+     "paint 404:4 403",
      mode::blackWhite},
-    {"the same mode", {}, [](User& person) { person.Pick(id::modeCombo, "全彩"); }, "", Saves::no, "404:1 403"},
+    {"the same mode", {}, [](User& person) { person.Pick(id::modeCombo, "全彩"); }, "", Saves::no, "paint 404:1 403"},
     {"a hidden button",
      {},
      [](User& person) { person.Poke(id::grayRadio); },
      "",
      Saves::yes,
-     "404:2 403",
+     "paint 404:2 403",
      mode::gray},
     {"auto crop on", {}, [](User& person) { person.Click(id::autoCropCheck); }, "409", Saves::yes, ""},
     {"auto crop off", [](User&, ScanSettings& record) { record.autoCrop = 1; },
@@ -188,6 +199,25 @@ TEST_F(Outcomes, OfActs) {
       {"pixels follow the dpi",
        [](User& p, ScanSettings&) { p.Pick(id::unitCombo, "像素"), p.Pick(id::resolutionCombo, "300 dpi"); },
        {{"1252", "edit visible enabled text=\"2550\" low=90 high=2550"}, {"units", "0"}}},
+      {"and a typed one",
+       [](User& p, ScanSettings&) { p.Pick(id::unitCombo, "像素"), p.Type(id::resolutionEdit, "201"), p.Leave(); },
+       {{"1252", "edit visible enabled text=\"1708\" low=60.3 high=1708.5"}}},
+      {"a choice of mode restricts the list anew",
+       [](User& p, ScanSettings& s) { s.descreen = 1, s.dpi = 1200, p.Pick(id::modeCombo, "灰階"); },
+       {{"dpi", "600"}, {"1212", "edit visible enabled text=\"600\" low=75 high=600"}}},
+      {"the hidden buttons follow the row",
+       [](User& p, ScanSettings&) { p.ArrowTo(id::configList, 2); },
+       {{"1205", "radio hidden enabled text=\"\" checked=0"}, {"1206", "radio hidden enabled text=\"\" checked=1"}}},
+      {"a page size ends auto crop and begins at the corner",
+       [](User& p, ScanSettings& s) {
+         p.Click(id::autoCropCheck);
+         s.frameLeft = s.frameTop = 9;
+         p.Pick(id::sizeCombo, "5x7");
+       },
+       {{"autoCrop", "0"},
+        {"1006", "check visible enabled text=\"自動裁切\" checked=0"},
+        {"frameLeft", "0"},
+        {"frameTop", "0"}}},
       {"centimetres are typed and shown",
        [](User& p, ScanSettings&) { p.Pick(id::unitCombo, "公分"), p.Type(id::widthEdit, "2.54"), p.Leave(); },
        {{"sizeId", "7"}, {"1252", "edit visible enabled text=\"2.54\" low=0.762 high=21.59"}, {"units", "0"}}},
@@ -201,8 +231,15 @@ TEST_F(Outcomes, OfActs) {
        [](User& p, ScanSettings&) { p.Click(id::autoCropCheck); },
        {{"autoCrop", "1"}, {"5005", "button visible disabled text=\"移除\""}}},
       {"auto crop off gives Letter",
-       [](User& p, ScanSettings& s) { s.frameLeft = 9, p.Click(id::autoCropCheck), p.Click(id::autoCropCheck); },
-       {{"sizeId", "3"}, {"height", "11"}, {"frameLeft", "0"}, {"5005", "button visible enabled text=\"移除\""}}},
+       [](User& p, ScanSettings& s) {
+         s.frameLeft = s.frameTop = 9;
+         p.Click(id::autoCropCheck), p.Click(id::autoCropCheck);
+       },
+       {{"sizeId", "3"},
+        {"height", "11"},
+        {"frameLeft", "0"},
+        {"frameTop", "0"},
+        {"5005", "button visible enabled text=\"移除\""}}},
       {"the user-defined size leaves auto crop",
        [](User& p, ScanSettings&) { p.Click(id::autoCropCheck), p.Pick(id::sizeCombo, "使用者定義"); },
        {{"autoCrop", "1"}, {"sizeId", "7"}}},
@@ -228,6 +265,71 @@ TEST_F(Outcomes, OfActs) {
     one.act(Person(), Record());
     for (const auto& [asked, seen] : one.seen) EXPECT_EQ(Seen(asked), seen) << asked;
   }
+}
+
+TEST_F(Outcomes, OfTheHiddenButtonsAreModes) {
+  Open();
+  for (const auto& [button, mode] : {std::pair{id::grayButton, mode::gray},
+                                     {id::colourRadio, mode::colour},
+                                     {id::bwButton, mode::blackWhite},
+                                     {id::grayRadio, mode::gray},
+                                     {id::bwRadio, mode::blackWhite},
+                                     {id::colourButton, mode::colour}}) {
+    Person().Poke(button);
+    EXPECT_EQ(Record().mode, mode) << button;
+  }
+}
+
+TEST_F(Outcomes, OfOpenedListsAreTheirWidths) {
+  OfferSources();
+  Open();
+  for (const int list : {id::sizeCombo, id::resolutionCombo, id::scannerCombo, id::sourceCombo}) {
+    auto& combo = dynamic_cast<Combo&>(TheSession().TheDesk().Require(User::Target(list)).control);
+    const int closed = combo.DroppedWidth();
+    combo.Add(std::string(60, 'W'));
+    Person().DropList(list);
+    EXPECT_GT(combo.DroppedWidth(), closed) << list;
+  }
+}
+
+// What a saved change sends in the middle of a refresh may make the host write its word; the refresh puts it back.
+TEST_F(Outcomes, OfARefreshLeaveTheHostsWord) {
+  Open();
+  Person().ArrowTo(id::configList, 2);
+  Forget();
+  Record().hostWord = 7;
+  Record().sizeId = size_id::legal;  // not on the flatbed
+  int refreshes = 0;
+  OnEveryLine([&](const std::string& line) {
+    if (line.starts_with("host 0x404") && ++refreshes == 1) Record().hostWord = 8;
+  });
+  ASSERT_TRUE(TheSession().Open());
+  EXPECT_EQ(Told(), Joined({Refresh(mode::gray), "paint", Refresh(mode::gray)}));
+  EXPECT_EQ(Record().hostWord, 7U);
+  EXPECT_EQ(Record().sizeId, size_id::none);
+}
+
+TEST_F(Outcomes, OfARowReachThePreview) {
+  Record().brightness = 5;
+  Open();
+  CDib& preview = *Host().Preview().Dib();
+  Record().brightness = -40;
+  Record().gammaAll = 2;
+  SaveAs("dark");
+  Person().ArrowTo(id::configList, 2);
+  EXPECT_EQ(preview.brightness, 0);
+  Person().ArrowTo(id::configList, 6);
+  EXPECT_EQ(preview.brightness, -40);
+  EXPECT_EQ(preview.gammaBlue, 2.0);
+}
+
+TEST_F(Outcomes, OfALowPageAreRowsBesideAScrollBar) {
+  Open();
+  const auto& list = dynamic_cast<List&>(TheSession().TheDesk().Require(User::Target(id::configList)).control);
+  const int wide = list.ColumnWidth();
+  const Size page = TheSession().TheDesk().Require(User::Target(id::configList)).dialog.ClientSize();
+  Person().Resize({page.width, page.height - 100});
+  EXPECT_EQ(list.ColumnWidth(), wide - 14);
 }
 
 }  // namespace

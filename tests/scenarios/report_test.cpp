@@ -91,7 +91,7 @@ TEST_F(Reports, OnTheCustomRowAreSavedByNobody) {
   Report(0, -1, -1);
   EXPECT_EQ(Told(), "");
   EXPECT_EQ(Changed(before), "");
-  EXPECT_TRUE(Shows(id::widthEdit, "text=\"750\""));
+  EXPECT_TRUE(Shows(id::widthEdit, "text=\"750\" low=30 high=850 "));
 }
 
 // It isn't the custom row, so what stood before the frame goes into the row in place.

@@ -36,6 +36,7 @@ TEST_F(Start, ShowsWhatTheLastRunLeftAndNotTheRowThatItMarks) {
   Open();
   Person().ArrowTo(id::configList, 2);
   Record().jpegQuality = 3;  // as a host may, at any time
+  Record().autoCrop = 1;
   Record().highBitDepth = 1;
   Record().frameCommand = 0xDEADBEE0;
   Host().Close();
@@ -48,6 +49,8 @@ TEST_F(Start, ShowsWhatTheLastRunLeftAndNotTheRowThatItMarks) {
   EXPECT_EQ(Value("jpegQuality"), "3");
   EXPECT_EQ(Value("mode"), "2");
   EXPECT_EQ(Value("frameCommand"), "0");
+  EXPECT_TRUE(Shows(id::autoCropCheck, "checked=1"));
+  EXPECT_TRUE(Shows(id::removeFrameButton, "disabled"));
 }
 
 TEST_F(Start, CorrectsASelectedRowThatThereIsnt) {
@@ -188,6 +191,28 @@ TEST_F(Start, OffersTheSourcesOfTheDeviceByTheirCodes) {
     EXPECT_TRUE(Shows(id::sourceCombo, one.entries));
     Person().Pick(id::sourceCombo, one.last);
     EXPECT_EQ(Record().paperSource, one.lastSource);
+  }
+}
+
+TEST_F(Start, ShowsWidthAndHeightInPictures) {
+  Open();
+  for (const auto& [button, picture] : {std::pair{id::widthPicture, "SWIDTHU"}, {id::heightPicture, "SHEIGHTU"}}) {
+    const Control& control = TheSession().TheDesk().Require(User::Target(button)).control;
+    EXPECT_EQ(dynamic_cast<const PictureButton&>(control).PictureName(), picture);
+    EXPECT_EQ(control.Place().Width(), 16);
+  }
+}
+
+TEST_F(Start, OffersTheModesOfTheDevice) {
+  Host().Arguments().limits->modeMask = mode::gray;
+  Open();
+  for (const auto& [control, isOffered] : {std::pair{id::colourRadio, false},
+                                           {id::colourButton, false},
+                                           {id::grayRadio, true},
+                                           {id::grayButton, true},
+                                           {id::bwRadio, false},
+                                           {id::bwButton, false}}) {
+    EXPECT_TRUE(Shows(control, isOffered ? "hidden enabled" : "hidden disabled")) << control;
   }
 }
 

@@ -16,20 +16,24 @@ class PageScenario : public Scenario {
  protected:
   using Profile = std::map<std::string, std::string>;
 
-  // What a refresh of the panel says to the host: black and white says its settings once more, first.
+  // What a refresh of the panel says to the host: black and white says its settings once more, first. The picture
+  // comes last.
   static std::string Refresh(std::uint32_t mode) {
-    return (mode == mode::blackWhite ? "403 404:" : "404:") + std::to_string(mode) + " 403 40C";
+    return (mode == mode::blackWhite ? "403 404:" : "404:") + std::to_string(mode) + " 403 40C paint";
   }
 
   // All that the host heard since the last call: "401/0:300" wParam 0 and dpi 300, "403" its record, "409/1" with
-  // wParam 1, "403[3 1]" with frame command 3 for frame 1, "40C" without its text.
+  // wParam 1, "403[3 1]" with frame command 3 for frame 1, "40C" without its text, "paint" the wish for a repaint.
   std::string Told() {
     std::string told;
-    for (const std::string& line : Heard()) {
+    for (const std::string& line : Lines()) {
       const std::vector<Word> words = SplitWords(line);  // host 0x403 0 settings frame 3 1
-      const std::string code = words[1].text.substr(2);
+      const bool isRepaint = words[0].text == "repaint";
+      if (!isRepaint && words[0].text != "host") continue;
+      const std::string code = isRepaint ? "paint" : words[1].text.substr(2);
       if (!told.empty()) told += ' ';
       told += code;
+      if (isRepaint) continue;
       if (code == "401" || code == "405") told += '/' + words[2].text + ':' + words[3].text;
       if (code == "404") told += ':' + words[3].text;
       if (code == "40B" || (words[3].text == "settings" && words[2].text != "0")) told += '/' + words[2].text;
