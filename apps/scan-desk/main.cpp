@@ -3,50 +3,21 @@
 //   scan-desk.exe [--page N] [--snapshot FILE.png] [--once] [PREVIEW.bmp]
 //
 // With --snapshot it writes a picture of itself as soon as the panel stands, turned to page N of its sheet (0 or 1);
-// with --once it ends then.
+// with --once it ends then. The exit status is 0, 1 when there is no panel or no snapshot, 2 for a wrong command
+// line.
 #include <windows.h>
 
-#include <shellapi.h>
-
-#include <string>
-
-#include "apps/scan-desk/desk_window.h"
-#include "apps/scan-desk/snapshot.h"
+#include "apps/scan-desk/window/arguments.h"
+#include "apps/scan-desk/window/desk_window.h"
+#include "apps/scan-desk/window/snapshot.h"
 
 namespace {
-
-struct Arguments {
-  std::wstring picture;
-  std::wstring snapshot;
-  int page = 0;
-  bool once = false;
-};
-
-Arguments ReadArguments() {
-  Arguments arguments;
-  int count = 0;
-  wchar_t** values = CommandLineToArgvW(GetCommandLineW(), &count);
-  for (int i = 1; values != nullptr && i < count; ++i) {
-    const std::wstring value = values[i];
-    if (value == L"--snapshot" && i + 1 < count) {
-      arguments.snapshot = values[++i];
-    } else if (value == L"--page" && i + 1 < count) {
-      arguments.page = values[++i][0] == L'1' ? 1 : 0;
-    } else if (value == L"--once") {
-      arguments.once = true;
-    } else {
-      arguments.picture = values[i];
-    }
-  }
-  LocalFree(values);
-  return arguments;
-}
 
 // A loop that knows nothing of dialogs, as hosts have it: the panel looks after its own keys.
 int RunMessages(const scan_desk::DeskWindow& desk) {
   MSG message{};
   while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-    if (TranslateAcceleratorW(desk.Window(), desk.Keys(), &message)) continue;
+    if (desk.TakeKey(message)) continue;
     TranslateMessage(&message);
     DispatchMessageW(&message);
   }
@@ -70,14 +41,17 @@ void Settle() {
 }  // namespace
 
 int main() {
-  SetProcessDPIAware();
-  const Arguments arguments = ReadArguments();
-  scan_desk::DeskWindow desk;
-  if (!desk.Create(arguments.picture)) return 1;
-  if (arguments.page != 0) scan_desk::TurnToPage(desk.Window(), arguments.page);
-  if (!arguments.snapshot.empty()) {
-    Settle();
-    if (!scan_desk::SaveSnapshot(desk.Window(), arguments.snapshot)) return 1;
+  const std::optional<scan_desk::Arguments> arguments = scan_desk::ReadArguments(GetCommandLineW());
+  if (!arguments) {
+    scan_desk::ShowBox(nullptr, scan_desk::usage);
+    return 2;
   }
-  return arguments.once ? 0 : RunMessages(desk);
+  scan_desk::DeskWindow desk;
+  if (!desk.Create(arguments->picture)) return 1;
+  if (arguments->page != 0) scan_desk::TurnToPage(desk.Window(), arguments->page);
+  if (!arguments->snapshot.empty()) {
+    Settle();
+    if (!scan_desk::SaveSnapshot(desk.Window(), arguments->snapshot)) return 1;
+  }
+  return arguments->once ? 0 : RunMessages(desk);
 }

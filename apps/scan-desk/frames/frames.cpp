@@ -11,14 +11,16 @@ void Frames::SetArea(set32::Size area) {
   area_ = area;
 }
 
-void Frames::Reset() {
-  frames_.assign(1, {0, 0, area_.width, area_.height});
+void Frames::Lay(const Rect& frame) {
+  frames_.assign(1, frame);
   current_ = 0;
+  untouched_ = true;
 }
 
 int Frames::Add(const Rect& frame) {
   frames_.push_back(frame);
   current_ = Count() - 1;
+  untouched_ = false;
   return current_;
 }
 
@@ -33,6 +35,11 @@ void Frames::Select(int index) {
 }
 
 void Frames::Put(int index, const Rect& frame) {
+  PutAsTold(index, frame);
+  untouched_ = false;
+}
+
+void Frames::PutAsTold(int index, const Rect& frame) {
   if (Holds(index)) frames_[static_cast<std::size_t>(index)] = frame;
 }
 

@@ -11,19 +11,25 @@ class Frames {
  public:
   // New frames lie inside this area from now on.
   void SetArea(set32::Size area);
-  // One frame over the whole area.
-  void Reset();
+  set32::Size Area() const { return area_; }
+  // One frame alone, which nobody drew: a given one, or one over the whole area.
+  void Lay(const set32::Rect& frame);
+  void Reset() { Lay({0, 0, area_.width, area_.height}); }
 
   int Count() const { return static_cast<int>(frames_.size()); }
   int Current() const { return current_; }  // -1 for none
   const set32::Rect& At(int index) const { return frames_[static_cast<std::size_t>(index)]; }
+  // There is one frame alone, and the person has not laid a hand on it.
+  bool IsUntouched() const { return untouched_ && Count() == 1; }
 
   // The new one becomes current. Result: its index.
   int Add(const set32::Rect& frame);
   // The one behind it becomes current when the current one goes, else the last.
   void Remove(int index);
   void Select(int index);
+  // A frame's new place by the person's hand, or by the panel's word.
   void Put(int index, const set32::Rect& frame);
+  void PutAsTold(int index, const set32::Rect& frame);
   // The frame under a point, the current one before others; -1 for none.
   int Under(set32::Point point) const;
 
@@ -40,6 +46,7 @@ class Frames {
   set32::Size area_;
   std::vector<set32::Rect> frames_;
   int current_ = -1;
+  bool untouched_ = false;
 };
 
 }  // namespace scan_desk

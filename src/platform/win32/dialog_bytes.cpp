@@ -23,7 +23,8 @@ ClassAndStyle LookOf(const ControlTemplate& control) {
     case ControlKind::label:
       return {L"Static", SS_LEFT | SS_NOPREFIX, 0};
     case ControlKind::group:
-      return {L"Button", BS_GROUPBOX, 0};
+      // A themed frame is a ring some pixels wide, which spares what reaches into it.
+      return {L"Button", BS_GROUPBOX | WS_CLIPSIBLINGS, 0};
     case ControlKind::edit:
       return {L"Edit", ES_AUTOHSCROLL | WS_TABSTOP | WS_CLIPSIBLINGS, WS_EX_CLIENTEDGE};
     case ControlKind::combo:

@@ -24,6 +24,8 @@ class Owned {
 
   Handle Get() const { return handle_; }
   explicit operator bool() const { return handle_ != Handle{}; }
+  // Leaves the handle to whoever frees it from now on.
+  Handle Release() { return std::exchange(handle_, Handle{}); }
   void Reset() {
     if (handle_ != Handle{}) Free(std::exchange(handle_, Handle{}));
   }
@@ -38,6 +40,9 @@ inline void FreeObject(HANDLE handle) {
 inline void FreeBitmap(HBITMAP bitmap) {
   DeleteObject(bitmap);
 }
+inline void FreeFont(HFONT font) {
+  DeleteObject(font);
+}
 inline void FreeMemoryDc(HDC dc) {
   DeleteDC(dc);
 }
@@ -50,13 +55,30 @@ inline void FreeHook(HHOOK hook) {
 inline void FreeKey(HKEY key) {
   RegCloseKey(key);
 }
+inline void FreeMenu(HMENU menu) {
+  DestroyMenu(menu);
+}
+inline void FreeAccelerators(HACCEL keys) {
+  DestroyAcceleratorTable(keys);
+}
+inline void UnloadModule(HMODULE module) {
+  FreeLibrary(module);
+}
+inline void FreeWindow(HWND window) {
+  DestroyWindow(window);
+}
 
 using OwnedHandle = Owned<HANDLE, FreeObject>;
 using OwnedBitmap = Owned<HBITMAP, FreeBitmap>;
+using OwnedFont = Owned<HFONT, FreeFont>;
 using OwnedDc = Owned<HDC, FreeMemoryDc>;
 using OwnedIcon = Owned<HICON, FreeIcon>;
 using OwnedHook = Owned<HHOOK, FreeHook>;
 using OwnedKey = Owned<HKEY, FreeKey>;
+using OwnedMenu = Owned<HMENU, FreeMenu>;
+using OwnedAccelerators = Owned<HACCEL, FreeAccelerators>;
+using OwnedModule = Owned<HMODULE, UnloadModule>;
+using OwnedWindow = Owned<HWND, FreeWindow>;
 
 // A file's handle, with the mark that file calls use for none.
 inline OwnedHandle OwnedFile(HANDLE file) {
@@ -76,6 +98,21 @@ class WindowDc {
 
  private:
   HWND window_;
+  HDC dc_;
+};
+
+// The device context that a window paints with while it answers WM_PAINT.
+class PaintDc {
+ public:
+  explicit PaintDc(HWND window) : window_(window), dc_(BeginPaint(window, &paint_)) {}
+  ~PaintDc() { EndPaint(window_, &paint_); }
+  PaintDc(const PaintDc&) = delete;
+  PaintDc& operator=(const PaintDc&) = delete;
+  HDC Get() const { return dc_; }
+
+ private:
+  HWND window_;
+  PAINTSTRUCT paint_{};
   HDC dc_;
 };
 

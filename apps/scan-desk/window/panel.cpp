@@ -1,9 +1,9 @@
-#include "apps/scan-desk/panel.h"
+#include "apps/scan-desk/window/panel.h"
 
-#include <cstring>
 #include <utility>
 
 #include "messages.h"
+#include "platform/win32/handle.h"
 #include "pointer_word.h"
 
 namespace scan_desk {
@@ -21,8 +21,7 @@ set32::DeviceCaps Capabilities() {
 
 }  // namespace
 
-Panel::Panel() {
-  Load();
+Panel::Panel(std::wstring file) : file_(std::move(file)) {
   settings_.mode = set32::mode::colour;
   settings_.resolutionId = set32::resolution::dpi100;
   settings_.dpi = 100;
@@ -34,42 +33,27 @@ Panel::Panel() {
   settings_.jpegQuality = 9;
 }
 
-// The windows are gone by now, and the panel with them.
-Panel::~Panel() {
-  Unload();
-}
-
-bool Panel::Load() {
-  if (library_ == nullptr) library_ = LoadLibraryW(L"set32.dll");
-  if (library_ != nullptr) {
-    const FARPROC found = GetProcAddress(library_, "uiFixSetting");
-    static_assert(sizeof fixSetting_ == sizeof found);
-    std::memcpy(&fixSetting_, &found, sizeof fixSetting_);
-  }
-  return IsLoaded();
-}
-
-void Panel::Unload() {
-  page_ = nullptr;
-  fixSetting_ = nullptr;
-  if (library_ != nullptr) FreeLibrary(std::exchange(library_, nullptr));
-}
-
-bool Panel::Open(HWND parent, HWND host, set32::CDib& preview, set32::Size size) {
-  if (!IsLoaded()) return false;
+bool Panel::Open(HWND parent, HWND host, set32::CDib& preview, set32::Size size, std::wstring& trouble) {
+  if (!library_.Load(file_, trouble)) return false;
   constexpr std::uint32_t threshold = 128, outputBits = 48;
   const set32::DeviceCaps caps = Capabilities();
   const set32::PanelRect place{0, 0, size.width, size.height};
-  page_ = reinterpret_cast<HWND>(fixSetting_(reinterpret_cast<set32::WindowHandle>(parent),
-                                             reinterpret_cast<set32::WindowHandle>(host), &limits, &settings_,
-                                             &preview, 1, 0, threshold, outputBits, &place, &caps));
+  page_ = reinterpret_cast<HWND>(library_.FixSetting()(
+      reinterpret_cast<set32::WindowHandle>(parent), reinterpret_cast<set32::WindowHandle>(host), &limits, &settings_,
+      &preview, 1, 0, threshold, outputBits, &place, &caps));
+  if (page_ == nullptr) trouble = L"The panel can't be opened.";
   return page_ != nullptr;
 }
 
-void Panel::Report(WPARAM kind, set32::Point corner, double width, double height,
+void Panel::Forget() {
+  page_ = nullptr;
+  library_.Unload();
+}
+
+bool Panel::Report(WPARAM kind, set32::Point corner, double width, double height,
                    std::optional<set32::FrameCommand> command) {
   const set32::LowMemory<set32::FrameCommand> travelling;
-  if (page_ == nullptr || travelling.Get() == nullptr) return;
+  if (page_ == nullptr || travelling.Get() == nullptr) return false;
   set32::ScanSettings report = settings_;
   report.frameLeft = corner.x;
   report.frameTop = corner.y;
@@ -81,27 +65,28 @@ void Panel::Report(WPARAM kind, set32::Point corner, double width, double height
     report.frameCommand = travelling.Word();
   }
   SendMessageW(page_, set32::to_panel::frameReport, kind, reinterpret_cast<LPARAM>(&report));
+  return true;
 }
 
+// Posted, since the question stands until the person has answered it.
 void Panel::AskAddress() {
   if (page_ != nullptr) PostMessageW(page_, set32::to_panel::askAddress, 0, 0);
 }
 
 set32::Size Panel::LeastSize() {
-  constexpr int unitsAcross = 190, unitsDown = 285, points = 8;
+  constexpr int unitsAcross = 190, unitsDown = 285, points = 8, pointsAnInch = 72;
   constexpr wchar_t letters[] = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
   constexpr int letterCount = 52;
-  const HDC screen = GetDC(nullptr);
-  const HFONT font = CreateFontW(-MulDiv(points, GetDeviceCaps(screen, LOGPIXELSY), 72), 0, 0, 0, FW_NORMAL, FALSE,
-                                 FALSE, FALSE, DEFAULT_CHARSET, 0, 0, 0, 0, L"MS Sans Serif");
-  const HGDIOBJ before = SelectObject(screen, font);
+  const set32::win32::WindowDc screen(nullptr);
+  const set32::win32::OwnedFont font(
+      CreateFontW(-MulDiv(points, GetDeviceCaps(screen.Get(), LOGPIXELSY), pointsAnInch), 0, 0, 0, FW_NORMAL, FALSE,
+                  FALSE, FALSE, DEFAULT_CHARSET, 0, 0, 0, 0, L"MS Sans Serif"));
+  const set32::win32::Selected selected(screen.Get(), font.Get());
   SIZE size{};
   TEXTMETRICW metrics{};
-  GetTextExtentPoint32W(screen, letters, letterCount, &size);
-  GetTextMetricsW(screen, &metrics);
-  SelectObject(screen, before);
-  DeleteObject(font);
-  ReleaseDC(nullptr, screen);
+  GetTextExtentPoint32W(screen.Get(), letters, letterCount, &size);
+  GetTextMetricsW(screen.Get(), &metrics);
+  // A dialog unit is a quarter of the letters' average width across and an eighth of their height down.
   const int across = (size.cx / (letterCount / 2) + 1) / 2;
   return {MulDiv(unitsAcross, across, 4), MulDiv(unitsDown, metrics.tmHeight, 8)};
 }

@@ -1,5 +1,5 @@
 // The preview with its frames: what the panel calls the host's window. It takes the panel's messages and paints the
-// picture that the panel renders; a person draws, moves and deletes frames on it by mouse or keyboard.
+// picture that the panel renders; a person draws, moves, sizes and deletes frames on it by mouse or keyboard.
 #pragma once
 
 #include <windows.h>
@@ -7,10 +7,11 @@
 #include <functional>
 #include <string>
 
+#include "apps/scan-desk/frames/frame_drag.h"
 #include "apps/scan-desk/frames/frames.h"
 #include "apps/scan-desk/frames/view_scale.h"
-#include "apps/scan-desk/panel.h"
-#include "apps/scan-desk/picture.h"
+#include "apps/scan-desk/window/panel.h"
+#include "apps/scan-desk/window/picture.h"
 
 namespace scan_desk {
 
@@ -19,53 +20,64 @@ class PreviewView {
   using Told = std::function<void(const std::wstring&)>;
 
   // `heard` gets a line for each message that passes between panel and host, `deviceTold` the chosen scanner (empty
-  // for none), `leave` is called by the Tab key.
-  PreviewView(Picture& picture, Panel& panel, Told heard, Told deviceTold, std::function<void()> leave);
+  // for none). All must outlive the window.
+  PreviewView(Picture& picture, Panel& panel, Told heard, Told deviceTold);
   PreviewView(const PreviewView&) = delete;
   PreviewView& operator=(const PreviewView&) = delete;
 
+  // As a child, which ends with its parent. False when the system has no window to give.
   bool Create(HWND parent);
   HWND Window() const { return window_; }
+  void SetFont(HFONT font) { font_ = font; }
   // Another picture lies there: one frame over it, of which a standing panel is told.
   void PictureChanged();
   // Tells the panel that the automatic crop found the current frame's size.
   void ReportAutoCrop();
 
- private:
-  enum class Drag { none, draws, moves, resizes };
+  // Called by the window.
+  LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  void OnGone() { window_ = nullptr; }
 
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+ private:
+  // What the panel says.
   LRESULT OnPanelMessage(UINT message, WPARAM wParam, LPARAM lParam);
-  void OnFrameTold(const set32::ScanSettings& settings);
-  void OnPaint();
-  void Paint(HDC dc);
-  void OnButtonDown(set32::Point at);
+  void OnAreaTold(const set32::ScanSettings& settings);
+  void OnFrameCommand(const set32::ScanSettings& settings);
+  void OnTabTold(int index);
+  void LayFrame();
+  set32::Rect RecordedFrame(const set32::ScanSettings& settings) const;
+
+  // What the person does.
+  void OnButtonDown(set32::Point at, bool wantsNew);
   void OnPointer(set32::Point at);
   void OnButtonUp();
+  void OnCaptureLost();
   void OnKey(WPARAM key);
+  bool OnCursor() const;
   void NewFrame();
   void DeleteFrame();
-  void Tell(int index, std::uint32_t action);
+  void SelectFrame(int index);
 
-  bool OnCursor() const;
+  void Tell(const FrameChange& change);
+  void TellOfLoneFrame();
+  void OnPaint();
+  void Repaint() const;
+
   // Window pixels for a length at 96 dots an inch.
   int Wide(int pixels) const;
   set32::Rect Shown() const;
-  RECT Placed(const set32::Rect& frame) const;
+  set32::Rect WholePicture() const;
+  set32::Point InPicture(set32::Point at) const { return ToPicture(at, Shown(), picture_.Area()); }
   Grip GripUnder(set32::Point at) const;
 
   Picture& picture_;
   Panel& panel_;
   Told heard_;
   Told deviceTold_;
-  std::function<void()> leave_;
   Frames frames_;
+  FrameDrag drag_;
   HWND window_ = nullptr;
-  Drag drag_ = Drag::none;
-  set32::Point dragStart_;
-  set32::Rect dragged_;
-  Grip grip_;
+  HFONT font_ = nullptr;  // the desk's
 };
 
 }  // namespace scan_desk

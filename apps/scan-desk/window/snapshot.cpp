@@ -1,4 +1,4 @@
-#include "apps/scan-desk/snapshot.h"
+#include "apps/scan-desk/window/snapshot.h"
 
 // The system's picture library names the types of a larger windows.h.
 #include <objidl.h>

@@ -11,21 +11,20 @@ namespace scan_desk {
 
 class Picture {
  public:
-  // White paper, A4 at 100 dots an inch.
-  void MakeBlank();
-  // A bitmap file of any depth that the system can read. On false the picture is as it was and `trouble` says why.
+  // White paper, A4 at 100 dots an inch. False when memory is short.
+  bool MakeBlank();
+  // A bitmap file of any depth. On false the picture is as it was and `trouble` is a sentence that says why.
   bool Open(const std::wstring& path, std::wstring& trouble);
 
   set32::CDib& Dib() { return dib_; }
   const set32::CDib& Dib() const { return dib_; }
   set32::Size Area() const;
-  double DotsPerInch() const { return dotsPerInch_; }
+  double DotsPerInch() const;
 
  private:
-  bool Take(const std::string& bytes);
+  bool Take(const set32::CDib& held, std::wstring& trouble);
 
   set32::CDib dib_;
-  double dotsPerInch_ = 100;
 };
 
 }  // namespace scan_desk

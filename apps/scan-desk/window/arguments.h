@@ -1,0 +1,21 @@
+// The command line of scan-desk.
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace scan_desk {
+
+struct Arguments {
+  std::wstring picture;   // empty for white paper
+  std::wstring snapshot;  // empty for none
+  int page = 0;           // of the panel's sheet, on the snapshot
+  bool once = false;
+};
+
+extern const wchar_t usage[];
+
+// As the system splits a command line, the program's name first. Empty for one that can't be followed.
+std::optional<Arguments> ReadArguments(const wchar_t* commandLine);
+
+}  // namespace scan_desk

@@ -1,0 +1,84 @@
+#include "apps/scan-desk/window/desk_menu.h"
+
+#include <initializer_list>
+#include <iterator>
+
+namespace scan_desk {
+
+namespace {
+
+struct Item {
+  WORD id;  // 0 for a line
+  const wchar_t* text;
+};
+
+void AddMenu(HMENU bar, const wchar_t* title, std::initializer_list<Item> items) {
+  set32::win32::OwnedMenu menu(CreatePopupMenu());
+  for (const Item& item : items) AppendMenuW(menu.Get(), item.id != 0 ? MF_STRING : MF_SEPARATOR, item.id, item.text);
+  if (AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(menu.Get()), title)) menu.Release();
+}
+
+}  // namespace
+
+set32::win32::OwnedMenu MakeDeskMenu() {
+  set32::win32::OwnedMenu bar(CreateMenu());
+  AddMenu(bar.Get(), L"&File",
+          {{command::openPicture, L"&Open preview...\tCtrl+O"}, {0, nullptr}, {command::quit, L"E&xit\tAlt+F4"}});
+  AddMenu(bar.Get(), L"&View",
+          {{command::switchLog, L"&Log of messages\tCtrl+L"},
+           {0, nullptr},
+           {command::nextPane, L"&Next pane\tF6"},
+           {command::previousPane, L"&Previous pane\tShift+F6"}});
+  AddMenu(bar.Get(), L"&Panel",
+          {{command::switchPanel, L"&Open\tCtrl+P"},
+           {0, nullptr},
+           {command::autoCrop, L"Report &auto crop\tCtrl+R"},
+           {command::askAddress, L"Ask for a &scanner's address...\tCtrl+I"}});
+  AddMenu(bar.Get(), L"&Help", {{command::showKeys, L"&Keys\tF1"}});
+  return bar;
+}
+
+// The panel takes its own Tab before a loop sees it, so here it leads on from picture and log.
+set32::win32::OwnedAccelerators MakeDeskKeys() {
+  ACCEL keys[] = {{FVIRTKEY | FCONTROL, 'O', command::openPicture},
+                  {FVIRTKEY | FCONTROL, 'L', command::switchLog},
+                  {FVIRTKEY | FCONTROL, 'P', command::switchPanel},
+                  {FVIRTKEY | FCONTROL, 'R', command::autoCrop},
+                  {FVIRTKEY | FCONTROL, 'I', command::askAddress},
+                  {FVIRTKEY, VK_F1, command::showKeys},
+                  {FVIRTKEY, VK_F6, command::nextPane},
+                  {FVIRTKEY | FSHIFT, VK_F6, command::previousPane},
+                  {FVIRTKEY, VK_TAB, command::nextPane},
+                  {FVIRTKEY | FSHIFT, VK_TAB, command::previousPane}};
+  return set32::win32::OwnedAccelerators(CreateAcceleratorTableW(keys, static_cast<int>(std::size(keys))));
+}
+
+void ShowDeskState(HMENU menu, bool panelStands, bool logShows) {
+  CheckMenuItem(menu, command::switchLog, logShows ? MF_CHECKED : MF_UNCHECKED);
+  CheckMenuItem(menu, command::switchPanel, panelStands ? MF_CHECKED : MF_UNCHECKED);
+  for (const WORD id : {command::autoCrop, command::askAddress})
+    EnableMenuItem(menu, id, panelStands ? MF_ENABLED : MF_GRAYED);
+}
+
+const wchar_t keyLegend[] =
+    L"On the picture\n"
+    L"    drag\tdraws a frame, moves it, or sizes it by its edges\n"
+    L"    Ctrl + drag\tdraws a frame, also inside another\n"
+    L"    Esc\tgives up a drag\n"
+    L"    Insert\tlays a new frame in the middle\n"
+    L"    Delete\tdeletes the current frame\n"
+    L"    Page Up, Page Down\tselect a frame\n"
+    L"    arrows\tmove it by 10 pixels of the picture\n"
+    L"    Shift + arrows\tmove its right and bottom edge\n"
+    L"    Ctrl with these\tby a single pixel\n"
+    L"\n"
+    L"Everywhere\n"
+    L"    F6, Shift + F6\tpicture, panel, log\n"
+    L"    Tab, Shift + Tab\tthe same from picture and log; in the panel its controls\n"
+    L"    Ctrl + O\topens a bitmap as the preview\n"
+    L"    Ctrl + L\tshows or hides the log\n"
+    L"    Ctrl + P\tcloses the panel, or opens it again\n"
+    L"    Ctrl + R\treports the frame as an automatic crop\n"
+    L"    Ctrl + I\tasks for a scanner's address\n";
+
+}  // namespace scan_desk

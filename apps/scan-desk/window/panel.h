@@ -1,0 +1,51 @@
+// The panel as a data source uses it: the record that it edits, the place that it gets, the reports that it takes.
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+#include <string>
+
+#include "apps/scan-desk/window/panel_library.h"
+#include "dib.h"
+#include "host_records.h"
+#include "platform/geometry.h"
+
+namespace scan_desk {
+
+class Panel {
+ public:
+  // `file` names the library; it is loaded when the panel is opened.
+  explicit Panel(std::wstring file);
+  Panel(const Panel&) = delete;
+  Panel& operator=(const Panel&) = delete;
+
+  // Opens the panel as large as `parent`, or binds a standing one anew and moves it. On false no page stands and
+  // `trouble` is a sentence that says why.
+  bool Open(HWND parent, HWND host, set32::CDib& preview, set32::Size size, std::wstring& trouble);
+  // To be called when the parent has ended and the panel with it. A panel stands again only in a library loaded anew,
+  // so the library goes too.
+  void Forget();
+
+  // The window that takes the host's messages; null while no panel stands.
+  HWND Page() const { return page_; }
+  set32::ScanSettings& Settings() { return settings_; }
+
+  // Reports a frame, for one of frame_report::, with what was done to it. The frame is in inches and in pixels of the
+  // preview. False when no page stands to take it.
+  bool Report(WPARAM kind, set32::Point corner, double width, double height,
+              std::optional<set32::FrameCommand> command = {});
+  // Asks the person for a scanner's address.
+  void AskAddress();
+
+  // Pixels that the panel needs at the least, by the size of the font that its dialogs use.
+  static set32::Size LeastSize();
+
+ private:
+  std::wstring file_;
+  PanelLibrary library_;
+  set32::ScanSettings settings_{};
+  HWND page_ = nullptr;  // ends with its parent
+};
+
+}  // namespace scan_desk

@@ -1,0 +1,26 @@
+// How the preview is drawn: the picture in the middle of its window, over it the frames with their numbers.
+#pragma once
+
+#include <windows.h>
+
+#include "apps/scan-desk/frames/frame_drag.h"
+#include "apps/scan-desk/frames/frames.h"
+#include "dib.h"
+#include "platform/geometry.h"
+
+namespace scan_desk {
+
+struct PreviewLook {
+  const set32::CDib& dib;  // 24 bits a pixel, or empty
+  const Frames& frames;
+  const FrameDrag& drag;
+  set32::Rect shown;  // where the picture lies in the window
+  bool hasFocus;
+  int pixel;  // window pixels for one at 96 dots an inch
+  HFONT font;
+};
+
+// Fills the whole client area, in memory first, so that a dragged frame doesn't flicker.
+void PaintPreview(HDC dc, const RECT& client, const PreviewLook& look);
+
+}  // namespace scan_desk

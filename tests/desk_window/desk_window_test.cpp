@@ -1,0 +1,194 @@
+// The desk's window: its panes, its keys, its pictures, and what it says when something is missing.
+#include "apps/scan-desk/window/arguments.h"
+#include "apps/scan-desk/window/desk_menu.h"
+#include "tests/desk_window/desk_fixture.h"
+
+namespace scan_desk {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+namespace id = set32::id;
+
+set32::Size SizeOf(HWND window) {
+  RECT client{};
+  GetClientRect(window, &client);
+  return {client.right, client.bottom};
+}
+
+// What stands on the screen, or would after everything was painted anew.
+std::vector<COLORREF> PixelsOf(HWND window) {
+  const set32::Size size = SizeOf(window);
+  const set32::win32::WindowDc dc(window);
+  const set32::win32::OwnedDc memory(CreateCompatibleDC(dc.Get()));
+  const set32::win32::OwnedBitmap bitmap(CreateCompatibleBitmap(dc.Get(), size.width, size.height));
+  {
+    const set32::win32::Selected selected(memory.Get(), bitmap.Get());
+    BitBlt(memory.Get(), 0, 0, size.width, size.height, dc.Get(), 0, 0, SRCCOPY);
+  }
+  BITMAPINFO info{};
+  info.bmiHeader = {sizeof info.bmiHeader, size.width, size.height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+  std::vector<COLORREF> pixels(static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height));
+  GetDIBits(dc.Get(), bitmap.Get(), 0, static_cast<UINT>(size.height), pixels.data(), &info, DIB_RGB_COLORS);
+  return pixels;
+}
+
+TEST_F(Desk, HidesTheLogAndGivesItsRoomToPictureAndPanel) {
+  ASSERT_TRUE(Open());
+  const set32::Size before = SizeOf(preview_), panel = SizeOf(Page());
+  const int logHeight = SizeOf(log_).height;
+  Press('L', true);
+  EXPECT_FALSE(IsWindowVisible(log_));
+  EXPECT_GE(SizeOf(preview_).height, before.height + logHeight);
+  EXPECT_GE(SizeOf(Page()).height, panel.height + logHeight);
+  RECT frames{}, place{};
+  GetWindowRect(Control(id::frameTabs), &frames);
+  GetWindowRect(GetParent(Page()), &place);
+  EXPECT_GT(frames.bottom, place.bottom - logHeight * 3 / 2) << "what is anchored below went down";
+  UpdateWindow(desk_->Window());
+  Pump();
+  const std::vector<COLORREF> left = PixelsOf(Page());
+  RedrawWindow(Page(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+  Pump();
+  EXPECT_TRUE(left == PixelsOf(Page())) << "moved controls left pixels behind";
+  Press('L', true);
+  EXPECT_TRUE(IsWindowVisible(log_));
+  EXPECT_EQ(SizeOf(preview_), before);
+  EXPECT_EQ(SizeOf(Page()), panel);
+}
+
+TEST_F(Desk, ClosesThePanelWithItsLibraryAndOpensItAgain) {
+  ASSERT_TRUE(Open());
+  for (int i = 0; i < 2; ++i) {
+    Press(VK_INSERT);
+    EXPECT_EQ(Tabs(), 2);
+    SetFocus(Control(id::widthEdit));
+    Press('P', true);
+    EXPECT_EQ(Page(), nullptr);
+    EXPECT_EQ(GetModuleHandleW(library_.c_str()), nullptr);
+    EXPECT_EQ(GetFocus(), preview_);
+    Press(VK_INSERT);  // nobody is there to hear it
+    EXPECT_EQ(GetMenuState(GetMenu(desk_->Window()), command::autoCrop, MF_BYCOMMAND) & MF_GRAYED, MF_GRAYED);
+    Press('P', true);
+    ASSERT_NE(Page(), nullptr);
+  }
+  EXPECT_THAT(said_, ElementsAre());
+}
+
+// The panes by letters: picture, panel, log.
+TEST_F(Desk, LeadsThroughThePanesByKeysAlone) {
+  ASSERT_TRUE(Open());
+  const auto pane = [&] {
+    const HWND focus = GetFocus();
+    return focus == preview_ ? 'p' : focus == log_ ? 'l' : IsChild(GetParent(GetParent(Page())), focus) ? 'P' : '?';
+  };
+  const struct {
+    const char* what;
+    WPARAM key;
+    bool shift;
+    const char* reached;
+  } cases[] = {{"forward", VK_F6, false, "PlpP"},
+               {"back", VK_F6, true, "plPp"},
+               {"Tab goes into the panel and stays there", VK_TAB, false, "PPPPPPPPPPPPPPPPPPPP"},
+               {"out of it", VK_F6, false, "l"},
+               {"Tab leads on from the log", VK_TAB, false, "p"},
+               {"and back to it", VK_TAB, true, "l"}};
+  for (const auto& [what, key, shift, reached] : cases) {
+    std::string panes;
+    while (panes.size() < std::string_view(reached).size()) {
+      Press(key, false, shift);
+      panes += pane();
+    }
+    EXPECT_EQ(panes, reached) << what;
+  }
+  Press('L', true);  // hides the pane that has the focus
+  EXPECT_EQ(pane(), 'p');
+  Press(VK_F6, false, true);
+  EXPECT_EQ(pane(), 'P');
+  Press('P', true);
+  Press(VK_F6);
+  EXPECT_EQ(pane(), 'p') << "the only one";
+}
+
+std::string BitmapOf(std::uint16_t bits, int width, int height, std::size_t tableBytes, std::size_t pixelBytes) {
+  BITMAPFILEHEADER file{};
+  file.bfType = 0x4D42;
+  file.bfOffBits = static_cast<DWORD>(sizeof file + sizeof(BITMAPINFOHEADER) + tableBytes);
+  BITMAPINFOHEADER info{};
+  info.biSize = sizeof info;
+  info.biWidth = width;
+  info.biHeight = height;
+  info.biPlanes = 1;
+  info.biBitCount = bits;
+  return std::string(reinterpret_cast<const char*>(&file), sizeof file) +
+         std::string(reinterpret_cast<const char*>(&info), sizeof info) +
+         std::string(tableBytes + pixelBytes, '\x55');
+}
+
+TEST_F(Desk, OpensBitmapsOfEveryDepthAndKeepsThePictureWhenOneIsBroken) {
+  folder_.Write("1.bmp", BitmapOf(1, 300, 200, 8, 40 * 200));
+  folder_.Write("4.bmp", BitmapOf(4, 300, 200, 64, 152 * 200));
+  folder_.Write("8.bmp", BitmapOf(8, 300, 200, 1024, 300 * 200));
+  folder_.Write("24.bmp", BitmapOf(24, 300, 200, 0, 900 * 200));
+  folder_.Write("32.bmp", BitmapOf(32, 300, 200, 0, 1200 * 200));
+  folder_.Write("empty.bmp", "");
+  folder_.Write("text.bmp", "no bitmap at all, but longer than a header of one, so that its first letters tell");
+  folder_.Write("huge.bmp", BitmapOf(24, 60000, 60000, 0, 100));
+  folder_.Write("2.bmp", BitmapOf(2, 300, 200, 16, 80 * 200));
+  ASSERT_TRUE(Open(Wide(folder_.Path("missing.bmp")))) << "white paper then";
+  ASSERT_THAT(said_, ElementsAre(HasSubstr(L"missing.bmp")));
+  EXPECT_EQ(Text(desk_->Window()), L"Scan desk");
+  for (const char* good : {"1.bmp", "4.bmp", "8.bmp", "24.bmp", "32.bmp"}) {
+    said_.clear();
+    Press(VK_INSERT);
+    desk_->ShowPicture(Wide(folder_.Path(good)));
+    EXPECT_THAT(said_, ElementsAre()) << good;
+    EXPECT_EQ(Text(desk_->Window()), Wide(good) + L" - Scan desk");
+    EXPECT_EQ(Tabs(), 1) << good;
+    EXPECT_EQ(Reported(), L"frame 0 added, 300 x 200 at 0, 0") << good;
+  }
+  for (const char* broken : {"missing.bmp", "empty.bmp", "text.bmp", "huge.bmp", "2.bmp", "."}) {
+    said_.clear();
+    desk_->ShowPicture(Wide(folder_.Path(broken)));
+    EXPECT_THAT(said_, ElementsAre(HasSubstr(Wide(folder_.Path(broken))))) << broken;
+    EXPECT_EQ(Text(desk_->Window()), L"32.bmp - Scan desk");
+    EXPECT_EQ(Reported(), L"frame 0 added, 300 x 200 at 0, 0") << "the panel heard of no other picture";
+  }
+}
+
+TEST_F(Desk, SaysWhenThereIsNoPanel) {
+  for (const wchar_t* library : {L"no-such-library.dll", L"kernel32.dll"}) {
+    said_.clear();
+    EXPECT_FALSE(Open(library, L""));
+    EXPECT_THAT(said_, ElementsAre(HasSubstr(library)));
+  }
+}
+
+TEST_F(Desk, IsNeverSmallerThanItsPanelNeeds) {
+  ASSERT_TRUE(Open());
+  SetWindowPos(desk_->Window(), nullptr, 0, 0, 10, 10, SWP_NOMOVE | SWP_NOZORDER);
+  Pump();
+  const set32::Size least = Panel::LeastSize(), desk = SizeOf(desk_->Window());
+  EXPECT_GE(desk.width, 2 * least.width);
+  EXPECT_GE(desk.height, least.height);
+  EXPECT_GT(SizeOf(preview_).width, 0);
+  RECT frames{}, place{};
+  GetWindowRect(Control(id::frameTabs), &frames);
+  GetWindowRect(log_, &place);
+  EXPECT_LE(frames.bottom, place.top) << "the panel can be seen whole";
+}
+
+TEST(ArgumentsTest, FollowsACommandLineOrRefusesIt) {
+  const auto arguments = ReadArguments(LR"("C:\a b\scan-desk.exe" --page 1 --once --snapshot "x y.png" in.bmp)");
+  ASSERT_TRUE(arguments);
+  EXPECT_EQ(arguments->picture, L"in.bmp");
+  EXPECT_EQ(arguments->snapshot, L"x y.png");
+  EXPECT_EQ(arguments->page, 1);
+  EXPECT_TRUE(arguments->once);
+  for (const wchar_t* wrong :
+       {L"desk --page", L"desk --page 2", L"desk --snapshot", L"desk --ever", L"desk a.bmp b.bmp"})
+    EXPECT_FALSE(ReadArguments(wrong)) << wrong;
+}
+
+}  // namespace
+}  // namespace scan_desk
