@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <new>
 #include <type_traits>
 
@@ -26,6 +27,10 @@ namespace detail {
 
 inline constexpr std::size_t lowBlock = 0x10000;
 
+inline void* At(std::uintptr_t address) {
+  return reinterpret_cast<void*>(address);  // NOLINT(performance-no-int-to-ptr): a number is all that there is
+}
+
 // A zeroed block whose addresses fit into 32 bits; null when there is none.
 inline void* AllocateLow() {
 #if UINTPTR_MAX <= 0xFFFFFFFFU
@@ -34,11 +39,9 @@ inline void* AllocateLow() {
   for (std::uintptr_t hint = 0x10000000U; hint < 0xF0000000U; hint += 0x1000000U) {
 #if defined(_WIN32)
     constexpr unsigned long commitAndReserve = 0x3000, readWrite = 0x04;
-    if (void* block = VirtualAlloc(reinterpret_cast<void*>(hint), lowBlock, commitAndReserve, readWrite))
-      return block;
+    if (void* block = VirtualAlloc(At(hint), lowBlock, commitAndReserve, readWrite)) return block;
 #else
-    void* block =
-        mmap(reinterpret_cast<void*>(hint), lowBlock, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    void* block = mmap(At(hint), lowBlock, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (block == MAP_FAILED) continue;
     if (reinterpret_cast<std::uintptr_t>(block) + lowBlock <= 0xFFFFFFFFU) return block;
     munmap(block, lowBlock);
@@ -67,7 +70,7 @@ class LowMemory {
 
  public:
   LowMemory() : block_(detail::AllocateLow()) {
-    if (block_ != nullptr) object_ = new (block_) T{};
+    if (block_ != nullptr) object_ = std::construct_at(static_cast<T*>(block_));
   }
   ~LowMemory() {
     if (block_ != nullptr) detail::FreeLow(block_);
@@ -86,7 +89,13 @@ class LowMemory {
 // The object that a word points to. Only for a word that its sender promised to be a pointer.
 template <typename T>
 const T* FromWord(std::uint32_t word) {
-  return reinterpret_cast<const T*>(static_cast<std::uintptr_t>(word));
+  return static_cast<const T*>(detail::At(word));
+}
+
+// The same for a message's parameter.
+template <typename T>
+const T* FromParameter(std::intptr_t parameter) {
+  return static_cast<const T*>(detail::At(static_cast<std::uintptr_t>(parameter)));
 }
 
 }  // namespace set32

@@ -4,6 +4,7 @@
 #include "apps/driver/script_text.h"
 #include "apps/driver/settings_fields.h"
 #include "messages.h"
+#include "pointer_word.h"
 #include "profile/config_items.h"
 #include "ui_fix_setting.h"
 
@@ -136,14 +137,14 @@ void FakeHost::OnRepaintAsked() {
 std::string FakeHost::Argument(std::uint32_t message, LParam lParam) {
   if (lParam == 0) return "0";
   if (CarriesRecord(message)) {
-    const auto* record = reinterpret_cast<const ScanSettings*>(lParam);
+    const auto* record = FromParameter<ScanSettings>(lParam);
     if (record != &settings_) sawForeignRecord_ = true;
     return Record(message, *record);
   }
   if (message == to_host::frameTabChanged) {
-    return '&' + std::to_string(*reinterpret_cast<const std::uint32_t*>(lParam));
+    return '&' + std::to_string(*FromParameter<std::uint32_t>(lParam));
   }
-  if (message == to_host::deviceSelected) return Quote(reinterpret_cast<const char*>(lParam));
+  if (message == to_host::deviceSelected) return Quote(FromParameter<char>(lParam));
   return std::to_string(lParam);
 }
 

@@ -72,7 +72,7 @@ void PreviewPicture::MakeBlank(Size size, int dpi) {
   }
   dib_.Empty();
   auto block = std::make_unique<std::uint8_t[]>(sizeof(BitmapInfoHeader));
-  auto* header = new (block.release()) BitmapInfoHeader{};
+  auto* header = std::construct_at(reinterpret_cast<BitmapInfoHeader*>(block.release()));
   header->headerSize = sizeof(BitmapInfoHeader);
   header->width = size.width;
   header->height = size.height;

@@ -85,7 +85,7 @@ T& User::Enter(const Target& target, const char* kind) const {
   return dynamic_cast<T&>(Entered(target).control);
 }
 
-void User::Pick(Target target, std::string_view text) {
+void User::Pick(const Target& target, std::string_view text) {
   const Control& control = Reachable(target).control;
   if (const auto* combo = dynamic_cast<const Combo*>(&control)) {
     return Pick(target, FindText(control, combo->Count(), text, [&](int i) { return combo->EntryText(i); }));
@@ -96,7 +96,7 @@ void User::Pick(Target target, std::string_view text) {
   throw NotPossible(NameOf(control) + " has no entries to pick");
 }
 
-void User::Pick(Target target, int index) {
+void User::Pick(const Target& target, int index) {
   Control& control = Reachable(target).control;
   if (const auto* combo = dynamic_cast<const Combo*>(&control)) {
     CheckIndex(control, index, combo->Count());
@@ -110,38 +110,38 @@ void User::Pick(Target target, int index) {
   input_.Pump();
 }
 
-void User::Click(Target target) {
+void User::Click(const Target& target) {
   const Control& control = Reachable(target).control;
   if (!IsButton(control)) throw NotPossible(NameOf(control) + " can't be clicked");
   input_.Click(Entered(target).control);
   input_.Pump();
 }
 
-void User::ClickRow(Target target, std::string_view text) {
+void User::ClickRow(const Target& target, std::string_view text) {
   const List& list = Reach<List>(target, "a list");
   ClickRow(target, FindText(list, list.Count(), text, [&](int i) { return list.RowText(i); }));
 }
 
-void User::ClickRow(Target target, int row) {
+void User::ClickRow(const Target& target, int row) {
   const List& list = Reach<List>(target, "a list");
   CheckIndex(list, row, list.Count());
   input_.ClickRow(Enter<List>(target, "a list"), row);
   input_.Pump();
 }
 
-void User::ClickBesideRows(Target target) {
+void User::ClickBesideRows(const Target& target) {
   input_.ClickRow(Enter<List>(target, "a list"), -1);
   input_.Pump();
 }
 
-void User::ArrowTo(Target target, int row) {
+void User::ArrowTo(const Target& target, int row) {
   const List& list = Reach<List>(target, "a list");
   CheckIndex(list, row, list.Count());
   input_.ArrowTo(Enter<List>(target, "a list"), row);
   input_.Pump();
 }
 
-void User::Focus(Target target) {
+void User::Focus(const Target& target) {
   Control& control = Reachable(target).control;
   if (!TakesFocus(control.Kind())) throw NotPossible(NameOf(control) + " takes no focus");
   input_.Focus(control);
@@ -154,7 +154,7 @@ void User::Leave() {
   input_.Pump();
 }
 
-void User::Type(Target target, std::string_view text) {
+void User::Type(const Target& target, std::string_view text) {
   Edit& edit = Enter<Edit>(target, "an edit");
   input_.SelectAll(edit);
   input_.TypeText(edit, text);
@@ -169,24 +169,24 @@ Edit& User::EnterAtEnd(const Target& target) {
   return edit;
 }
 
-void User::Append(Target target, std::string_view text) {
+void User::Append(const Target& target, std::string_view text) {
   input_.TypeText(EnterAtEnd(target), text);
   input_.Pump();
 }
 
-void User::Paste(Target target, std::string_view text) {
+void User::Paste(const Target& target, std::string_view text) {
   Edit& edit = EnterAtEnd(target);
   clipboard_.Write(text);
   input_.Paste(edit);
   input_.Pump();
 }
 
-void User::Erase(Target target, int times) {
+void User::Erase(const Target& target, int times) {
   input_.Backspace(EnterAtEnd(target), times);
   input_.Pump();
 }
 
-void User::SetCaret(Target target, TextRange range) {
+void User::SetCaret(const Target& target, TextRange range) {
   Edit& edit = Enter<Edit>(target, "an edit");
   const int length = static_cast<int>(CountCharacters(system_, edit.Text()));
   const auto held = [length](int position) { return position < 0 || position > length ? length : position; };
@@ -202,7 +202,7 @@ void User::PressKey(Key key) {
   input_.Pump();
 }
 
-void User::FillAddress(Target target, std::string_view text) {
+void User::FillAddress(const Target& target, std::string_view text) {
   constexpr int highest = 255;
   std::array<std::optional<int>, 4> fields;
   std::size_t field = 0;
@@ -223,19 +223,19 @@ void User::FillAddress(Target target, std::string_view text) {
   input_.Pump();
 }
 
-void User::DropList(Target target) {
+void User::DropList(const Target& target) {
   input_.DropList(Reach<Combo>(target, "a combo"));
   input_.Pump();
 }
 
-void User::ScrollList(Target target, int topIndex) {
+void User::ScrollList(const Target& target, int topIndex) {
   Combo& combo = Reach<Combo>(target, "a combo");
   CheckIndex(combo, topIndex, combo.Count());
   input_.ScrollList(combo, topIndex);
   input_.Pump();
 }
 
-void User::Scroll(Target target, int code, std::optional<int> position) {
+void User::Scroll(const Target& target, int code, std::optional<int> position) {
   Control& control = Reachable(target).control;
   if (control.Kind() != ControlKind::slider && control.Kind() != ControlKind::scroll) {
     throw NotPossible(NameOf(control) + " doesn't scroll");
@@ -246,12 +246,12 @@ void User::Scroll(Target target, int code, std::optional<int> position) {
   input_.Pump();
 }
 
-void User::Spin(Target target, int delta) {
+void User::Spin(const Target& target, int delta) {
   input_.SpinBy(Reach<set32::Spin>(target, "a spin"), delta);
   input_.Pump();
 }
 
-void User::Release(Target target) {
+void User::Release(const Target& target) {
   input_.Release(Reach<Slider>(target, "a slider"));
   input_.Pump();
 }
@@ -286,7 +286,7 @@ void User::Resize(Size client) {
   input_.Pump();
 }
 
-void User::Poke(Target target) {
+void User::Poke(const Target& target) {
   Control& control = desk_.Require(target).control;
   if (!IsButton(control)) throw NotPossible(NameOf(control) + " is no button");
   input_.Poke(control);

@@ -34,34 +34,34 @@ class User {
   // While a message box stands the person can do nothing else.
   void SetBoxOpen(bool open) { boxOpen_ = open; }
 
-  void Pick(Target target, std::string_view text);  // first entry, or tab, with the text
-  void Pick(Target target, int index);
-  void Click(Target target);
-  void ClickRow(Target target, std::string_view text);
-  void ClickRow(Target target, int row);
-  void ClickBesideRows(Target target);
-  void ArrowTo(Target target, int row);
+  void Pick(const Target& target, std::string_view text);  // first entry, or tab, with the text
+  void Pick(const Target& target, int index);
+  void Click(const Target& target);
+  void ClickRow(const Target& target, std::string_view text);
+  void ClickRow(const Target& target, int row);
+  void ClickBesideRows(const Target& target);
+  void ArrowTo(const Target& target, int row);
 
-  void Focus(Target target);
+  void Focus(const Target& target);
   void Leave();  // the host's window takes the focus
-  void Type(Target target, std::string_view text);
-  void Append(Target target, std::string_view text);
-  void Paste(Target target, std::string_view text);
-  void Erase(Target target, int times);
-  void SetCaret(Target target, TextRange range);  // -1, or a place behind the text, is the text's end
+  void Type(const Target& target, std::string_view text);
+  void Append(const Target& target, std::string_view text);
+  void Paste(const Target& target, std::string_view text);
+  void Erase(const Target& target, int times);
+  void SetCaret(const Target& target, TextRange range);  // -1, or a place behind the text, is the text's end
   void PressKey(Key key);
-  void FillAddress(Target target, std::string_view text);
+  void FillAddress(const Target& target, std::string_view text);
 
-  void DropList(Target target);
-  void ScrollList(Target target, int topIndex);
-  void Scroll(Target target, int code, std::optional<int> position);
-  void Spin(Target target, int delta);
-  void Release(Target target);
+  void DropList(const Target& target);
+  void ScrollList(const Target& target, int topIndex);
+  void Scroll(const Target& target, int code, std::optional<int> position);
+  void Spin(const Target& target, int delta);
+  void Release(const Target& target);
 
   void MovePointer(Point at);
   void TurnTo(int pageDialog);  // dialog::general or dialog::advanced
   void Resize(Size client);
-  void Poke(Target target);  // what a program can do: it asks for no visibility
+  void Poke(const Target& target);  // what a program can do: it asks for no visibility
 
  private:
   FoundControl Reachable(const Target& target) const;

@@ -86,7 +86,7 @@ struct Table {
 
 SET32_ROAD_INLINE Table LoadTable(const std::uint8_t* bytes) {
   Table table;
-  for (int i = 0; i < 4; ++i) table.part[i] = _mm512_loadu_si512(bytes + 64 * i);
+  for (int i = 0; i < 4; ++i) table.part[i] = _mm512_loadu_si512(bytes + std::ptrdiff_t{64} * i);
   return table;
 }
 

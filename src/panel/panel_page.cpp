@@ -147,7 +147,7 @@ void CPanelPage::OnDestroying() {
 }
 
 void CPanelPage::OnDestroyed() {
-  if (!isDetached_) OnClosed();
+  if (!isDetached_) OnWindowGone();
   settings_ = &own_;
   preview_ = nullptr;
   host_.Bind(0);

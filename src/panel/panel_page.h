@@ -84,7 +84,7 @@ class CPanelPage : public DialogHandler, public PanelServices {
   virtual void OnRefreshTold() = 0;  // behind the messages of a refresh: what else follows the settings, the preview
   virtual void OnModeShown() = 0;    // behind a choice of mode other than JPEG
   virtual void OnClosing() = 0;      // the window is about to go, everything stands
-  virtual void OnClosed() = 0;       // the window is gone, the host's record is still valid
+  virtual void OnWindowGone() = 0;   // the window is gone, the host's record is still valid
 
   // Steps of a page's start.
   void AttachControls(Dialog& dialog);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "panel/rules/mode_rules.h"
+#include "pointer_word.h"
 #include "profile/options.h"
 #include "resources/ids.h"
 
@@ -59,7 +60,7 @@ void CSettingBoxPage::OnEvent(const Event& event) {
 MessageResult CSettingBoxPage::OnMessage(std::uint32_t message, WParam wParam, LParam lParam) {
   switch (message) {
     case to_panel::frameReport:
-      OnHostReport(wParam, reinterpret_cast<const ScanSettings*>(lParam));
+      OnHostReport(wParam, FromParameter<ScanSettings>(lParam));
       return 0;
     case to_panel::autoCropOff:
       ClearAutoCrop();
@@ -161,7 +162,7 @@ void CSettingBoxPage::OnClosing() {
   scanners_.StoreAtClose();
 }
 
-void CSettingBoxPage::OnClosed() {
+void CSettingBoxPage::OnWindowGone() {
   store_.Close(*settings_, pageSource_);
   scanners_.ClearScannerList();
   settings_->highBitDepth = 0;

@@ -28,7 +28,7 @@ class CSettingBoxPage : public CPanelPage {
   void OnRefreshTold() override;
   void OnModeShown() override;
   void OnClosing() override;
-  void OnClosed() override;
+  void OnWindowGone() override;
 
   void EnterAnchors();
   void StartScanners();

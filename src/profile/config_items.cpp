@@ -173,7 +173,7 @@ std::string FreshProfile(System& system) {
         MakeSettings(system, {name, factory.mode, factory.resolutionId, factory.dpi, factory.paperSource});
     item.editable = factory.editable;
     const std::string value = EncodeHex(BytesOf(item));
-    items += name + "=" + value + lineEnd;
+    items.append(name).append("=").append(value).append(lineEnd);
     if (row == flatbedCustomRow) tmp = value;
   }
   // The first line is written as plain text, the others come from profile calls, whose lines end in CR LF.

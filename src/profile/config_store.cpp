@@ -137,6 +137,7 @@ RowFlags CConfigStore::FlagsOf(int row) const {
 
 std::vector<RowFlags> CConfigStore::Flags() const {
   std::vector<RowFlags> flags;
+  flags.reserve(static_cast<std::size_t>(Rows().Count()));
   for (int row = 0; row < Rows().Count(); ++row) flags.push_back(FlagsOf(row));
   return flags;
 }

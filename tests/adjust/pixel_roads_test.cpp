@@ -94,7 +94,7 @@ TEST_F(PixelRoads, GiveTheSameBytesAtEveryWidth) {
 TEST_F(PixelRoads, AgreeOnExtremeColours) {
   constexpr std::uint8_t levels[] = {0, 1, 127, 128, 254, 255};
   Bytes row;
-  for (std::size_t i = 0; i < 6 * 6 * 6; ++i) {
+  for (std::size_t i = 0; i < std::size_t{6} * 6 * 6; ++i) {
     row.insert(row.end(), {levels[i / 36], levels[i / 6 % 6], levels[i % 6]});
   }
   for (std::int32_t degrees = -180; degrees <= 180; degrees += 15) {

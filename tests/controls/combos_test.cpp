@@ -65,7 +65,7 @@ class IconComboTest : public testing::Test {
 };
 
 Colour At(const Picture& picture, int x, int y) {
-  const std::uint8_t* pixel = &picture.pixels[static_cast<std::size_t>((y * picture.size.width + x) * 4)];
+  const std::uint8_t* pixel = &picture.pixels[static_cast<std::size_t>(y * picture.size.width + x) * 4];
   return {pixel[2], pixel[1], pixel[0]};
 }
 

@@ -20,8 +20,6 @@
 namespace set32 {
 namespace {
 
-using testing::ElementsAre;
-
 // Threads of which the mutexes alone matter: who holds one is written down.
 class MutexRecorder : public Threads {
  public:

@@ -35,7 +35,7 @@ void ReleaseLogicalPalette(void* palette) {
 void ReleaseBitmapHandle(void*) {}
 
 void ReleaseGlobalMemory(void* memory) {
-  std::free(memory);
+  std::free(memory);  // NOLINT(cppcoreguidelines-owning-memory): a host allocated it, in another module
 }
 
 }  // namespace set32
