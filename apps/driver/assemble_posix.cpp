@@ -1,7 +1,6 @@
 // Windows in memory over the system's files and threads.
 #ifndef _WIN32
 #include "apps/driver/assembly.h"
-#include "platform/headless/folder_paths.h"
 #include "platform/headless/headless_desk.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/posix_sockets.h"
@@ -39,10 +38,8 @@ class QuickFiles : public ForwardingFiles {
 class PosixAssembly : public Assembly {
  public:
   explicit PosixAssembly(const AssemblyOptions& options)
-      : system_(clock_, options.language),
+      : Assembly(options),
         profiles_(options.quickFiles ? static_cast<Files&>(quickFiles_) : files_),
-        paths_(options.folder),
-        registry_(options.folder + "/registry"),
         platform_{desk_.windows,
                   desk_.boxes,
                   files_,
@@ -59,26 +56,15 @@ class PosixAssembly : public Assembly {
 
   Platform& ThePlatform() override { return platform_; }
   Input& TheInput() override { return desk_.input; }
-  SimulatedClock& Clock() override { return clock_; }
-  HeadlessSystem& TheSystem() override { return system_; }
   HeadlessBoxes& TheBoxes() override { return desk_.boxes; }
-  SimulatedNetwork& Network() override { return network_; }
-  SimulatedUsb& Usb() override { return usb_; }
-  FolderRegistry& TheRegistry() override { return registry_; }
 
  private:
   HeadlessDesk desk_;
-  SimulatedClock clock_;
-  HeadlessSystem system_;
   PosixFiles files_;
   QuickFiles quickFiles_{files_};
   ProfileEngine profiles_;
-  FolderPaths paths_;
-  SimulatedNetwork network_{clock_};
-  SimulatedUsb usb_;
   PosixSockets realSockets_;
   PosixUsb realUsb_;
-  FolderRegistry registry_;
   PosixThreads threads_;
   Platform platform_;
 };

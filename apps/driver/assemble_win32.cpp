@@ -1,7 +1,6 @@
 // Real windows, files and threads; all that a script declares or watches beside them is the model's.
 #ifdef _WIN32
 #include "apps/driver/assembly.h"
-#include "platform/headless/folder_paths.h"
 #include "platform/headless/headless_clipboard.h"
 #include "platform/profile_engine.h"
 #include "platform/win32/code_page.h"
@@ -24,9 +23,7 @@ struct Utf8 {
 class Win32Assembly : public Assembly {
  public:
   explicit Win32Assembly(const AssemblyOptions& options)
-      : system_(clock_, options.language),
-        paths_(options.folder),
-        registry_(options.folder + "/registry"),
+      : Assembly(options),
         platform_{windows_,
                   boxes_,
                   files_,
@@ -41,12 +38,7 @@ class Win32Assembly : public Assembly {
 
   Platform& ThePlatform() override { return platform_; }
   Input& TheInput() override { return input_; }
-  SimulatedClock& Clock() override { return clock_; }
-  HeadlessSystem& TheSystem() override { return system_; }
   HeadlessBoxes& TheBoxes() override { return boxes_; }
-  SimulatedNetwork& Network() override { return network_; }
-  SimulatedUsb& Usb() override { return usb_; }
-  FolderRegistry& TheRegistry() override { return registry_; }
 
  private:
   Utf8 utf8_;
@@ -54,16 +46,10 @@ class Win32Assembly : public Assembly {
   HeadlessBoxes boxes_;
   HeadlessClipboard clipboard_;
   Win32Input input_{windows_, clipboard_, Win32Input::HostWindows::hidden};
-  SimulatedClock clock_;
-  HeadlessSystem system_;
   Win32Files files_;
   ProfileEngine profiles_{files_};
-  FolderPaths paths_;
-  SimulatedNetwork network_{clock_};
-  SimulatedUsb usb_;
   Win32Sockets realSockets_;
   Win32UsbDevices realUsb_;
-  FolderRegistry registry_;
   Win32Threads threads_;
   Platform platform_;
 };

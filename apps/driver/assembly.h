@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/headless/folder_paths.h"
 #include "platform/headless/folder_registry.h"
 #include "platform/headless/headless_boxes.h"
 #include "platform/headless/headless_system.h"
@@ -27,15 +28,29 @@ struct AssemblyOptions {
 class Assembly {
  public:
   virtual ~Assembly() = default;
+  Assembly(const Assembly&) = delete;
+  Assembly& operator=(const Assembly&) = delete;
 
   virtual Platform& ThePlatform() = 0;
   virtual Input& TheInput() = 0;
-  virtual SimulatedClock& Clock() = 0;
-  virtual HeadlessSystem& TheSystem() = 0;
   virtual HeadlessBoxes& TheBoxes() = 0;
-  virtual SimulatedNetwork& Network() = 0;
-  virtual SimulatedUsb& Usb() = 0;
-  virtual FolderRegistry& TheRegistry() = 0;
+
+  SimulatedClock& Clock() { return clock_; }
+  HeadlessSystem& TheSystem() { return system_; }
+  SimulatedNetwork& Network() { return network_; }
+  SimulatedUsb& Usb() { return usb_; }
+  FolderRegistry& TheRegistry() { return registry_; }
+
+ protected:
+  explicit Assembly(const AssemblyOptions& options)
+      : system_(clock_, options.language), paths_(options.folder), registry_(options.folder + "/registry") {}
+
+  SimulatedClock clock_;
+  HeadlessSystem system_;
+  SimulatedNetwork network_{clock_};
+  SimulatedUsb usb_;
+  FolderPaths paths_;
+  FolderRegistry registry_;
 };
 
 // The one that this build has. Never null.

@@ -97,11 +97,9 @@ std::string TabPart(const TabBar& tabs) {
   return " index=" + std::to_string(tabs.Current()) + " count=" + std::to_string(tabs.Count());
 }
 
-template <typename Bar>
-std::string BarPart(const Control& control) {
-  const auto& bar = dynamic_cast<const Bar&>(control);
-  return " position=" + std::to_string(bar.Position()) + " low=" + std::to_string(bar.Low()) +
-         " high=" + std::to_string(bar.High());
+std::string RangePart(const RangeControl& range) {
+  return " position=" + std::to_string(range.Position()) + " low=" + std::to_string(range.Low()) +
+         " high=" + std::to_string(range.High());
 }
 
 std::string ValuePart(const Control& control) {
@@ -121,11 +119,9 @@ std::string ValuePart(const Control& control) {
     case ControlKind::tab:
       return TabPart(dynamic_cast<const TabBar&>(control));
     case ControlKind::slider:
-      return BarPart<Slider>(control);
     case ControlKind::scroll:
-      return BarPart<ScrollBar>(control);
     case ControlKind::spin:
-      return BarPart<Spin>(control);
+      return RangePart(dynamic_cast<const RangeControl&>(control));
     case ControlKind::picture:
     case ControlKind::frame:
       return {};

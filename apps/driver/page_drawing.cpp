@@ -73,14 +73,10 @@ class PageDrawer {
         return Rows(dynamic_cast<const List&>(control), at);
       case ControlKind::tab:
         return Tabs(dynamic_cast<const TabBar&>(control), at.left, at.middle, at.Width());
-      case ControlKind::slider: {
-        const auto& slider = dynamic_cast<const Slider&>(control);
-        return Track(at, slider.Position(), slider.Low(), slider.High(), "├", "┤");
-      }
-      case ControlKind::scroll: {
-        const auto& bar = dynamic_cast<const ScrollBar&>(control);
-        return Track(at, bar.Position(), bar.Low(), bar.High(), "◂", "▸");
-      }
+      case ControlKind::slider:
+        return Track(at, dynamic_cast<const RangeControl&>(control), "├", "┤");
+      case ControlKind::scroll:
+        return Track(at, dynamic_cast<const RangeControl&>(control), "◂", "▸");
       case ControlKind::spin:
         return grid_.Put(at.left, at.middle, "↕", 1);
     }
@@ -131,11 +127,12 @@ class PageDrawer {
     }
   }
 
-  void Track(const Cells& at, int position, int low, int high, std::string_view start, std::string_view end) {
+  void Track(const Cells& at, const RangeControl& range, std::string_view start, std::string_view end) {
     const int inside = at.Width() - 2;
     if (inside < 1) return;
     for (int i = 0; i < inside; ++i) grid_.Put(at.left + 1 + i, at.middle, "─", 1);
-    const double share = high > low ? (static_cast<double>(position) - low) / (static_cast<double>(high) - low) : 0;
+    const double low = range.Low();
+    const double share = range.High() > low ? (range.Position() - low) / (range.High() - low) : 0;
     const int thumb = static_cast<int>(std::clamp(share, 0.0, 1.0) * (inside - 1));
     grid_.Put(at.left, at.middle, start, 1);
     grid_.Put(at.right, at.middle, end, 1);

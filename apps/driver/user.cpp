@@ -240,9 +240,8 @@ void User::Scroll(const Target& target, int code, std::optional<int> position) {
   if (control.Kind() != ControlKind::slider && control.Kind() != ControlKind::scroll) {
     throw NotPossible(NameOf(control) + " doesn't scroll");
   }
-  const bool carriesPosition = code == scroll_code::thumbPosition || code == scroll_code::thumbTrack;
-  if (carriesPosition && !position) throw NotPossible("this scroll code needs a position");
-  input_.ScrollTo(control, code, carriesPosition ? position : std::nullopt);
+  if (CarriesPosition(code) && !position) throw NotPossible("this scroll code needs a position");
+  input_.ScrollTo(control, code, CarriesPosition(code) ? position : std::nullopt);
   input_.Pump();
 }
 

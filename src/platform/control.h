@@ -315,7 +315,8 @@ class TabBar : public Control {
   virtual Rect DisplayArea() const { return {}; }
 };
 
-class Slider : public Control {
+// What sliders, scroll bars and spins have in common: a position in a range.
+class RangeControl : public Control {
  public:
   using Control::Control;
   virtual void SetRange(int low, int high) {
@@ -327,35 +328,23 @@ class Slider : public Control {
   virtual int Position() const { return 0; }
   // Held to the range.
   virtual void SetPosition(int position) { (void)position; }
+};
+
+class Slider : public RangeControl {
+ public:
+  using RangeControl::RangeControl;
   virtual void SetTickFrequency(int frequency) { (void)frequency; }
   virtual void SetLineSize(int size) { (void)size; }
 };
 
-class ScrollBar : public Control {
+class ScrollBar : public RangeControl {
  public:
-  using Control::Control;
-  virtual void SetRange(int low, int high) {
-    (void)low;
-    (void)high;
-  }
-  virtual int Low() const { return 0; }
-  virtual int High() const { return 0; }
-  virtual int Position() const { return 0; }
-  // Held to the range.
-  virtual void SetPosition(int position) { (void)position; }
+  using RangeControl::RangeControl;
 };
 
-class Spin : public Control {
+class Spin : public RangeControl {
  public:
-  using Control::Control;
-  virtual void SetRange(int low, int high) {
-    (void)low;
-    (void)high;
-  }
-  virtual int Low() const { return 0; }
-  virtual int High() const { return 0; }
-  virtual int Position() const { return 0; }
-  virtual void SetPosition(int position) { (void)position; }
+  using RangeControl::RangeControl;
   // The edit whose number the spin keeps; by its id in the same dialog, 0 for none.
   virtual void SetBuddy(int editId) { (void)editId; }
   virtual int Buddy() const { return 0; }
@@ -391,30 +380,6 @@ class Frame : public Control {
 class GroupBox : public Control {
  public:
   using Control::Control;
-};
-
-// The tips of a dialog's controls.
-class Tooltip {
- public:
-  virtual ~Tooltip() = default;
-  virtual void Activate() {}
-  virtual void SetDelay(int milliseconds) { (void)milliseconds; }
-  // A tip over a whole control.
-  virtual void AddTool(int controlId, std::string_view text) {
-    (void)controlId;
-    (void)text;
-  }
-  // A tip over a part of a control, in the control's client coordinates.
-  virtual void AddTool(int controlId, const Rect& part, std::string_view text) {
-    (void)controlId;
-    (void)part;
-    (void)text;
-  }
-  // The first tip of a control (for inspection).
-  virtual std::string ToolText(int controlId) const {
-    (void)controlId;
-    return {};
-  }
 };
 
 }  // namespace set32

@@ -85,6 +85,11 @@ inline constexpr int thumbTrack = 5;
 inline constexpr int endScroll = 8;
 }  // namespace scroll_code
 
+// The thumb's codes carry the position where it stands, the others none.
+constexpr bool CarriesPosition(int code) {
+  return code == scroll_code::thumbPosition || code == scroll_code::thumbTrack;
+}
+
 struct Event {
   EventKind kind;
   int controlId = 0;

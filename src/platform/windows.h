@@ -18,6 +18,7 @@
 #include "platform/dialog_template.h"
 #include "platform/events.h"
 #include "platform/geometry.h"
+#include "platform/tooltip.h"
 #include "window_handle.h"
 
 namespace set32 {

@@ -33,7 +33,7 @@ class BarModel : public Modelled<Interface> {
 
   // A person's act. The thumb's codes move the bar and carry its position; the others leave it to the dialog.
   void Scroll(int code, std::optional<int> position) {
-    const bool thumb = code == scroll_code::thumbPosition || code == scroll_code::thumbTrack;
+    const bool thumb = CarriesPosition(code);
     if (thumb) SetPosition(position.value_or(position_));
     this->Raise(Event{.kind = EventKind::scrolled, .code = code, .position = thumb ? position_ : 0});
   }

@@ -8,6 +8,7 @@
 
 #include "platform/headless/control_model.h"
 #include "platform/headless/raster_canvas.h"
+#include "platform/tooltip.h"
 
 namespace set32 {
 

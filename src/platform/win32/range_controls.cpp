@@ -6,8 +6,8 @@ namespace set32::win32 {
 
 namespace {
 
-bool CarriesPosition(WORD code) {
-  return code == scroll_code::thumbPosition || code == scroll_code::thumbTrack;
+Event Scrolled(WORD code, int position) {
+  return {.kind = EventKind::scrolled, .code = code, .position = CarriesPosition(code) ? position : 0};
 }
 
 }  // namespace
@@ -19,7 +19,7 @@ void RealSlider::SetRange(int low, int high) {
 
 // The message carries 16 bits alone; the slider's own position is whole.
 void RealSlider::OnScroll(WORD code, int) {
-  Raise(Event{.kind = EventKind::scrolled, .code = code, .position = CarriesPosition(code) ? Position() : 0});
+  Raise(Scrolled(code, Position()));
 }
 
 LRESULT RealSlider::OnNotify(const NMHDR& header) {
@@ -56,7 +56,7 @@ void RealScrollBar::SetPosition(int position) {
 }
 
 void RealScrollBar::OnScroll(WORD code, int position) {
-  Raise(Event{.kind = EventKind::scrolled, .code = code, .position = CarriesPosition(code) ? position : 0});
+  Raise(Scrolled(code, position));
 }
 
 RealSpin::Range RealSpin::Limits() const {
@@ -85,7 +85,7 @@ LRESULT RealSpin::OnNotify(const NMHDR& header) {
 }
 
 void RealSpin::OnScroll(WORD code, int position) {
-  Raise(Event{.kind = EventKind::scrolled, .code = code, .position = CarriesPosition(code) ? position : 0});
+  Raise(Scrolled(code, position));
 }
 
 }  // namespace set32::win32

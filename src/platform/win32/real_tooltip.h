@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/control.h"
+#include "platform/tooltip.h"
 #include "platform/win32/windows_api.h"
 
 namespace set32::win32 {

@@ -247,14 +247,10 @@ void Win32Input::ScrollTo(Control& bar, int code, std::optional<int> position) {
   const win32::Delivery delivery(windows_.Desk());
   const auto* real = dynamic_cast<RealControl*>(&bar);
   if (real == nullptr || real->Window() == nullptr) return;
-  const bool thumb = code == scroll_code::thumbPosition || code == scroll_code::thumbTrack;
   int told = 0;
-  if (auto* slider = dynamic_cast<Slider*>(&bar); slider != nullptr && thumb) {
-    if (position) slider->SetPosition(*position);
-    told = slider->Position();
-  } else if (auto* scroll = dynamic_cast<ScrollBar*>(&bar); scroll != nullptr && thumb) {
-    if (position) scroll->SetPosition(*position);
-    told = scroll->Position();
+  if (auto* range = dynamic_cast<RangeControl*>(&bar); range != nullptr && CarriesPosition(code)) {
+    if (position) range->SetPosition(*position);
+    told = range->Position();
   }
   TellParent(real->Window(), WM_HSCROLL, MAKEWPARAM(code, told));
 }

@@ -1,0 +1,34 @@
+// The tips of a dialog's controls. Its operations do nothing, as a tip does that can't be made.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/geometry.h"
+
+namespace set32 {
+
+class Tooltip {
+ public:
+  virtual ~Tooltip() = default;
+  virtual void Activate() {}
+  virtual void SetDelay(int milliseconds) { (void)milliseconds; }
+  // A tip over a whole control.
+  virtual void AddTool(int controlId, std::string_view text) {
+    (void)controlId;
+    (void)text;
+  }
+  // A tip over a part of a control, in the control's client coordinates.
+  virtual void AddTool(int controlId, const Rect& part, std::string_view text) {
+    (void)controlId;
+    (void)part;
+    (void)text;
+  }
+  // The first tip of a control (for inspection).
+  virtual std::string ToolText(int controlId) const {
+    (void)controlId;
+    return {};
+  }
+};
+
+}  // namespace set32
