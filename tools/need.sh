@@ -1,17 +1,41 @@
-# What the scripts need on a bare Debian 12. Each function installs what is missing and says so.
+# What the scripts share: what they need on a bare Debian 12, each function installing what is missing and saying so;
+# long work with signs of life; and the build.
 
 mkdir -p build
+PATH=$PATH:/usr/sbin:/sbin  # where the package manager's helpers lie, also after a plain su
+
+# quietly LOG COMMAND...: runs it with its output in LOG, and says every half minute how far it has come.
+quietly() {
+  local log=$1 watcher status=0
+  shift
+  : > "$log"
+  while sleep 30 > /dev/null 2>&1 && kill -0 $$ 2> /dev/null; do tail -n 1 "$log" | cut -c 1-110 >&2; done &
+  watcher=$!
+  "$@" >> "$log" 2>&1 || status=$?
+  kill "$watcher"
+  wait "$watcher" 2> /dev/null || true
+  return "$status"
+}
 
 # need COMMAND-OR-FILE PACKAGE...: installs the packages unless the command or file is there.
 need() {
-  local what=$1
+  local what=$1 log=build/install.log as_root=()
   shift
   if command -v "$what" > /dev/null 2>&1 || [[ -e "$what" ]]; then return; fi
-  echo "Installing $* ..."
-  local as_root=()
-  if [[ $(id -u) -ne 0 ]]; then as_root=(sudo); fi
-  "${as_root[@]}" apt-get update -qq
-  DEBIAN_FRONTEND=noninteractive "${as_root[@]}" apt-get install -y -qq --no-install-recommends "$@" > /dev/null
+  if [[ $(id -u) -ne 0 ]]; then
+    command -v sudo > /dev/null || {
+      echo "Missing here, and only root can install it: apt-get install --no-install-recommends $*" >&2
+      exit 1
+    }
+    as_root=(sudo)
+  fi
+  echo "Installing $* ..." >&2
+  # A source that can't be reached is no matter as long as the packages can be had.
+  if [[ -z ${updated:-} ]]; then quietly "$log" "${as_root[@]}" apt-get update -q || true; fi
+  updated=1
+  quietly "$log" "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -y -q -o DPkg::Lock::Timeout=300 --no-install-recommends "$@" ||
+    { tail -n 5 "$log" >&2; exit 1; }
 }
 
 need_build_tools() {
@@ -26,9 +50,25 @@ need_test_tools() {
   need /usr/include/benchmark/benchmark.h libbenchmark-dev
 }
 
-need_fuzz_tools() { need clang++ clang libclang-rt-14-dev; }
+need_fuzz_tools() {
+  need clang++ clang
+  need "$(clang++ -print-resource-dir)/lib/linux/libclang_rt.fuzzer-$(uname -m).a" libclang-rt-14-dev
+}
 
 need_lint_tools() {
   need clang-format clang-format
   need clang-tidy clang-tidy
+}
+
+# build PRESET [-DOPTION=VALUE...] [TARGET...]: configures and builds all, or the targets.
+build() {
+  local preset=$1 log=build/$1.log options=() targets=() word
+  shift
+  for word in "$@"; do
+    if [[ $word == -D* ]]; then options+=("$word"); else targets+=("$word"); fi
+  done
+  echo "Building ${targets[*]:-all} ($preset), log in $log ..." >&2
+  { quietly "$log" cmake --preset "$preset" "${options[@]}" &&
+    quietly "$log" cmake --build --preset "$preset" ${targets[0]:+--target "${targets[@]}"}; } ||
+    { grep -E 'error|Error|FAILED|undefined' "$log" | head -n 20 >&2; exit 1; }
 }

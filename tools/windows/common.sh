@@ -3,7 +3,7 @@
 tools=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 project=$(cd "$tools/../.." && pwd)
 root=${SET32_WINE_ROOT:-$project/build/windows/root}
-export DEBIAN_FRONTEND=noninteractive
+prefix64=$project/build/windows/prefix64
 cd "$project"
 source tools/need.sh
 
@@ -20,28 +20,48 @@ need_cross_tools() {
   need /usr/src/googletest/googlemock/src/gmock-all.cc googletest
 }
 
+# choose_windows [--64]: sets preset and chosen. 32-bit programs come first, since they are the product; where their wine
+# can't be had, 64-bit ones run in the machine's own.
+choose_windows() {
+  if [ "${1:-}" = --64 ]; then
+    chosen="64-bit programs, as asked"
+  elif "$tools/make-root.sh"; then
+    preset=mingw-i686
+    chosen="32-bit programs"
+    return
+  else
+    chosen="64-bit programs, since 32-bit wine can't be had here"
+  fi
+  preset=mingw-x86_64
+  say "$chosen"
+  need /usr/lib/wine/wine64 wine wine64
+  need xvfb-run xvfb
+  need xauth xauth
+  need /usr/share/fonts/truetype/wqy/wqy-microhei.ttc fontconfig fonts-wqy-microhei
+  [ -e "$prefix64/.ready" ] || in_wine64 "$tools/make-prefix.sh" "$prefix64" > "$prefix64.log" 2>&1 ||
+    fail "the prefix could not be made, see $prefix64.log"
+}
+
 # build_for PRESET [TARGET...]: builds, and prints the folder.
 build_for() {
-  local preset=$1 log=$project/build/$1.log
-  shift
-  { cmake --preset "$preset" && cmake --build --preset "$preset" ${1:+--target "$@"}; } > "$log" 2>&1 ||
-    { grep -E 'error|FAILED|undefined' "$log" | head -n 20 >&2; fail "$preset can't be built, see $log"; }
-  echo "$project/build/${preset#mingw-}"
+  build "$@"
+  echo "$project/build/${1#mingw-}"
 }
 
 # on_windows PRESET COMMAND...: runs a command where wine runs that preset's programs, on a virtual display and with a
-# fresh prefix of its own.
+# fresh prefix of its own. Other places can have displays whose sockets are seen here and whose locks are not, so the
+# search for a free number begins anywhere.
 on_windows() {
-  local preset=$1
+  local preset=$1 display=(xvfb-run -a -n $((100 + RANDOM)) -s "-screen 0 1280x1024x24")
   shift
-  with_prefix "$preset" xvfb-run -a -s "-screen 0 1280x1024x24" "$@"
+  with_prefix "$preset" "$@"
 }
 
 # on_display PRESET COMMAND...: the same on this machine's display, whose own window manager frames the windows.
 on_display() {
-  local preset=$1
+  local preset=$1 display=() shares_display=1
   shift
-  shares_display=1 with_prefix "$preset" bash -c '
+  with_prefix "$preset" bash -c '
     wine reg add "HKCU\Software\Wine\X11 Driver" /v Managed /d Y /f > /dev/null 2>&1
     exec "$@"' managed "$@"
 }
@@ -50,24 +70,20 @@ with_prefix() {
   local preset=$1
   shift
   if [ "$preset" = mingw-i686 ]; then
-    # The prefix's files are shared; its registry is a copy, since wine writes a file with two names in place.
-    inside_root bash -c 'set -e; prefix=$(mktemp -d /root/run.XXXXXX); trap "rm -rf $prefix" EXIT
-      cp -al /root/prefix/. "$prefix/"; cp --remove-destination /root/prefix/*.reg "$prefix/"
-      export WINEPREFIX=$prefix
-      status=0; "$@" || status=$?; wineserver -k || true; exit $status' run "$@"
+    inside_root "$root" "${display[@]}" "$tools/fresh-prefix.sh" /root/prefix "$@"
   else
-    local prefix=$project/build/windows/prefix64
-    mkdir -p "$prefix"
-    env WINEPREFIX="$prefix" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" bash -c '
-      [ -e "$WINEPREFIX/system.reg" ] || { wineboot --init; wine regedit /S "$0/prefix.reg"; } > /dev/null 2>&1
-      exec "$@"' "$tools" "$@"
+    in_wine64 "${display[@]}" "$tools/fresh-prefix.sh" "$prefix64" "$@"
   fi
 }
 
-# inside_root COMMAND...: runs a command inside the folder, with the project at its own path. The mounts belong to a
-# mount namespace of the command's, so that none is left behind whatever happens.
+in_wine64() { WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" "$@"; }
+
+# inside_root FOLDER COMMAND...: runs a command inside the folder, with the project at its own path. The mounts belong to
+# a mount namespace of the command's, so that none is left behind whatever happens.
 inside_root() {
-  PROJECT=$project FOLDER=$root SHARES_DISPLAY=${shares_display:-} unshare --mount --propagation private bash -c '
+  local folder=$1
+  shift
+  PROJECT=$project FOLDER=$folder SHARES_DISPLAY=${shares_display:-} unshare --mount --propagation private bash -c '
     set -e
     mount -t proc proc "$FOLDER/proc"
     mount --rbind /dev "$FOLDER/dev"
@@ -78,6 +94,7 @@ inside_root() {
       mount --bind /tmp/.X11-unix "$FOLDER/tmp/.X11-unix"
       key=${XAUTHORITY:-$HOME/.Xauthority}
       if [ -e "$key" ]; then touch "$FOLDER/root/.Xauthority"; mount --bind "$key" "$FOLDER/root/.Xauthority"; fi
+      mount -o bind,ro /home "$FOLDER/home"  # for the pictures that a person opens
     fi
     exec chroot "$FOLDER" /usr/bin/env -i HOME=/root PATH=/usr/bin:/bin:/usr/sbin:/sbin LANG=C.UTF-8 \
       ${SHARES_DISPLAY:+DISPLAY="$DISPLAY"} WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" bash -c "cd \"\$0\" && exec \"\$@\"" "$PROJECT" "$@"' inside "$@"

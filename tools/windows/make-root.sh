@@ -1,22 +1,29 @@
 #!/bin/bash
 # Makes the folder in which 32-bit Windows programs run: a small Debian of its own with wine, since 32-bit wine often
-# can't be installed beside a machine's newer 64-bit libraries. Does nothing when the folder stands already.
+# can't be installed beside a machine's newer 64-bit libraries. Does nothing when the folder stands already, fails where
+# there can be none.
 #
 # The folder is $SET32_WINE_ROOT, by default build/windows/root. Its mirror is the machine's own package source.
-# Needs root, since debootstrap does.
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
 
+[ "$(id -u)" = 0 ] || fail "32-bit wine stands in a folder that only root can make and enter"
+unshare --mount --propagation private true || fail "32-bit wine needs mounts of its own, which aren't allowed here"
 if [ -e "$root/.ready" ]; then
   say "32-bit wine stands in $root"
   exit 0
 fi
-[ "$(id -u)" = 0 ] || fail "a folder with 32-bit wine can only be made by root"
+[ ! -e "$root" ] || [ -z "$(ls -A "$root")" ] || fail "$root holds something else than 32-bit wine"
 need debootstrap debootstrap
 
+# The first address of the system's main packages; a list of mirrors in a file stands for the first in it.
 release=$(. /etc/os-release && echo "$VERSION_CODENAME")
 mirror=$(apt-get indextargets --format '$(REPO_URI) $(RELEASE) $(COMPONENT) $(CREATED_BY)' |
-  awk -v release="$release" '$2 == release && $3 == "main" && $4 == "Packages" { print $1; exit }')
+  awk -v release="$release" '
+    $1 ~ /^(https?|file|mirror\+file):/ && $2 == release && $3 == "main" && $4 == "Packages" { print $1; exit }')
+case $mirror in
+  mirror+file:*) mirror=$(grep -m 1 -o -E '^https?://[^[:space:]]+' "${mirror#mirror+file:}") || mirror= ;;
+esac
 [ -n "$mirror" ] || fail "no package source for $release main on this machine"
 
 # debootstrap fetches with wget, which doesn't read the package manager's settings.
@@ -27,19 +34,18 @@ proxy=$(setting Acquire::https::Proxy)
 [ -z "$proxy" ] || export https_proxy=$proxy
 certificates=$(setting Acquire::https::CaInfo)
 
-say "making a folder with 32-bit wine in $root"
-rm -rf "$root"
-mkdir -p "$root"
-debootstrap --arch=i386 --variant=minbase ${certificates:+--certificate="$certificates"} \
-  --include=wine32,wine,xvfb,xauth,fontconfig,fonts-wqy-microhei "$release" "$root" "$mirror" > "$root.log" 2>&1 ||
+say "making a folder with 32-bit wine in $root, which takes some minutes"
+made=$root.new
+rm -rf "$made"
+mkdir -p "$made"
+quietly "$root.log" unshare --mount --propagation private debootstrap --arch=i386 --variant=minbase \
+  ${certificates:+--certificate="$certificates"} \
+  --include=wine32,wine,xvfb,xauth,fontconfig,fonts-wqy-microhei "$release" "$made" "$mirror" ||
   { tail -5 "$root.log" >&2; fail "debootstrap failed, see $root.log"; }
-rm -rf "$root"/var/cache/apt/archives/*.deb
-
-# The prefix with fonts that hold the panel's texts, made once and copied for each run.
-cp "$tools/prefix.reg" "$root/root/prefix.reg"
-inside_root env WINEPREFIX=/root/prefix wineboot --init > "$root.log" 2>&1 ||
+rm -rf "$made"/var/cache/apt/archives/*.deb
+quietly "$root.log" inside_root "$made" "$tools/make-prefix.sh" /root/prefix ||
   { tail -5 "$root.log" >&2; fail "the prefix could not be made, see $root.log"; }
-inside_root env WINEPREFIX=/root/prefix wine regedit /S /root/prefix.reg >> "$root.log" 2>&1
-inside_root env WINEPREFIX=/root/prefix wineserver -w
-touch "$root/.ready"
+touch "$made/.ready"
+rm -rf "$root"
+mv "$made" "$root"
 say "made, $(du -sh "$root" | cut -f1)"

@@ -16,16 +16,13 @@ if [ "${1:-}" = --page ]; then
 fi
 picture=${1:-samples/flatbed-colour-100dpi.bmp}
 [ -e "$picture" ] || fail "there is no $picture"
+case $(realpath "$picture") in
+  "$project"/*) ;;
+  *) cp "$picture" build/ && picture=build/$(basename "$picture") ;;  # where wine sees it
+esac
 
 need_cross_tools
-if "$tools/make-root.sh"; then
-  preset=mingw-i686
-else
-  preset=mingw-x86_64
-  need wine64 wine wine64
-  need Xvfb xvfb xauth
-fi
-say "building set32.dll and scan-desk.exe ($preset)"
+choose_windows
 build=$(build_for "$preset" set32 scan-desk)
 
 snapshot=build/scan-desk.png
@@ -33,10 +30,12 @@ rm -f "$snapshot"
 desk=("$build/bin/scan-desk.exe" --page "$page" --snapshot "$snapshot")
 if [ -n "${DISPLAY:-}" ]; then
   say "the window stands on display $DISPLAY until you close it"
-  on_display "$preset" "$tools/with-options.sh" wine "${desk[@]}" "$picture"
-else
+  on_display "$preset" "$tools/with-options.sh" wine "${desk[@]}" "$picture" || true
+  [ -s "$snapshot" ] || say "display $DISPLAY can't be used"
+fi
+if [ ! -s "$snapshot" ]; then
+  say "the window stands on a virtual display until its picture is taken"
   on_windows "$preset" "$tools/with-options.sh" timeout 120 wine "${desk[@]}" --once "$picture"
-  say "no display here: it ran on a virtual one"
 fi
 [ -s "$snapshot" ] || fail "scan-desk left no picture"
-say "$preset: the panel stands, picture in $snapshot"
+say "$preset: the panel stands, picture in $snapshot ($chosen)"
