@@ -18,4 +18,5 @@ on_windows "$preset" "$tools/run-all.sh" "$build/bin" 2>&1 | tee "$log" |
   { grep --line-buffered -E '^(ran|failed|skipped) ' || true; } ||
   { grep -E -B 12 '^\[  FAILED|^failed |Failure$' "$log" | tail -n 60 >&2 || true; fail "$preset: failed ($chosen)"; }
 "$tools/check-dlls.sh"
+"$tools/check-install.sh" "$preset"
 say "$preset: all passed ($chosen)"
