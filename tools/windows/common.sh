@@ -38,6 +38,7 @@ choose_windows() {
   need xvfb-run xvfb
   need xauth xauth
   need /usr/share/fonts/truetype/wqy/wqy-microhei.ttc fontconfig fonts-wqy-microhei
+  mkdir -p "$(dirname "$prefix64")"
   [ -e "$prefix64/.ready" ] || in_wine64 "$tools/make-prefix.sh" "$prefix64" > "$prefix64.log" 2>&1 ||
     fail "the prefix could not be made, see $prefix64.log"
 }
