@@ -21,6 +21,10 @@ bool IsKnownMode(std::uint32_t scanMode) {
          scanMode == mode::jpegColour || scanMode == mode::jpegGray;
 }
 
+bool TakesPosition(const ScrollHabit& habit, int code) {
+  return code == scroll_code::thumbTrack || (habit.takesRelease && code == scroll_code::thumbPosition);
+}
+
 }  // namespace
 
 double GammaScale::Held(double value) const {
@@ -42,15 +46,14 @@ double GammaAfterScroll(const GammaScale& scale, double value, int code, std::in
       return scale.Held(value - gammaPageStep);
     case scroll_code::pageRight:
       return scale.Held(value + gammaPageStep);
-    case scroll_code::thumbPosition:
-    case scroll_code::thumbTrack:
-      return scale.Held(scale.ValueAt(position));
     default:
-      return value;
+      if (TakesPosition(scale.scroll, code)) return scale.Held(scale.ValueAt(position));
+      return scale.scroll.alwaysHolds ? scale.Held(value) : value;
   }
 }
 
-std::int32_t NumberAfterScroll(const ValueRange& range, std::int32_t value, int code, std::int32_t position) {
+std::int32_t NumberAfterScroll(const ValueRange& range, const ScrollHabit& habit, std::int32_t value, int code,
+                               std::int32_t position) {
   const std::int64_t wide = value;
   switch (code) {
     case scroll_code::lineLeft:
@@ -61,11 +64,9 @@ std::int32_t NumberAfterScroll(const ValueRange& range, std::int32_t value, int 
       return range.Held(wide - numberPageStep);
     case scroll_code::pageRight:
       return range.Held(wide + numberPageStep);
-    case scroll_code::thumbPosition:
-    case scroll_code::thumbTrack:
-      return range.Held(position);
     default:
-      return value;
+      if (TakesPosition(habit, code)) return range.Held(position);
+      return habit.alwaysHolds ? range.Held(wide) : value;
   }
 }
 

@@ -28,6 +28,15 @@ inline constexpr ValueRange saturationRange{-100, 100};
 inline constexpr ValueRange hueRange{-180, 180};
 inline constexpr ValueRange jpegQualityRange{0, 10};
 
+// How a front end answers scroll events.
+struct ScrollHabit {
+  bool takesRelease;  // the position where a drag ends counts too, not those of the drag alone
+  bool alwaysHolds;   // a stored value beyond its range is brought back by any event, else by those that change it
+};
+
+inline constexpr ScrollHabit dialogScroll{.takesRelease = false, .alwaysHolds = true};
+inline constexpr ScrollHabit pageScroll{.takesRelease = true, .alwaysHolds = false};
+
 // Gamma as a control shows it. A control's positions count the value's hundredths or tenths.
 struct GammaScale {
   double low;  // what an edit accepts, both included; a step or a drag past an end gives the end
@@ -35,6 +44,7 @@ struct GammaScale {
   int positions;  // of the control, for a gamma of 1
   double valueOfPosition;
   ValueRange range;  // of the control
+  ScrollHabit scroll;
 
   bool Accepts(double value) const { return value >= low && value <= high; }
   // Of a step or a drag: 10 and more give the high end, the low end and less the low one, and so does no number.
@@ -44,12 +54,13 @@ struct GammaScale {
   double ValueAt(std::int32_t position) const { return position * valueOfPosition; }
 };
 
-inline constexpr GammaScale dialogGamma{0.01, 9.99, 100, 0.01, {1, 1000}};
-inline constexpr GammaScale pageGamma{0.1, 10.0, 10, 0.1, {0, 100}};
+inline constexpr GammaScale dialogGamma{0.01, 9.99, 100, 0.01, {1, 1000}, dialogScroll};
+inline constexpr GammaScale pageGamma{0.1, 10.0, 10, 0.1, {0, 100}, pageScroll};
 
-// A value after a scroll event (scroll_code::) of its control at that position; codes that mean nothing leave it.
+// A value after a scroll event (scroll_code::) of its control at that position.
 double GammaAfterScroll(const GammaScale& scale, double value, int code, std::int32_t position);
-std::int32_t NumberAfterScroll(const ValueRange& range, std::int32_t value, int code, std::int32_t position);
+std::int32_t NumberAfterScroll(const ValueRange& range, const ScrollHabit& habit, std::int32_t value, int code,
+                               std::int32_t position);
 
 // What a mode lets a person adjust. A mode that isn't known lets nothing.
 struct AllowedAdjustments {

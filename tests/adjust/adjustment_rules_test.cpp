@@ -32,6 +32,9 @@ TEST(AdjustmentRules, GammaScrollsOnTheScaleOfItsFrontEnd) {
                              {pageGamma, 1.0, thumbPosition, 100, 10.0, 100},
                              {pageGamma, 9.95, pageRight, 0, 10.0, 100},
                              {pageGamma, 0.29, endScroll, 0, 0.29, 2},
+                             {dialogGamma, 1.0, thumbPosition, 500, 1.0, 100},
+                             {dialogGamma, 12.0, endScroll, 1, 9.99, 999},
+                             {pageGamma, 12.0, endScroll, 1, 12.0, 120},
                              {pageGamma, notANumber, lineLeft, 0, 0.1, 1},
                              {dialogGamma, -1e300, lineRight, 0, 0.01, 1}}) {
     const double result = GammaAfterScroll(c.scale, c.value, c.code, c.position);
@@ -43,13 +46,27 @@ TEST(AdjustmentRules, GammaScrollsOnTheScaleOfItsFrontEnd) {
   EXPECT_EQ(dialogGamma.PositionOf(1e300), std::numeric_limits<std::int32_t>::max());
 }
 
+struct NumberCase {
+  ValueRange range;
+  ScrollHabit habit;
+  int value, code, position, expected;
+};
+
 TEST(AdjustmentRules, NumbersScrollWithinTheirRange) {
+  constexpr int least = std::numeric_limits<std::int32_t>::min();
   using namespace scroll_code;
-  EXPECT_EQ(NumberAfterScroll(brightnessRange, 95, pageRight, 0), 100);
-  EXPECT_EQ(NumberAfterScroll(brightnessRange, -100, lineLeft, 0), -100);
-  EXPECT_EQ(NumberAfterScroll(hueRange, 0, thumbTrack, -170), -170);
-  EXPECT_EQ(NumberAfterScroll(hueRange, 3, endScroll, 9), 3);
-  EXPECT_EQ(NumberAfterScroll(brightnessRange, std::numeric_limits<std::int32_t>::min(), lineLeft, 0), -100);
+  for (const NumberCase& c : {NumberCase{brightnessRange, dialogScroll, 95, pageRight, 0, 100},
+                              {brightnessRange, pageScroll, -100, lineLeft, 0, -100},
+                              {brightnessRange, dialogScroll, least, lineLeft, 0, -100},
+                              {hueRange, pageScroll, 0, thumbTrack, -170, -170},
+                              {hueRange, pageScroll, 0, thumbPosition, 170, 170},
+                              {contrastRange, dialogScroll, 7, thumbTrack, 101, 100},
+                              {contrastRange, dialogScroll, 7, thumbPosition, 50, 7},
+                              {contrastRange, dialogScroll, 500, endScroll, 9, 100},
+                              {hueRange, pageScroll, 500, endScroll, 9, 500}}) {
+    EXPECT_EQ(NumberAfterScroll(c.range, c.habit, c.value, c.code, c.position), c.expected)
+        << c.value << " code " << c.code << " at " << c.position;
+  }
 }
 
 std::string Letters(const AllowedAdjustments& allowed) {
