@@ -112,7 +112,7 @@ struct CDib {
   // Frees what the owner fields say and forgets the picture. The adjustment values, kind and ownsDisplay stay.
   void Empty();
   // White source pixels, imageSize and two strides long; with the flag display and saved pixels too. Nothing happens
-  // when there are source pixels already. Result: whether there are source pixels.
+  // when there are source pixels already. Result: whether there are source pixels; none of more than 2^31 - 1 bytes.
   bool AllocatePixels(bool withDisplay);
   // stride, imageSize and colourTable from the header; a header without an image size gets it.
   void ComputeMetrics();

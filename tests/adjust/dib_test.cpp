@@ -290,5 +290,19 @@ TEST_F(Dib, FreesWhatTheOwnerFieldsSay) {
   EXPECT_FALSE(Load(Bytes(70)));
 }
 
+// Sums that would begin again at 0 where addresses have 32 bits.
+TEST_F(Dib, AllocatesNothingForPicturesPastTwoGigabytes) {
+  struct Sizes {
+    std::uint32_t image, stride;
+  };
+  for (const Sizes& sizes : {Sizes{0xFFFFFFFF, 8}, {0x7FFFFFFF, 8}, {1440000000, 1440000000}, {8, 0xFFFFFFFC}}) {
+    dib.imageSize = sizes.image;
+    dib.stride = sizes.stride;
+    EXPECT_FALSE(dib.AllocatePixels(true)) << sizes.image << ", " << sizes.stride;
+    EXPECT_EQ(dib.displayPixels, nullptr);
+    dib.Empty();
+  }
+}
+
 }  // namespace
 }  // namespace set32

@@ -25,6 +25,8 @@ constexpr std::uint32_t uncompressed = 0;
 constexpr std::uint32_t bitFields = 3;
 constexpr std::size_t masksSize = 12;  // of bit fields, behind the header
 
+constexpr std::uint64_t mostPixelBytes = 0x7FFFFFFF;
+
 struct FileHeader {
   std::uint16_t letters = bitmapLetters;
   std::uint32_t fileSize = 0;
@@ -69,6 +71,11 @@ bool HoldsRows(const BitmapInfoHeader& header) {
 // A size that fits no 32-bit field counts as the largest, which no file can justify.
 std::uint32_t Saturated(std::uint64_t size) {
   return static_cast<std::uint32_t>(std::min<std::uint64_t>(size, std::numeric_limits<std::uint32_t>::max()));
+}
+
+// What AllocatePixels takes for source and display pixels each.
+std::uint64_t BufferSize(std::uint64_t imageSize, std::uint64_t stride) {
+  return imageSize + 2 * stride;
 }
 
 bool IsReadable(const BitmapInfoHeader& header) {
@@ -127,7 +134,8 @@ bool ReadHeaderBlock(CDib& dib, DibFile& file, std::size_t claimed, std::size_t&
   const std::uint64_t needed = Stride(header) * RowCount(header);
   if (HoldsRows(header)) header.imageSize = 0;
   const std::uint64_t size = header.imageSize != 0 ? header.imageSize : needed;
-  return std::max(size, Stride(header)) <= std::min<std::uint64_t>(MostClaimed(file.Remaining()), 0x7FFFFFFF);
+  return std::max(size, Stride(header)) <= MostClaimed(file.Remaining()) &&
+         BufferSize(size, Stride(header)) <= mostPixelBytes;
 }
 
 void ReadPixels(CDib& dib, DibFile& file) {
@@ -199,7 +207,8 @@ bool CDib::AllocatePixels(bool withDisplay) {
   ownsDisplay = withDisplay ? 1 : 0;
   if (sourcePixels) return true;
   pixelOwner = 1;
-  const std::size_t size = std::size_t{imageSize} + 2 * std::size_t{stride};
+  if (BufferSize(imageSize, stride) > mostPixelBytes) return false;
+  const auto size = static_cast<std::size_t>(BufferSize(imageSize, stride));
   sourcePixels = NewBytes(size);
   if (!sourcePixels) return false;
   std::memset(sourcePixels, 0xFF, imageSize);
