@@ -60,9 +60,6 @@ SET32_ROAD_INLINE Register Least(Register a, Register b) {
 SET32_ROAD_INLINE Register Greatest(Register a, Register b) {
   return _mm512_max_epi16(a, b);
 }
-SET32_ROAD_INLINE Register UpperByte(Register words) {
-  return _mm512_srli_epi16(words, 8);
-}
 SET32_ROAD_INLINE Register RoundedProduct(Register a, Register b) {
   return _mm512_mulhrs_epi16(a, b);
 }
@@ -73,11 +70,6 @@ SET32_ROAD_INLINE Register WeighedPairs(Register bytes, Register weights) {
 template <int bits>
 SET32_ROAD_INLINE Register ShiftUp(Register words) {
   return _mm512_slli_epi16(words, bits);
-}
-
-template <int bits>
-SET32_ROAD_INLINE Register ShiftDown(Register words) {
-  return _mm512_srai_epi16(words, bits);
 }
 
 struct Table {
