@@ -1,7 +1,7 @@
 // AVX2: as SSSE3, in two halves of 16 bytes at once.
 #include "adjust/pixel_road_kinds.h"
 
-#if SET32_WIDE_ROADS
+#if SET32_X86_ROADS
 
 #include <immintrin.h>
 

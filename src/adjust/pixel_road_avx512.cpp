@@ -1,7 +1,7 @@
 // AVX-512 with VBMI: a table of 256 bytes lives in four registers, and any byte of two registers can go anywhere.
 #include "adjust/pixel_road_kinds.h"
 
-#if SET32_WIDE_ROADS
+#if SET32_X86_ROADS
 
 #include <immintrin.h>
 
@@ -248,7 +248,7 @@ SET32_ROAD_INLINE void JoinPixels(const Bands& bands, std::uint8_t* to) {
 }  // namespace
 
 PixelRoad Avx512Road() {
-  return {"AVX-512 VBMI", Tables, Levels, Sharpen, Colours};
+  return {"AVX-512 VBMI", Tables, Levels, Sharpen, fewRegisters ? Avx2Road().colours : Colours};
 }
 
 }  // namespace set32

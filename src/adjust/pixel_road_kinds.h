@@ -7,21 +7,17 @@
 #define SET32_X86_ROADS 1
 #endif
 
-// Compilers for Windows don't keep the stack aligned for registers of more than 16 bytes.
-#if defined(__x86_64__) && !defined(__MINGW32__)
-#define SET32_WIDE_ROADS 1
-#endif
-
 namespace set32 {
 
 PixelRoad PortableRoad();
 
 #if SET32_X86_ROADS
 PixelRoad Ssse3Road();
-#endif
-#if SET32_WIDE_ROADS
 PixelRoad Avx2Road();
 PixelRoad Avx512Road();  // with byte permutation across a register (VBMI)
+
+// 32-bit programs have eight vector registers: work that keeps more values about is faster on a road below.
+inline constexpr bool fewRegisters = sizeof(void*) == 4;
 #endif
 
 }  // namespace set32

@@ -1,4 +1,4 @@
-// SSSE3: bytes go anywhere within 16. This is the road of Windows builds, whose stack is aligned for no more.
+// SSSE3: bytes go anywhere within 16.
 #include "adjust/pixel_road_kinds.h"
 
 #if SET32_X86_ROADS
@@ -102,11 +102,9 @@ SET32_ROAD_INLINE void JoinPixels(const Bands& bands, std::uint8_t* to) {
 
 #include "adjust/pixel_kernels.inc"
 
-// The levels of eight pixels, one lookup each, in a word.
-SET32_ROAD_INLINE std::uint64_t EightLevels(const std::uint8_t* from, const std::uint8_t* table) {
-  std::uint64_t levels = 0;
-  for (int i = 0; i < 8; ++i) levels |= std::uint64_t{table[from[3 * i + 1]]} << (8 * i);
-  return levels;
+// The levels of four pixels, one lookup each, in a word.
+SET32_ROAD_INLINE int FourLevels(const std::uint8_t* from, const std::uint8_t* table) {
+  return table[from[1]] | table[from[4]] << 8 | table[from[7]] << 16 | table[from[10]] << 24;
 }
 
 SET32_ROAD void Levels(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const std::uint8_t* table) {
@@ -115,8 +113,8 @@ SET32_ROAD void Levels(const std::uint8_t* from, std::uint8_t* to, std::size_t p
   const Register spread1 = _mm_setr_epi8(5, 5, 6, 6, 6, 7, 7, 7, 8, 8, 8, 9, 9, 9, 10, 10);
   const Register spread2 = _mm_setr_epi8(10, 11, 11, 11, 12, 12, 12, 13, 13, 13, 14, 14, 14, 15, 15, 15);
   for (; pixels >= blockPixels; pixels -= blockPixels, from += 3 * blockPixels, to += 3 * blockPixels) {
-    const std::uint64_t words[2] = {EightLevels(from, table), EightLevels(from + 24, table)};
-    const Register levels = _mm_set_epi64x(static_cast<long long>(words[1]), static_cast<long long>(words[0]));
+    const Register levels = _mm_setr_epi32(FourLevels(from, table), FourLevels(from + 12, table),
+                                           FourLevels(from + 24, table), FourLevels(from + 36, table));
     Store(to, _mm_shuffle_epi8(levels, spread0));
     Store(to + laneBytes, _mm_shuffle_epi8(levels, spread1));
     Store(to + 2 * laneBytes, _mm_shuffle_epi8(levels, spread2));
@@ -131,7 +129,7 @@ PixelRoad Ssse3Road() {
   PixelRoad road = PortableRoad();
   road.name = "SSSE3";
   road.levels = Levels;
-  road.sharpen = Sharpen;
+  if (!fewRegisters) road.sharpen = Sharpen;
   road.colours = Colours;
   return road;
 }

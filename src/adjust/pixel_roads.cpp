@@ -13,8 +13,6 @@ std::vector<PixelRoad> FindRoads() {
 #if SET32_X86_ROADS
   __builtin_cpu_init();
   if (__builtin_cpu_supports("ssse3")) roads.push_back(Ssse3Road());
-#endif
-#if SET32_WIDE_ROADS
   if (__builtin_cpu_supports("avx2")) roads.push_back(Avx2Road());
   if (__builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512vbmi")) roads.push_back(Avx512Road());
 #endif

@@ -1,5 +1,6 @@
 #!/bin/bash
-# Looks at the built libraries: exactly the two exports, nothing imported but the system's own, under 1 MB each.
+# Looks at the built libraries: exactly the two exports, nothing imported but the system's own, under 1 MB each, and no
+# move of a wide register that asks for memory aligned as no stack there is.
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
 
@@ -9,7 +10,7 @@ expected='uiFixSetting uiIsSettingOpen'
 
 # check PRESET OBJDUMP
 check() {
-  local dll objdump=$2 exports imports foreign size
+  local dll objdump=$2 exports imports foreign size aligned
   dll=$(build_for "$1" set32)/bin/set32.dll
   exports=$("$objdump" -p "$dll" | sed -n '/\[Ordinal\/Name Pointer\]/,/^$/s/^\t\[ *[0-9]*\] *\(+base\[ *[0-9]*\] *[0-9a-f]* \)\{0,1\}//p' | sort | xargs)
   [ "$exports" = "$expected" ] || fail "$1: exports '$exports'"
@@ -19,6 +20,8 @@ check() {
   size=$(stat -c %s "$dll")
   [ "$size" -lt "$largest" ] || fail "$1: $size bytes"
   "$objdump" -h "$dll" | grep -q '\.rsrc' || fail "$1: no version resource"
+  aligned=$("$objdump" -d "$dll" | grep -cE 'vmov(dqa|ap[sd]).*(\(.*%[yz]mm|%[yz]mm.*\()' || true)
+  [ "$aligned" = 0 ] || fail "$1: $aligned aligned moves of wide registers"
   say "$1: set32.dll has its two exports and $size bytes, and imports $(xargs <<< "$imports")"
 }
 
