@@ -310,7 +310,6 @@ TEST_F(Outcomes, OfARefreshLeaveTheHostsWord) {
 }
 
 TEST_F(Outcomes, OfARowReachThePreview) {
-  Record().brightness = 5;
   Open();
   CDib& preview = *Host().Preview().Dib();
   Record().brightness = -40;

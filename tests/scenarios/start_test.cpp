@@ -217,9 +217,9 @@ TEST_F(Start, OffersTheModesOfTheDevice) {
 }
 
 TEST_F(Start, OpensAgainWithWhatTheHostBringsThen) {
-  Host().Arguments().rect = {-10, 20, 100, 420};
+  Host().Arguments().rect = {-10, -20, 100, 420};
   Open();
-  EXPECT_EQ(PlaceOf(dialog::sheet), (Rect{-10, 20, 105, 420}));
+  EXPECT_EQ(PlaceOf(dialog::sheet), (Rect{-10, -20, 105, 420}));
   Host().Arguments().limits->resolutionMask = resolution::dpi75 | resolution::dpi300 | resolution::userDefined;
   Host().Arguments().caps->words[DeviceCaps::restrictedMaxDpiWord] = 300;  // not read any more
   Record().descreen = 1;
@@ -228,7 +228,7 @@ TEST_F(Start, OpensAgainWithWhatTheHostBringsThen) {
   Record().units = unit::centimetre;
   ASSERT_TRUE(TheSession().Open());
   EXPECT_EQ(Told(), Refresh(1));
-  EXPECT_EQ(PlaceOf(dialog::sheet), (Rect{0, 20, 105, 420}));
+  EXPECT_EQ(PlaceOf(dialog::sheet), (Rect{0, 0, 105, 420}));
   EXPECT_TRUE(Shows(id::resolutionCombo, "entries=\"75 dpi\",\"300 dpi\",\"使用者定義\" "));
   EXPECT_EQ(Value("dpi"), "600");
   EXPECT_TRUE(Shows(id::widthEdit, "text=\"21.59\""));
@@ -239,6 +239,15 @@ TEST_F(Start, OpensAgainWithWhatTheHostBringsThen) {
   EXPECT_EQ(PlaceOf(dialog::sheet).left, 0);
   Host().Close();
   EXPECT_FALSE(TheSession().Open());
+}
+
+TEST_F(Start, TakesTheThresholdOfEachCall) {
+  Open();
+  Person().Pick(id::modeCombo, "黑白");
+  EXPECT_EQ(Seen("pixel 0 0"), "source=255,255,255 display=255,255,255");
+  Host().Arguments().bwThreshold = 255;  // nothing is lighter
+  ASSERT_TRUE(TheSession().Open());
+  EXPECT_EQ(Seen("pixel 0 0"), "source=255,255,255 display=0,0,0");
 }
 
 struct OptionCase {
