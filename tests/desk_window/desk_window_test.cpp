@@ -110,6 +110,21 @@ TEST_F(Desk, LeadsThroughThePanesByKeysAlone) {
   EXPECT_EQ(pane(), 'p') << "the only one";
 }
 
+TEST_F(Desk, TurnsThePanelsPagesByKeysAlone) {
+  ASSERT_TRUE(Open());
+  const HWND general = Page(), sheetTabs = FindWindowExW(GetParent(Page()), nullptr, WC_TABCONTROLW, nullptr);
+  Press(VK_F6);
+  for (int i = 0; i < 30 && GetFocus() != sheetTabs; ++i) Press(VK_TAB);
+  ASSERT_EQ(GetFocus(), sheetTabs);
+  Press(VK_RIGHT);
+  EXPECT_FALSE(IsWindowVisible(general));
+  Press(VK_F6);
+  Press(VK_F6);
+  Press(VK_F6);
+  EXPECT_TRUE(IsChild(GetParent(general), GetFocus()));
+  EXPECT_TRUE(IsWindowVisible(GetFocus())) << "a control of the page in front";
+}
+
 std::string BitmapOf(std::uint16_t bits, int width, int height, std::size_t tableBytes, std::size_t pixelBytes) {
   BITMAPFILEHEADER file{};
   file.bfType = 0x4D42;

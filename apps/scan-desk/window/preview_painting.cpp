@@ -46,7 +46,7 @@ class Painter {
     const Rect& frame = isDragged ? look_.drag.Shape() : look_.frames.At(current);
     Frame(current, frame, currentColour);
     Handles(Placed(frame));
-    if (look_.hasFocus) Dots(frame, 3);
+    if (look_.hasFocus) Dots(frame, Wide(3));
   }
 
   // A frame that is being drawn.
@@ -55,6 +55,8 @@ class Painter {
   }
 
  private:
+  int Wide(int pixels) const { return WidePixels(dc_, pixels); }
+
   RECT Placed(const Rect& frame) const {
     const Rect place = ToWindow(frame, look_.shown, {look_.dib.header->width, look_.dib.header->height});
     return {place.left, place.top, place.right, place.bottom};
@@ -68,7 +70,7 @@ class Painter {
   void Frame(int index, const Rect& frame, COLORREF colour) const {
     RECT place = Placed(frame);
     SetDCBrushColor(dc_, colour);
-    for (int line = 0; line < 2 * look_.pixel; ++line) {
+    for (int line = 0; line < Wide(2); ++line) {
       FrameRect(dc_, &place, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
       InflateRect(&place, -1, -1);
     }
@@ -81,7 +83,7 @@ class Painter {
     const Selected selected(dc_, look_.font != nullptr ? look_.font : GetStockObject(DEFAULT_GUI_FONT));
     SIZE size{};
     GetTextExtentPoint32W(dc_, number.c_str(), static_cast<int>(number.size()), &size);
-    const int margin = 4 * look_.pixel;
+    const int margin = Wide(4);
     const RECT ground{inside.left, inside.top, std::min(inside.left + size.cx + 2 * margin, inside.right),
                       std::min(inside.top + size.cy, inside.bottom)};
     Fill(ground, colour);
@@ -93,7 +95,7 @@ class Painter {
 
   // On the corners and in the middle of the edges, to say that they can be dragged.
   void Handles(const RECT& place) const {
-    const int half = 3 * look_.pixel;
+    const int half = Wide(3);
     const LONG across[] = {place.left, (place.left + place.right) / 2, place.right - 1};
     const LONG down[] = {place.top, (place.top + place.bottom) / 2, place.bottom - 1};
     for (const LONG x : across) {
@@ -107,7 +109,7 @@ class Painter {
 
   void Dots(const Rect& frame, int inset) const {
     RECT place = Placed(frame);
-    InflateRect(&place, -inset * look_.pixel, -inset * look_.pixel);
+    InflateRect(&place, -inset, -inset);
     DrawFocusRect(dc_, &place);
   }
 
@@ -116,6 +118,10 @@ class Painter {
 };
 
 }  // namespace
+
+int WidePixels(HDC dc, int pixels) {
+  return std::max(MulDiv(pixels, GetDeviceCaps(dc, LOGPIXELSX), USER_DEFAULT_SCREEN_DPI), 1);
+}
 
 void PaintPreview(HDC dc, const RECT& client, const PreviewLook& look) {
   const set32::win32::OwnedDc memory(CreateCompatibleDC(dc));

@@ -16,9 +16,11 @@ struct PreviewLook {
   const FrameDrag& drag;
   set32::Rect shown;  // where the picture lies in the window
   bool hasFocus;
-  int pixel;  // window pixels for one at 96 dots an inch
-  HFONT font;
+  HFONT font;  // null for the system's own
 };
+
+// Window pixels for a length at 96 dots an inch, at least one.
+int WidePixels(HDC dc, int pixels);
 
 // Fills the whole client area, in memory first, so that a dragged frame doesn't flicker.
 void PaintPreview(HDC dc, const RECT& client, const PreviewLook& look);

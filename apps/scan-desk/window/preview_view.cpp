@@ -283,7 +283,7 @@ void PreviewView::DeleteFrame() {
 
 int PreviewView::Wide(int pixels) const {
   const set32::win32::WindowDc dc(window_);
-  return MulDiv(pixels, GetDeviceCaps(dc.Get(), LOGPIXELSX), USER_DEFAULT_SCREEN_DPI);
+  return WidePixels(dc.Get(), pixels);
 }
 
 Rect PreviewView::Shown() const {
@@ -304,7 +304,7 @@ void PreviewView::OnPaint() {
   const set32::win32::PaintDc dc(window_);
   RECT client{};
   GetClientRect(window_, &client);
-  PaintPreview(dc.Get(), client, {picture_.Dib(), frames_, drag_, Shown(), GetFocus() == window_, Wide(1), font_});
+  PaintPreview(dc.Get(), client, {picture_.Dib(), frames_, drag_, Shown(), GetFocus() == window_, font_});
 }
 
 }  // namespace scan_desk
