@@ -104,6 +104,14 @@ class Desk : public testing::Test {
   HWND Control(int id) const { return GetDlgItem(Page(), id); }
   int Tabs() const { return static_cast<int>(SendMessageW(Control(set32::id::frameTabs), TCM_GETITEMCOUNT, 0, 0)); }
   int Tab() const { return static_cast<int>(SendMessageW(Control(set32::id::frameTabs), TCM_GETCURSEL, 0, 0)); }
+  // Pixels between the panel's lowest control and the end of its place.
+  int BelowFrames() const {
+    RECT frames{}, log{}, desk{};
+    GetWindowRect(Control(set32::id::frameTabs), &frames);
+    GetWindowRect(log_, &log);
+    GetWindowRect(desk_->Window(), &desk);
+    return static_cast<int>((IsWindowVisible(log_) ? log.top : desk.bottom) - frames.bottom);
+  }
   std::wstring Text(HWND window) const {
     wchar_t text[256] = L"";
     GetWindowTextW(window, text, 256);

@@ -36,15 +36,13 @@ std::vector<COLORREF> PixelsOf(HWND window) {
 TEST_F(Desk, HidesTheLogAndGivesItsRoomToPictureAndPanel) {
   ASSERT_TRUE(Open());
   const set32::Size before = SizeOf(preview_), panel = SizeOf(Page());
+  EXPECT_LT(BelowFrames(), 40) << "the panel fills its place";
   const int logHeight = SizeOf(log_).height;
   Press('L', true);
   EXPECT_FALSE(IsWindowVisible(log_));
   EXPECT_GE(SizeOf(preview_).height, before.height + logHeight);
   EXPECT_GE(SizeOf(Page()).height, panel.height + logHeight);
-  RECT frames{}, place{};
-  GetWindowRect(Control(id::frameTabs), &frames);
-  GetWindowRect(GetParent(Page()), &place);
-  EXPECT_GT(frames.bottom, place.bottom - logHeight * 3 / 2) << "what is anchored below went down";
+  EXPECT_LT(BelowFrames(), 40) << "what is anchored below went down";
   UpdateWindow(desk_->Window());
   Pump();
   const std::vector<COLORREF> left = PixelsOf(Page());
@@ -187,10 +185,8 @@ TEST_F(Desk, IsNeverSmallerThanItsPanelNeeds) {
   EXPECT_GE(desk.width, 2 * least.width);
   EXPECT_GE(desk.height, least.height);
   EXPECT_GT(SizeOf(preview_).width, 0);
-  RECT frames{}, place{};
-  GetWindowRect(Control(id::frameTabs), &frames);
-  GetWindowRect(log_, &place);
-  EXPECT_LE(frames.bottom, place.top) << "the panel can be seen whole";
+  EXPECT_GE(BelowFrames(), 0) << "the panel can be seen whole";
+  EXPECT_GE(SendMessageW(Control(id::configList), LVM_GETCOUNTPERPAGE, 0, 0), 6) << "with every configuration";
 }
 
 TEST(ArgumentsTest, FollowsACommandLineOrRefusesIt) {

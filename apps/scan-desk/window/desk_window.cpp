@@ -20,8 +20,10 @@ constexpr wchar_t caption[] = L"Scan desk";
 constexpr DWORD style = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
 constexpr int sheetMargin = 5;  // pixels that a sheet stands wider than it was asked to
 
+// Painted anew where it comes to lie, since what lies there may be of another pane.
 void MoveTo(HWND window, const set32::Rect& place) {
-  MoveWindow(window, place.left, place.top, place.Width(), place.Height(), TRUE);
+  SetWindowPos(window, nullptr, place.left, place.top, place.Width(), place.Height(),
+               SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
 }
 
 }  // namespace
@@ -208,10 +210,14 @@ void DeskWindow::PlacePanel() {
   if (std::exchange(panelHeight_, height) != height && panel_.Page() != nullptr) OpenPanel();
 }
 
+// A panel that comes into being has its controls where its own size wants them; only the next call stretches it.
 bool DeskWindow::OpenPanel() {
   std::wstring trouble;
-  const set32::Size size{least_.width - sheetMargin, std::max(panelHeight_, least_.height)};
-  const bool stands = panel_.Open(place_, preview_.Window(), picture_.Dib(), size, trouble);
+  const auto open = [&](int height) {
+    return panel_.Open(place_, preview_.Window(), picture_.Dib(), {least_.width - sheetMargin, height}, trouble);
+  };
+  const bool stands =
+      (panel_.Page() != nullptr || open(least_.height)) && open(std::max(panelHeight_, least_.height));
   ShowDeskState(GetMenu(Window()), stands, showsLog_);
   if (!stands) setup_.say(Window(), trouble);
   return stands;
