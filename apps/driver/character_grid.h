@@ -14,7 +14,6 @@ class CharacterGrid {
  public:
   CharacterGrid(int columns, int rows);
 
-  int Columns() const { return columns_; }
   int Rows() const { return rows_; }
 
   // Writes into a row from a column on, at most `width` cells; what lies outside is cut.

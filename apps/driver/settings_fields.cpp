@@ -60,10 +60,6 @@ void StoreName(ScanSettings& settings, std::string_view name) {
 
 }  // namespace
 
-std::span<const SettingsField> SettingsFields() {
-  return fields;
-}
-
 const SettingsField* FindField(std::string_view name) {
   for (const SettingsField& field : fields) {
     if (field.name == name) return &field;

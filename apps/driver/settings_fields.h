@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -17,9 +16,6 @@ struct SettingsField {
   std::size_t offset;
   FieldType type;
 };
-
-// In the order of the record, reserved bytes left out.
-std::span<const SettingsField> SettingsFields();
 
 // Null when no field has the name.
 const SettingsField* FindField(std::string_view name);

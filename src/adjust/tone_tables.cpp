@@ -84,10 +84,6 @@ int ToneContrast(int level, int step) {
   return level <= middle ? toned : top - toned;
 }
 
-ToneTable BuildToneTable(std::int32_t brightness, std::int32_t contrast, double gamma) {
-  return ThroughGamma(LevelsBeforeGamma(brightness, contrast), gamma);
-}
-
 void BuildToneTables(CDib& dib) {
   const Levels levels = LevelsBeforeGamma(dib.brightness, dib.contrast);
   const ToneTable red = ThroughGamma(levels, dib.gammaRed);

@@ -22,11 +22,8 @@ int ContrastStep(std::int32_t contrast);      // -127 to 127
 int ToneBrightness(int level, int step);
 int ToneContrast(int level, int step);
 
-// The table of one band. A gamma that is zero, negative or not a number says nothing and counts as 1.0; an infinite
-// one sends every level to 255.
-ToneTable BuildToneTable(std::int32_t brightness, std::int32_t contrast, double gamma);
-
-// toneRed, toneGreen and toneBlue from the picture's own values.
+// toneRed, toneGreen and toneBlue from the picture's own values. A gamma that is zero, negative or not a number says
+// nothing and counts as 1.0; an infinite one sends every level to 255.
 void BuildToneTables(CDib& dib);
 
 enum class ToneUse { copyUnchanged, useTables };

@@ -31,7 +31,6 @@ class CSettingBoxPage : public CPanelPage {
   void OnWindowGone() override;
 
   void EnterAnchors();
-  void StartScanners();
   void StartStore();
   void ShowAutoCropAtStart();
   void OnSourceChoice(const Event&) { ChangePaperSource(); }

@@ -163,7 +163,6 @@ ScanSettings MakeSettings(System& system, const NewSettings& inputs) {
 
 std::string FreshProfile(System& system) {
   std::string items;
-  std::string others;
   std::string tmp;
   for (std::size_t row = 0; row < factoryConfigs.size(); ++row) {
     const FactoryConfig& factory = factoryConfigs[row];

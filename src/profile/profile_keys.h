@@ -11,7 +11,6 @@ inline constexpr const char* configItems = "Config Items";  // a key a configura
 inline constexpr const char* tmpSection = "Tmp";
 inline constexpr const char* tmp = "Tmp";  // the settings at the last close of the sheet face
 inline constexpr const char* selected = "Selected";
-inline constexpr const char* scannerAddresses = "SCNIP";  // deleted whole on each refresh; nothing reads it
 
 // The key that holds the selected row of a paper source; the flatbed's for a source that isn't known.
 constexpr const char* SelectedKey(std::uint32_t source) {

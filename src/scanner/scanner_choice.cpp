@@ -72,6 +72,7 @@ void CScannerChoice::StoreAtClose() {
 }
 
 void CScannerChoice::RefreshScanners() {
+  // Nothing reads the section.
   state_.platform.profiles.WriteString("SCNIP", nullptr, nullptr, state_.profilePath.c_str());
   list_.ClearScannerList();
   if (Wants(driver_type::usb)) SearchUsb();

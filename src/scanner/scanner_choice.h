@@ -50,7 +50,6 @@ class CScannerChoice {
   bool SaveScannerList();
 
   const CScannerList& List() const { return list_; }
-  const std::string& CurrentName() const { return currentName_; }
   const std::string& DefaultAddress() const { return defaultAddress_; }
 
  private:

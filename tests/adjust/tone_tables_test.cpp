@@ -33,11 +33,14 @@ constexpr ToneCase cases[] = {
 
 TEST(ToneTables, AreExact) {
   for (const ToneCase& c : cases) {
-    const ToneTable table = BuildToneTable(c.brightness, c.contrast, c.gamma);
+    CDib dib;
+    dib.brightness = c.brightness;
+    dib.contrast = c.contrast;
+    dib.gammaGreen = c.gamma;
+    BuildToneTables(dib);
     for (int level = c.firstLevel; level <= c.lastLevel; ++level) {
-      EXPECT_EQ(table[static_cast<std::size_t>(level)], c.expected)
-          << "brightness " << c.brightness << " contrast " << c.contrast << " gamma " << c.gamma << ", level "
-          << level;
+      EXPECT_EQ(dib.toneGreen[level], c.expected) << "brightness " << c.brightness << " contrast " << c.contrast
+                                                  << " gamma " << c.gamma << ", level " << level;
     }
   }
 }

@@ -142,8 +142,7 @@ TEST(ResolutionList, HoldsForEveryDeviceSourceModeAndLimit) {
       for (const std::uint32_t limit : limits) {
         input.restrictedMaxDpi = limit;
         // Each code, and each typed number with the user-defined one, in turn.
-        const ResolutionEntry& entry = AllResolutions()[turn % ResolutionList::capacity];
-        input.resolutionId = entry.resolutionId;
+        input.resolutionId = dpi75 << turn % ResolutionList::capacity;
         input.dpi = typed[turn % std::size(typed)];
         ++turn;
         const std::string violation = Violation(input, *rules);

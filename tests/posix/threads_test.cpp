@@ -1,4 +1,4 @@
-// Threads that nobody waits for but the process's end, mutexes that belong to a thread, and the system's language.
+// Threads that outlive their starter, mutexes that belong to a thread, and the system's language.
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -16,22 +16,6 @@ bool Elsewhere(const std::function<bool()>& test) {
   bool result = false;
   std::thread([&] { result = test(); }).join();
   return result;
-}
-
-TEST(PosixThreadsTest, AreCountedUntilTheirWorkIsGone) {
-  PosixThreads threads;
-  std::atomic<bool> go{false};
-  std::atomic<int> done{0};
-  for (int i = 0; i < 8; ++i) {
-    ASSERT_TRUE(threads.Start(i % 2 == 0 ? ThreadPriority::normal : ThreadPriority::aboveNormal, [&] {
-      while (!go) std::this_thread::yield();
-      ++done;
-    }));
-  }
-  EXPECT_FALSE(threads.WaitForAll(10));
-  go = true;
-  EXPECT_TRUE(threads.WaitForAll(10000));
-  EXPECT_EQ(done, 8);
 }
 
 TEST(PosixThreadsTest, OutliveTheirStarter) {

@@ -116,10 +116,6 @@ int PositionOf(const ResolutionList& list, std::uint32_t resolutionId) {
 
 }  // namespace
 
-std::span<const ResolutionEntry> AllResolutions() {
-  return allResolutions;
-}
-
 std::int32_t DpiOfCode(std::uint32_t resolutionId) {
   const auto found = std::ranges::find(allResolutions, resolutionId, &ResolutionEntry::resolutionId);
   return found == allResolutions.end() ? 0 : found->dpi;

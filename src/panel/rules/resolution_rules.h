@@ -19,9 +19,6 @@ struct ResolutionEntry {
   std::int32_t dpi;            // 0 for the user-defined entry
 };
 
-// All entries in the order of the list.
-std::span<const ResolutionEntry> AllResolutions();
-
 // The dpi that a code stands for; 0 for the user-defined one and for a code that is none.
 std::int32_t DpiOfCode(std::uint32_t resolutionId);
 

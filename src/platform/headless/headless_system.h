@@ -13,7 +13,6 @@ class HeadlessSystem : public System {
  public:
   HeadlessSystem(SimulatedClock& clock, std::uint16_t language) : clock_(clock), language_(language) {}
 
-  void SetLanguage(std::uint16_t language) { language_ = language; }
   void OnBeep(std::function<void()> heard) { heard_ = std::move(heard); }
 
   std::uint16_t DefaultLanguage() override { return language_; }
@@ -28,7 +27,7 @@ class HeadlessSystem : public System {
 
  private:
   SimulatedClock& clock_;
-  std::uint16_t language_;
+  const std::uint16_t language_;
   std::function<void()> heard_;
 };
 

@@ -86,40 +86,13 @@ void ApplyPriority(ThreadPriority priority) {
 
 }  // namespace
 
-class PosixThreads::Running {
- public:
-  void Add() {
-    const std::lock_guard guard(inside_);
-    ++count_;
-  }
-  void Remove() {
-    const std::lock_guard guard(inside_);
-    if (--count_ == 0) none_.notify_all();
-  }
-  bool WaitForNone(int milliseconds) {
-    std::unique_lock guard(inside_);
-    return none_.wait_for(guard, std::chrono::milliseconds(milliseconds), [&] { return count_ == 0; });
-  }
-
- private:
-  std::mutex inside_;
-  std::condition_variable none_;
-  int count_ = 0;
-};
-
-PosixThreads::PosixThreads() : running_(std::make_shared<Running>()) {}
-
 bool PosixThreads::Start(ThreadPriority priority, std::function<void()> work) {
-  running_->Add();
   try {
-    std::thread([running = running_, priority, work = std::move(work)]() mutable {
+    std::thread([priority, work = std::move(work)] {
       ApplyPriority(priority);
       work();
-      work = nullptr;  // what it holds goes before the thread counts as ended
-      running->Remove();
     }).detach();
   } catch (const std::system_error&) {
-    running_->Remove();
     return false;
   }
   return true;
@@ -131,10 +104,6 @@ std::unique_ptr<NamedMutex> PosixThreads::MakeMutex(std::string_view name, bool 
   // As everywhere, only the first one can be owned from the start.
   if (owned && isNew) mutex->Wait(0);
   return mutex;
-}
-
-bool PosixThreads::WaitForAll(int milliseconds) {
-  return running_->WaitForNone(milliseconds);
 }
 
 }  // namespace set32
