@@ -50,6 +50,13 @@ need_test_tools() {
   need /usr/include/benchmark/benchmark.h libbenchmark-dev
 }
 
+need_cross_tools() {
+  need_build_tools
+  need i686-w64-mingw32-g++-posix g++-mingw-w64-i686-posix
+  need x86_64-w64-mingw32-g++-posix g++-mingw-w64-x86-64-posix
+  need /usr/src/googletest/googlemock/src/gmock-all.cc googletest
+}
+
 need_fuzz_tools() {
   need clang++ clang
   need "$(clang++ -print-resource-dir)/lib/linux/libclang_rt.fuzzer-$(uname -m).a" libclang-rt-14-dev

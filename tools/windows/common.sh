@@ -13,13 +13,6 @@ fail() {
   exit 1
 }
 
-need_cross_tools() {
-  need_build_tools
-  need i686-w64-mingw32-g++-posix g++-mingw-w64-i686-posix
-  need x86_64-w64-mingw32-g++-posix g++-mingw-w64-x86-64-posix
-  need /usr/src/googletest/googlemock/src/gmock-all.cc googletest
-}
-
 # choose_windows [--64]: sets preset and chosen. 32-bit programs come first, since they are the product; where their wine
 # can't be had, 64-bit ones run in the machine's own.
 choose_windows() {
