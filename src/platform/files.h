@@ -49,7 +49,8 @@ class Files {
   // A failure is of no consequence to the callers.
   virtual bool Remove(std::string_view path) = 0;
   // Waits for at most `milliseconds` for the lock that belongs to this path (a file beside it, which stays); null
-  // when it wasn't had. Other processes and other threads that ask for the same path wait meanwhile.
+  // when it wasn't had, and at once where no waiting would help. Other processes and other threads that ask for the
+  // same path wait meanwhile.
   virtual std::unique_ptr<FileLock> Lock(std::string_view path, int milliseconds) = 0;
 };
 

@@ -3,7 +3,8 @@
 // A profile is a text file of sections "[name]" and lines "key=value", lines ended by CR LF or LF, of any length.
 // Names match without regard to ASCII letter case. Blanks around section names, keys and values don't count; one
 // pair of quotes (" or ') around a value is taken off on reading; a line that begins with ';' is a comment; of
-// several equal keys, or sections, the first counts. A null pointer is an argument that isn't given.
+// several equal keys, or sections, the first counts. A null pointer is an argument that isn't given; a file without
+// a name is a missing one that can't be written.
 //
 // A write replaces the file in one step, under a lock between processes: a reader sees the old file or the new one,
 // and writers of different keys lose nothing. Nothing is cached: each call opens the file, reads it once, closes it.

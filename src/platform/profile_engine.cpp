@@ -58,6 +58,11 @@ std::string TemporaryName(std::string_view file) {
   return std::string(file) + "." + std::to_string(ticks) + "." + std::to_string(counter++) + ".tmp";
 }
 
+// Without a name there is no file to lock either: its lock would lie wherever the process stands.
+bool IsName(const char* file) {
+  return file != nullptr && *file != '\0';
+}
+
 std::span<const std::uint8_t> AsBytes(std::string_view text) {
   return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
 }
@@ -84,7 +89,7 @@ bool CanCarry(const char* section, const char* key, const char* value) {
 }  // namespace
 
 ProfileEngine::ReadResult ProfileEngine::Read(const char* file, Content& content) {
-  if (file == nullptr) return ReadResult::missing;
+  if (!IsName(file)) return ReadResult::missing;
   const std::unique_ptr<File> opened = files_.OpenToRead(file);
   if (!opened) return files_.Exists(file) ? ReadResult::failed : ReadResult::missing;
   const std::uint64_t size = opened->Size();
@@ -145,7 +150,7 @@ std::size_t ProfileEngine::GetSection(const char* section, std::span<char> out, 
 }
 
 bool ProfileEngine::WriteString(const char* section, const char* key, const char* value, const char* file) {
-  if (section == nullptr || file == nullptr || !CanCarry(section, key, value)) return false;
+  if (section == nullptr || !IsName(file) || !CanCarry(section, key, value)) return false;
   const std::unique_ptr<FileLock> lock = files_.Lock(file, lockMilliseconds);
   if (!lock) return false;
   Content content;
@@ -159,7 +164,7 @@ bool ProfileEngine::WriteString(const char* section, const char* key, const char
 }
 
 bool ProfileEngine::ReplaceFile(const char* file, std::span<const char> content) {
-  if (file == nullptr) return false;
+  if (!IsName(file)) return false;
   const std::unique_ptr<FileLock> lock = files_.Lock(file, lockMilliseconds);
   return lock && Replace(file, std::array{std::string_view(content.data(), content.size())});
 }

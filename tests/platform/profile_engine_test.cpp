@@ -6,10 +6,12 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <chrono>
 #include <optional>
 #include <string>
 
 #include "tests/support/faulty_files.h"
+#include "tests/support/memory_files.h"
 #include "tests/support/profile_peer.h"
 #include "tests/support/scratch_folder.h"
 
@@ -242,6 +244,37 @@ TEST(ProfileEngineFaults, KeepAFileThatCannotBeRead) {
   const std::string path = folder.Write("p.ini", "[s]\nk=1\n");
   EXPECT_FALSE(ProfileEngine(files).WriteString("s", "new", "2", path.c_str()));
   EXPECT_EQ(folder.Read("p.ini"), "[s]\nk=1\n");
+}
+
+// A name that is none would lead to a file beside whatever the process stands in.
+TEST(ProfileEngineFaults, TouchNothingWithoutAName) {
+  MemoryFiles files;
+  ProfileEngine engine(files);
+  for (const char* name : {static_cast<const char*>(nullptr), ""}) {
+    EXPECT_FALSE(engine.WriteString("s", "k", "v", name));
+    EXPECT_FALSE(engine.ReplaceFile(name, std::string_view("[s]\n")));
+  }
+  EXPECT_TRUE(files.content.empty());
+  EXPECT_EQ(files.locks, 0);
+}
+
+// Another writer will be done soon; a folder that was cleaned away won't come back.
+TEST(ProfileEngineFaults, WaitForALockOnlyWhereItCanBeHad) {
+  using std::chrono::milliseconds;
+  const auto lastsAtLeast = [](milliseconds time, auto operation) {
+    const auto start = std::chrono::steady_clock::now();
+    operation();
+    return std::chrono::steady_clock::now() - start >= time;
+  };
+  const ScratchFolder folder;
+  const auto held = SystemFiles().Lock(folder.Path("p.ini"), 0);
+  ASSERT_TRUE(held);
+  EXPECT_TRUE(lastsAtLeast(milliseconds(40), [&] { EXPECT_FALSE(SystemFiles().Lock(folder.Path("p.ini"), 50)); }));
+  EXPECT_FALSE(lastsAtLeast(milliseconds(ProfileEngine::lockMilliseconds / 2), [&] {
+    ProfileEngine engine(SystemFiles());
+    EXPECT_FALSE(engine.WriteString("s", "k", "v", folder.Path("gone/p.ini").c_str()));
+    EXPECT_FALSE(engine.ReplaceFile(folder.Path("gone/p.ini").c_str(), std::string_view("[s]\n")));
+  }));
 }
 
 }  // namespace

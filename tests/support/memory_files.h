@@ -15,6 +15,7 @@ class MemoryFiles : public Files {
  public:
   std::map<std::string, std::string, std::less<>> content;  // by path
   std::size_t diskLeft = SIZE_MAX;                          // bytes that can still be written
+  int locks = 0;                                            // how often one was asked for
 
   bool Exists(std::string_view path) override { return content.contains(path); }
   std::unique_ptr<File> OpenToRead(std::string_view path) override {
@@ -35,7 +36,10 @@ class MemoryFiles : public Files {
     return true;
   }
   bool Remove(std::string_view path) override { return content.erase(std::string(path)) != 0; }
-  std::unique_ptr<FileLock> Lock(std::string_view, int) override { return std::make_unique<FileLock>(); }
+  std::unique_ptr<FileLock> Lock(std::string_view, int) override {
+    ++locks;
+    return std::make_unique<FileLock>();
+  }
 
  private:
   struct Open : File {

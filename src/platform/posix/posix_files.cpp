@@ -100,11 +100,17 @@ bool StillStands(const FileHandle& handle, const std::string& path) {
   return held && named && held->st_dev == named->st_dev && held->st_ino == named->st_ino;
 }
 
-std::unique_ptr<FileLock> TryLock(const std::string& lockPath) {
+struct LockTry {
+  std::unique_ptr<FileLock> lock;
+  bool isWorthAnother = false;  // somebody has it; any other failure would only come back
+};
+
+LockTry TryLock(const std::string& lockPath) {
   FileHandle handle = Open(lockPath, O_RDWR | O_CREAT | O_NOFOLLOW);
-  if (!handle.IsOpen() || flock(handle.Get(), LOCK_EX | LOCK_NB) != 0 || !StillStands(handle, lockPath))
-    return nullptr;
-  return std::make_unique<PosixFileLock>(std::move(handle));
+  if (!handle.IsOpen()) return {};
+  if (flock(handle.Get(), LOCK_EX | LOCK_NB) != 0) return {nullptr, errno == EWOULDBLOCK || errno == EINTR};
+  if (!StillStands(handle, lockPath)) return {nullptr, true};
+  return {std::make_unique<PosixFileLock>(std::move(handle))};
 }
 
 }  // namespace
@@ -148,8 +154,10 @@ std::unique_ptr<FileLock> PosixFiles::Lock(std::string_view path, int millisecon
   const std::string lockPath = std::string(path) + ".lock";
   const auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
   for (;;) {
-    if (auto lock = TryLock(lockPath)) return lock;
-    if (std::chrono::steady_clock::now() >= deadline) return nullptr;
+    LockTry attempt = TryLock(lockPath);
+    if (attempt.lock || !attempt.isWorthAnother || std::chrono::steady_clock::now() >= deadline) {
+      return std::move(attempt.lock);
+    }
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
   }
 }

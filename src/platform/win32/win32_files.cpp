@@ -85,13 +85,18 @@ std::unique_ptr<FileLock> TryLock(const std::string& lockPath) {
   return std::make_unique<Win32FileLock>(std::move(handle));
 }
 
-// Calls `attempt` until it succeeds or the time is over.
+// Whether somebody else is in the way; any other failure would only come back.
+bool IsWorthAnotherTry(DWORD error) {
+  return error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION || error == ERROR_ACCESS_DENIED;
+}
+
+// Calls `attempt` until it succeeds, fails for good or the time is over.
 template <typename Attempt>
 auto TryFor(int milliseconds, Attempt attempt) {
   const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(std::max(milliseconds, 0));
   for (;;) {
     auto result = attempt();
-    if (result || GetTickCount64() >= end) return result;
+    if (result || !IsWorthAnotherTry(GetLastError()) || GetTickCount64() >= end) return result;
     Sleep(pause);
   }
 }
@@ -118,9 +123,7 @@ bool Win32Files::Replace(std::string_view from, std::string_view to) {
   const auto move = [&] {
     return MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE;
   };
-  if (move()) return true;
-  const DWORD error = GetLastError();
-  return (error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED) && TryFor(patience, move);
+  return TryFor(patience, move);
 }
 
 bool Win32Files::Remove(std::string_view path) {
