@@ -22,6 +22,7 @@ namespace set32 {
 struct MemoryWorld {
   static constexpr const char* profilePath = "temp/QUIRNPrf.ini";
   static constexpr const char* optionsPath = "temp/QUIRNHTp.INI";
+  static constexpr const char* modulePath = "module/QUIRNMFP.ini";
 
   explicit MemoryWorld(Files& chosen) : files(chosen) {}
 
