@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <string>
 
+#include "boundary/option_keys.h"
 #include "platform/platform.h"
 #include "window_handle.h"
 
@@ -29,6 +30,12 @@ struct ModuleState {
   std::string profilePath;      // the scan configurations
   std::string scannerListPath;  // the scanner list
   std::uint8_t driverType = driver_type::usb | driver_type::network;
+
+  // Of the module settings; empty where the module's folder isn't known, since a bare name would lead to a file of
+  // wherever the process stands.
+  std::string ModuleSettingsPath() const {
+    return moduleDir.empty() ? std::string() : moduleDir + module_file::settings;
+  }
 
   // Set by the start of a page.
   std::string productName;         // caption of all message boxes, at most 255 bytes

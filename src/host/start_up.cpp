@@ -16,8 +16,7 @@ std::string FolderOf(const std::string& path) {
 
 void StartUp(ModuleState& state) {
   state.moduleDir = FolderOf(state.platform.paths.ModuleFile());
-  const ModuleSettings settings(state.platform.profiles, state.platform.system,
-                                state.moduleDir.empty() ? "" : state.moduleDir + module_file::settings);
+  const ModuleSettings settings(state.platform.profiles, state.platform.system, state.ModuleSettingsPath());
   const std::string runtimeIni = settings.RuntimeOptionsName();
   const std::string profile = settings.ProfileName();
   const std::string scannerList = settings.ScannerListName();

@@ -88,8 +88,7 @@ void CScannerChoice::RefreshScanners() {
 void CScannerChoice::SearchUsb() {
   Platform& platform = state_.platform;
   const CSearchingDlg searching(platform.windows, page_->Handle(), LoadString(platform.system, text::searchingLocal));
-  EnumerateUsbScanners(platform.usb, platform.profiles, state_.moduleDir + module_file::settings, list_,
-                       firstUsbNumber_);
+  EnumerateUsbScanners(platform.usb, platform.profiles, state_.ModuleSettingsPath(), list_, firstUsbNumber_);
 }
 
 void CScannerChoice::SearchNetwork() {

@@ -74,6 +74,22 @@ TEST_F(ScannerChoice, DriverTypeSaysWhatIsSearchedAndOffered) {
   }
 }
 
+// The file would be one of wherever the process stands.
+TEST_F(ScannerChoice, ModuleWithoutAFolderHasNoSettings) {
+  for (int i = 0; i < 10; ++i) {
+    for (const char* file : {"QUIRNMFP.ini", "module/QUIRNMFP.ini"}) {
+      profiles_.WriteString("DeviceID", ("DeviceID" + std::to_string(i)).c_str(), "VID_FFFF&PID_FFFF", file);
+    }
+  }
+  usb_.Place(3, {0x0C5A, 0x0E72});
+  driverType_ = driver_type::usb;
+  StartPage();
+  EXPECT_THAT(Entries(), IsEmpty());  // the settings beside the module name others
+  state_->moduleDir.clear();
+  Refresh();
+  EXPECT_THAT(Entries(), ElementsAre("USB"));
+}
+
 TEST_F(ScannerChoice, PickedEntryIsReportedAndBecomesTheDefault) {
   usb_.Place(3, {0x0C5A, 0x0E72});
   PlaceScanner("10.0.0.1");
