@@ -128,7 +128,8 @@ std::uint32_t ProfileEngine::GetInteger(const char* section, const char* key, st
   Content content;
   if (section != nullptr && key != nullptr && Read(file, content) == ReadResult::whole) {
     const auto value = profile_text::FindValue(content.Text(), section, key);
-    if (value && !value->empty()) return profile_text::ParseInteger(profile_text::Unquote(*value));
+    const std::string_view number = profile_text::Unquote(value.value_or(""));
+    if (!number.empty()) return profile_text::ParseInteger(number);
   }
   return static_cast<std::uint32_t>(fallback);
 }

@@ -89,7 +89,7 @@ TEST_P(ProfileContract, ReadsIntegers) {
     const char* value;
     std::uint32_t number;
   } cases[] = {{"42", 42}, {"-1", 0xFFFFFFFF}, {"+7", 7},         {" 8 ", 8}, {"9x", 9}, {"x9", 0},
-               {"-", 0},   {"0x1F", 31},       {"4294967297", 1}, {"'5'", 5}, {"", 77}};
+               {"-", 0},   {"0x1F", 31},       {"4294967297", 1}, {"'5'", 5}, {"", 77},  {"''", 77}};
   for (const auto& c : cases) {
     folder_.Write("p.ini", "[s]\nk="s + c.value + "\n");
     EXPECT_EQ(calls_->GetInteger("s", "k", 77, path_.c_str()), c.number) << c.value;
