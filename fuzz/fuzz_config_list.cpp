@@ -16,6 +16,7 @@
 
 #include "platform/profile_text.h"
 #include "profile/config_store.h"
+#include "profile/hex_text.h"
 #include "profile/profile_keys.h"
 #include "resources/ids.h"
 #include "tests/support/memory_files.h"
@@ -124,7 +125,7 @@ class Bench : public DialogHandler, public PanelServices, public HostWindowHandl
 
   static bool IsGuarded(const std::string& value) {
     ScanConfigItem item{};
-    const std::size_t bytes = DecodeConfigItem(value, item);
+    const std::size_t bytes = DecodeHex(value, {reinterpret_cast<std::uint8_t*>(&item), sizeof(item)}, 0);
     return bytes < offsetof(ScanConfigItem, reserved) || item.editable == 0;
   }
 

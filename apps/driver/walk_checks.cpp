@@ -127,8 +127,8 @@ WalkChecks::Finding WalkChecks::CheckProfile(Session& session) {
   std::map<std::string, std::string> factory;
   for (const ConfigEntry& entry : ReadConfigEntries(platform.profiles, path)) {
     ScanConfigItem item{};
-    if (DecodeConfigItem(entry.value, item) != sizeof item) return "the stored row " + entry.name + " doesn't parse";
-    if (item.editable == 0) factory[entry.name] = entry.value;
+    if (CopyStoredItem(entry, item) != sizeof item) return "the stored row " + entry.name + " doesn't parse";
+    if (item.editable == 0) factory[entry.name].assign(entry.item->begin(), entry.item->end());
   }
   if (factoryRows_.empty()) factoryRows_ = factory;
   if (factory != factoryRows_) return "a factory row has changed on the disk";

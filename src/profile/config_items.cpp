@@ -38,6 +38,13 @@ std::span<std::uint8_t> BytesOf(ScanConfigItem& item) {
   return {reinterpret_cast<std::uint8_t*>(&item), sizeof(item)};
 }
 
+// The bytes of an item that a value holds.
+std::shared_ptr<const std::vector<std::uint8_t>> DecodeItem(std::string_view value) {
+  auto bytes = std::make_shared<std::vector<std::uint8_t>>(std::min(value.size() / 2, sizeof(ScanConfigItem)));
+  bytes->resize(DecodeHex(value, *bytes, 0));
+  return bytes;
+}
+
 // One spelling for all that count as the same name.
 std::string Folded(std::string_view name) {
   std::string folded(name);
@@ -87,15 +94,17 @@ std::vector<ConfigEntry> ReadConfigEntries(ProfileCalls& calls, const std::strin
     if (equals == std::string_view::npos || equals == 0) continue;
     const std::string_view name = profile_text::Trim(line.substr(0, equals));
     const auto [first, isFirst] = firsts.try_emplace(Folded(name), entries.size());
+    // A file may say a name thousands of times: what the first one holds is decoded and kept once.
     entries.push_back(
-        {std::string(name), isFirst ? std::string(profile_text::Unquote(profile_text::Trim(line.substr(equals + 1))))
-                                    : entries[first->second].value});
+        {std::string(name), isFirst ? DecodeItem(profile_text::Unquote(profile_text::Trim(line.substr(equals + 1))))
+                                    : entries[first->second].item});
   }
   return entries;
 }
 
-std::size_t DecodeConfigItem(std::string_view value, ScanConfigItem& item) {
-  return DecodeHex(value, BytesOf(item), 0);
+std::size_t CopyStoredItem(const ConfigEntry& entry, ScanConfigItem& item) {
+  std::ranges::copy(*entry.item, BytesOf(item).begin());
+  return entry.item->size();
 }
 
 bool IsSameKey(std::string_view one, std::string_view other) {
@@ -124,7 +133,7 @@ bool StoreConfigItem(ProfileCalls& calls, const std::string& profilePath, const 
   const std::vector<ConfigEntry> entries = ReadConfigEntries(calls, profilePath);
   if (const ConfigEntry* stored = FindConfigEntry(entries, name)) {
     ScanConfigItem present{};
-    if (DecodeConfigItem(stored->value, present) < offsetof(ScanConfigItem, reserved)) return false;
+    if (CopyStoredItem(*stored, present) < offsetof(ScanConfigItem, reserved)) return false;
     item.editable = present.editable;
     item.deletable = present.deletable;
   }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,19 +14,19 @@
 
 namespace set32 {
 
-// One line of the section: the name without its blanks, the value as it stands behind the first '='.
+// One line of the section: the name without its blanks, and the bytes of an item that its value holds, by the rules
+// of CProfileFile::GetBinary: at most 200, and none where a character is foreign. Lines of one name share them.
 struct ConfigEntry {
   std::string name;
-  std::string value;
+  std::shared_ptr<const std::vector<std::uint8_t>> item;
 };
 
 // All configurations of a profile, in file order, read in one pass. Of equal names each reads the first one's value,
 // as the profile calls find it.
 std::vector<ConfigEntry> ReadConfigEntries(ProfileCalls& calls, const std::string& profilePath);
 
-// Decodes a value over an item, by the rules of CProfileFile::GetBinary: a short one replaces the start, one with a
-// foreign character nothing. Result: bytes replaced.
-std::size_t DecodeConfigItem(std::string_view value, ScanConfigItem& item);
+// Lays what is stored over an item: a short value replaces the start. Result: bytes replaced.
+std::size_t CopyStoredItem(const ConfigEntry& entry, ScanConfigItem& item);
 
 // Whether the file would take two names for one key: blanks at the ends and ASCII letter case don't count.
 bool IsSameKey(std::string_view one, std::string_view other);

@@ -89,7 +89,7 @@ void CConfigStore::BuildConfigList() {
   std::size_t slot = 0;
   for (const ConfigEntry& entry : entries) {
     ScanConfigItem& item = slots_[slot];
-    DecodeConfigItem(entry.value, item);
+    CopyStoredItem(entry, item);
     const bool isOnPage = item.settings.paperSource == page_.PageSource();
     // The last slot stays the reading place, so the rows past it are not shown; the file keeps them.
     if (isOnPage && slot < static_cast<std::size_t>(mostRows)) {

@@ -16,7 +16,7 @@ NameVerdict JudgeConfigName(ProfileCalls& calls, const std::string& profilePath,
   const ConfigEntry* stored = FindConfigEntry(entries, name);
   if (stored == nullptr) return NameVerdict::fresh;
   ScanConfigItem item{};
-  const bool flagsAreKnown = DecodeConfigItem(stored->value, item) > offsetof(ScanConfigItem, deletable);
+  const bool flagsAreKnown = CopyStoredItem(*stored, item) > offsetof(ScanConfigItem, deletable);
   return flagsAreKnown && item.deletable != 0 ? NameVerdict::replaceable : NameVerdict::guarded;
 }
 

@@ -69,7 +69,7 @@ TEST(KilledSave, LeavesWholeItemsAndLosesNoneThatWasDone) {
     EXPECT_GE(entries.size(), static_cast<std::size_t>(std::min(done + 1, names)));
     for (const ConfigEntry& entry : entries) {
       ScanConfigItem item{};
-      ASSERT_EQ(DecodeConfigItem(entry.value, item), sizeof(item)) << entry.name;
+      ASSERT_EQ(CopyStoredItem(entry, item), sizeof(item)) << entry.name;
       const int number = item.settings.dpi;
       EXPECT_EQ(item.settings.jpegQuality, number);
       EXPECT_EQ(entry.name, "name " + std::to_string(number % names));

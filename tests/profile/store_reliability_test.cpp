@@ -110,6 +110,19 @@ TEST(StoreReliability, LeavesTheOldProfileOrTheNewOneWhenAnyFileOperationFails) 
   }
 }
 
+// What a file of a few kilobytes repeats must not be kept, nor worked on, as often as it says so.
+TEST(StoreReliability, KeepsOnceWhatAFileRepeats) {
+  MemoryFiles disk;
+  std::string& text = disk.content[MemoryWorld::profilePath];
+  text = "[Config Items]\nrow=" + std::string(3000, '0') + "\n";
+  for (int i = 0; i < 1000; ++i) text += i % 2 == 0 ? "row=\n" : " ROW =11\n";
+  MemoryWorld world(disk);
+  const std::vector<ConfigEntry> entries = ReadConfigEntries(world.profiles, MemoryWorld::profilePath);
+  ASSERT_EQ(entries.size(), 1001U);
+  EXPECT_EQ(entries[0].item->size(), sizeof(ScanConfigItem));
+  for (const ConfigEntry& entry : entries) EXPECT_EQ(entry.item, entries[0].item) << entry.name;
+}
+
 // Counts what goes through.
 class CountingFiles : public ForwardingFiles {
  public:
