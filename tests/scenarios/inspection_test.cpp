@@ -35,6 +35,8 @@ TEST_F(Inspection, ShowsEachKindByWhatItHolds) {
       {"1006", "check visible enabled text=\"自動裁切\" checked=0"},
       {"1095", "tab visible enabled index=0 count=1"},
       {"148:1058", "frame visible enabled"},
+      {"148:1060", "spin visible enabled position=0 low=100 high=0"},
+      {"picture 1253", "SWIDTHU"},
       {"place 1034", "0 0 254 237"},
       {"title 102", "\"一般\""},
       {"tip 5005", "\"移除列印標記\""},

@@ -77,8 +77,8 @@ class SpinModel : public Modelled<Spin> {
   int Held(std::int64_t position) const;
   void MoveTo(int position);
 
-  int low_ = 0;
-  int high_ = 100;
+  int low_ = 100;  // until a range is set, as real ones stand
+  int high_ = 0;
   int position_ = 0;
   int buddy_ = 0;
 };

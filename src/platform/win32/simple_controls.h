@@ -47,6 +47,7 @@ class RealPictureButton : public RealClickable<PictureButton> {
   using RealClickable::RealClickable;
   std::string PictureName() const override { return Exists() ? pictures_.up.name : std::string(); }
   void SetPictures(const ButtonPictures& pictures) override;
+  std::string PictureName() const override { return Exists() ? pictures_.up.name : std::string(); }
   void OnDrawItem(const DRAWITEMSTRUCT& item) override;
 
  private:

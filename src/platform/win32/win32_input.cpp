@@ -1,6 +1,8 @@
 #include "platform/win32/win32_input.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <limits>
 
 #include "platform/win32/code_page.h"
 #include "platform/win32/combo_control.h"
@@ -138,9 +140,15 @@ void Win32Input::ChooseTab(TabBar& bar, int index) {
       bar, [=](win32::RealTabBar& real) { ClickAt(real.Window(), MiddleOf(real.TabPlace(index))); });
 }
 
+// What a click tells and does, without the focus that a click takes.
 void Win32Input::TurnToTab(TabBar& bar, int index) {
   const win32::Delivery delivery(windows_.Desk());
-  if (auto* real = dynamic_cast<win32::RealTabBar*>(&bar)) ClickAt(real->Window(), MiddleOf(real->TabPlace(index)));
+  auto* real = dynamic_cast<win32::RealTabBar*>(&bar);
+  if (real == nullptr || index < 0 || index >= real->Count() || index == real->Current()) return;
+  const HWND window = real->Window();
+  Notify(window, static_cast<UINT>(TCN_SELCHANGING), NMHDR{});
+  real->SetCurrent(index);
+  if (real->Exists()) Notify(window, static_cast<UINT>(TCN_SELCHANGE), NMHDR{});
 }
 
 void Win32Input::ClickRow(List& list, int row) {
@@ -262,7 +270,9 @@ void Win32Input::SpinBy(Spin& spin, int delta) {
   const HWND window = real->Window();
   const int before = real->Position();
   const bool refused = Notify(window, static_cast<UINT>(UDN_DELTAPOS), NMUPDOWN{{}, before, delta}) != 0;
-  if (!refused && real->Exists()) real->SetPosition(before + delta);
+  const auto after = std::clamp<std::int64_t>(std::int64_t{before} + delta, std::numeric_limits<int>::min(),
+                                              std::numeric_limits<int>::max());
+  if (!refused && real->Exists()) real->SetPosition(static_cast<int>(after));
   if (real->Exists()) TellParent(window, WM_VSCROLL, MAKEWPARAM(SB_THUMBPOSITION, real->Position()));
   if (real->Exists()) TellParent(window, WM_VSCROLL, MAKEWPARAM(SB_ENDSCROLL, 0));
 }
