@@ -34,7 +34,9 @@ class Win32Assembly : public Assembly {
                   options.realNetwork ? static_cast<UsbDevices&>(realUsb_) : usb_,
                   registry_,
                   clipboard_,
-                  threads_} {}
+                  threads_} {
+    if (options.realNetwork) clock_.RunByItself();
+  }
 
   Platform& ThePlatform() override { return platform_; }
   Input& TheInput() override { return input_; }

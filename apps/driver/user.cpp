@@ -6,6 +6,7 @@
 #include <string>
 
 #include "apps/driver/not_possible.h"
+#include "platform/utf8.h"
 
 namespace set32 {
 
@@ -157,7 +158,7 @@ void User::Leave() {
 void User::Type(const Target& target, std::string_view text) {
   Edit& edit = Enter<Edit>(target, "an edit");
   input_.SelectAll(edit);
-  input_.TypeText(edit, text);
+  input_.TypeText(edit, utf8::Mend(text));
   input_.Pump();
 }
 
@@ -170,13 +171,13 @@ Edit& User::EnterAtEnd(const Target& target) {
 }
 
 void User::Append(const Target& target, std::string_view text) {
-  input_.TypeText(EnterAtEnd(target), text);
+  input_.TypeText(EnterAtEnd(target), utf8::Mend(text));
   input_.Pump();
 }
 
 void User::Paste(const Target& target, std::string_view text) {
   Edit& edit = EnterAtEnd(target);
-  clipboard_.Write(text);
+  clipboard_.Write(utf8::Mend(text));
   input_.Paste(edit);
   input_.Pump();
 }
@@ -239,6 +240,9 @@ void User::Scroll(const Target& target, int code, std::optional<int> position) {
   Control& control = Reachable(target).control;
   if (control.Kind() != ControlKind::slider && control.Kind() != ControlKind::scroll) {
     throw NotPossible(NameOf(control) + " doesn't scroll");
+  }
+  if (code < scroll_code::lineLeft || code > scroll_code::endScroll) {
+    throw NotPossible("no scroll code " + std::to_string(code));
   }
   if (CarriesPosition(code) && !position) throw NotPossible("this scroll code needs a position");
   input_.ScrollTo(control, code, CarriesPosition(code) ? position : std::nullopt);

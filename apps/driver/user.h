@@ -2,6 +2,8 @@
 // page in front, while no box and no modal dialog stands before it. Everything else throws NotPossible with the
 // reason.
 //
+// What is typed or pasted is text: a byte that is no character comes as U+FFFD, as from any keyboard or clipboard.
+//
 // After each act the message loop has gone round. Scripts and scenario tests act through this class alone.
 #pragma once
 

@@ -105,6 +105,15 @@ bool IsTerminal() {
 #endif
 }
 
+// Line ends as everywhere, and no byte of a piped script that ends it.
+void UseBytes() {
+#ifdef _WIN32
+  _setmode(_fileno(stdout), _O_BINARY);
+  _setmode(_fileno(stderr), _O_BINARY);
+  if (!IsTerminal()) _setmode(_fileno(stdin), _O_BINARY);
+#endif
+}
+
 set32::LineReader ReaderOf(std::istream& stream, bool prompts) {
   return [&stream, prompts, number = 0](const std::string& prompt) mutable -> std::optional<set32::SourceLine> {
     if (prompts) std::cout << prompt << std::flush;
@@ -119,8 +128,9 @@ set32::LineReader ReaderOf(std::istream& stream, bool prompts) {
   };
 }
 
+// Whoever listens at the other end of a pipe sees each line at its moment.
 void Print(const std::string& text) {
-  std::cout << text << '\n';
+  std::cout << text << '\n' << std::flush;
 }
 
 int RunSession(const CommandLine& line, std::istream& statements, bool interactive) {
@@ -129,23 +139,19 @@ int RunSession(const CommandLine& line, std::istream& statements, bool interacti
   options.echo = line.echo;
   options.interactive = interactive;
   options.scriptFolder = line.script.substr(0, line.script.find_last_of("/\\") + 1);
-  const auto complain = [](const std::string& text) {
-    std::cout.flush();
-    std::cerr << text << '\n';
-  };
+  const auto complain = [](const std::string& text) { std::cerr << text << '\n'; };
   set32::Interpreter interpreter({folder.Path(), line.language, line.realNetwork}, options, {Print, complain});
   if (interactive) Print("`open` opens the panel, `show page` draws it, `help` lists the statements.");
   const int status = interpreter.Run(ReaderOf(statements, interactive));
-  std::cout.flush();
-  return status;
+  if (!statements.bad()) return status;  // as of a folder
+  std::cerr << "scan-host: can't read " << line.script << '\n';
+  return exitUsage;
 }
 
 }  // namespace
 
 int main(int count, char** values) {
-#ifdef _WIN32
-  _setmode(_fileno(stdout), _O_BINARY);  // line ends as everywhere
-#endif
+  UseBytes();
   const auto line = Parse({values + 1, values + count});
   if (!line) {
     std::cerr << usage;
@@ -165,7 +171,7 @@ int main(int count, char** values) {
     }
     return RunSession(*line, script, false);
   } catch (const set32::NotPossible& trouble) {
-    std::cerr << "scan-host: " << trouble.what() << '\n';
-    return 1;
+    std::cerr << "scan-host: " << trouble.what() << '\n';  // the folder
+    return exitUsage;
   }
 }

@@ -2,10 +2,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <limits>
+#include <thread>
 
+#include "apps/driver/assembly.h"
 #include "apps/driver/not_possible.h"
 #include "apps/driver/script_text.h"
+#include "apps/driver/session_folder.h"
 #include "apps/driver/settings_fields.h"
 #include "tests/support/script_run.h"
 
@@ -135,6 +139,9 @@ TEST(ScriptRuns, ExpectWhatShowPrints) {
       "expect pixel 0 1168 is source=255,255,255 display=254,254,254\n"
       "expect 1212 is   edit visible enabled text=\"100\" low=75 high=19200\n"
       "expect focus is none\n"
+      "page advanced\n"
+      "expect focus is none\n"
+      "page general\n"
       "expect tip 1011 is \"掃描模式\"\n"
       "click 1006\n"
       "expect heard\n"
@@ -155,6 +162,9 @@ TEST(ScriptRuns, ActInsideDialogsAndBoxes) {
       "  click 1\n"
       "  type 1003 \"mine\"\n"
       "  show 1003\n"
+      "  append 1003 \"\\xFF\"\n"  // no keyboard has it
+      "  expect 1003 is edit visible enabled text=\"mine\uFFFD\"\n"
+      "  erase 1003 1\n"
       "  click 1\n"
       "end\n"
       "click 5002\n"
@@ -178,6 +188,15 @@ TEST(ScriptRuns, EndADialogThatNobodyServes) {
   EXPECT_THAT(run.complaints, ElementsAre("error 4: dialog 104 is closed already"));
   run = RunScript("open\nwhen 104\nclick 102:5002\nend\nclick 5002");
   EXPECT_THAT(run.complaints, ElementsAre("error 3: dialog 104 is open in front"));
+}
+
+// A search ends by the clock, while a real network makes nobody advance the simulated one.
+TEST(ScriptRuns, LetRealTimePassBesideARealNetwork) {
+  const SessionFolder folder;
+  const auto outside = Assemble({.folder = folder.Path(), .realNetwork = true});
+  const std::uint64_t before = outside->Clock().Now();
+  std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  EXPECT_GT(outside->Clock().Now(), before);
 }
 
 TEST(ScriptRuns, KeepFilesAndHostAcrossARestart) {
