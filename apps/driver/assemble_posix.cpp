@@ -50,9 +50,7 @@ class PosixAssembly : public Assembly {
                   options.realNetwork ? static_cast<UsbDevices&>(realUsb_) : usb_,
                   registry_,
                   desk_.clipboard,
-                  threads_} {
-    if (options.realNetwork) clock_.RunByItself();
-  }
+                  threads_} {}
 
   Platform& ThePlatform() override { return platform_; }
   Input& TheInput() override { return desk_.input; }

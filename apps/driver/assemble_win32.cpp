@@ -34,9 +34,7 @@ class Win32Assembly : public Assembly {
                   options.realNetwork ? static_cast<UsbDevices&>(realUsb_) : usb_,
                   registry_,
                   clipboard_,
-                  threads_} {
-    if (options.realNetwork) clock_.RunByItself();
-  }
+                  threads_} {}
 
   Platform& ThePlatform() override { return platform_; }
   Input& TheInput() override { return input_; }

@@ -43,7 +43,9 @@ class Assembly {
 
  protected:
   explicit Assembly(const AssemblyOptions& options)
-      : system_(clock_, options.language), paths_(options.folder), registry_(options.folder + "/registry") {}
+      : system_(clock_, options.language), paths_(options.folder), registry_(options.folder + "/registry") {
+    if (options.realNetwork) clock_.RunByItself();
+  }
 
   SimulatedClock clock_;
   HeadlessSystem system_;

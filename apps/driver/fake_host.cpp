@@ -16,6 +16,12 @@ constexpr Size hostSize{640, 480};
 constexpr Size blankPreview{850, 1169};
 constexpr int previewDpi = 100;
 
+// The panel's words have 32 bits, also where a message carries more.
+template <typename Param>
+std::string SignedWord(Param param) {
+  return std::to_string(static_cast<std::int32_t>(param));
+}
+
 bool CarriesRecord(std::uint32_t message) {
   switch (message) {
     case to_host::areaChanged:
@@ -120,8 +126,8 @@ void FakeHost::EndWindows() {
 }
 
 MessageResult FakeHost::OnHostMessage(std::uint32_t message, WParam wParam, LParam lParam) {
-  const std::string line = "host " + Hexadecimal(message) + ' ' + std::to_string(static_cast<std::intptr_t>(wParam)) +
-                           ' ' + Argument(message, lParam);
+  const std::string line =
+      "host " + Hexadecimal(message) + ' ' + SignedWord(wParam) + ' ' + Argument(message, lParam);
   heard_.push_back(line);
   hear_(line);
   if (message == to_host::unitChosen && storesUnits_) settings_.units = static_cast<std::uint32_t>(wParam);
@@ -145,7 +151,7 @@ std::string FakeHost::Argument(std::uint32_t message, LParam lParam) {
     return '&' + std::to_string(*FromParameter<std::uint32_t>(lParam));
   }
   if (message == to_host::deviceSelected) return Quote(FromParameter<char>(lParam));
-  return std::to_string(lParam);
+  return SignedWord(lParam);
 }
 
 // A frame command travels with 0x403 alone; in any other message the word is a leftover that nobody follows.

@@ -57,6 +57,20 @@ TEST(ListContract, RaisesEachChangeOfARowsState) {
            first,
            [](Stage& s) { s.Hands().ClickRow(TheList(s), -1); },
            {"30 row 1 both>focused", "30 row clicked -1"}},
+          {"another row of a list too low to show it",
+           [=](Stage& s) {
+             first(s);
+             TheList(s).Move({0, 0, 80, 6});
+           },
+           [](Stage& s) { s.Hands().ClickRow(TheList(s), 2); },
+           {"30 row 1 both>focused", "30 row 1 focused>none", "30 row 2 none>both", "30 row clicked 2"}},
+          {"beside the rows of a full list",
+           [](Stage& s) {
+             Fill(s, 40);
+             TheList(s).SelectAndFocus(1);
+           },
+           [](Stage& s) { s.Hands().ClickRow(TheList(s), -1); },
+           {"30 row 1 both>focused", "30 row clicked -1"}},
           {"beside the rows again",
            onlyFocused,
            [](Stage& s) { s.Hands().ClickRow(TheList(s), -1); },

@@ -146,6 +146,13 @@ TEST(ScriptRuns, ExpectWhatShowPrints) {
       "click 1006\n"
       "expect heard\n"
       "  host 0x409 0 settings   # the check box\n"
+      "end\n"
+      "set mode 0x80000000\n"
+      "open\n"
+      "expect heard\n"
+      "  host 0x404 0 -2147483648\n"
+      "  host 0x403 0 settings\n"
+      "  host 0x40C 1 \"加入掃描器 IP...\"\n"
       "end\n");
   EXPECT_THAT(run.complaints, IsEmpty());
   EXPECT_EQ(run.status, 0);

@@ -122,6 +122,18 @@ LRESULT RealList::OnNotify(const NMHDR& header) {
   return 0;
 }
 
+int RealList::RowAt(Point at) const {
+  LVHITTESTINFO place{};
+  place.pt = {at.x, at.y};
+  return static_cast<int>(AskWith(LVM_HITTEST, 0, place));
+}
+
+void RealList::SelectNone() {
+  LVITEMW item{};
+  item.stateMask = LVIS_SELECTED;
+  AskWith(LVM_SETITEMSTATE, static_cast<WPARAM>(-1), item);
+}
+
 Rect RealList::RowPlace(int row) const {
   RECT place{};
   place.left = LVIR_BOUNDS;

@@ -29,6 +29,9 @@ class RealList : public Real<List> {
   LRESULT OnNotify(const NMHDR& header) override;
   // Client coordinates of a row, empty for none.
   Rect RowPlace(int row) const;
+  // The row that a click there meets, -1 beside the rows.
+  int RowAt(Point at) const;
+  void SelectNone();
 
  private:
   bool Holds(int row) const { return row >= 0 && row < Count(); }

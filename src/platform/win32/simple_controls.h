@@ -45,7 +45,6 @@ class RealCheck : public RealClickable<CheckButton> {
 class RealPictureButton : public RealClickable<PictureButton> {
  public:
   using RealClickable::RealClickable;
-  std::string PictureName() const override { return Exists() ? pictures_.up.name : std::string(); }
   void SetPictures(const ButtonPictures& pictures) override;
   std::string PictureName() const override { return Exists() ? pictures_.up.name : std::string(); }
   void OnDrawItem(const DRAWITEMSTRUCT& item) override;

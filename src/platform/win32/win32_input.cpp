@@ -151,12 +151,21 @@ void Win32Input::TurnToTab(TabBar& bar, int index) {
   if (real->Exists()) Notify(window, static_cast<UINT>(TCN_SELCHANGE), NMHDR{});
 }
 
+// A list too low to show the row, or so full that nothing lies beside the rows, tells what the click would.
 void Win32Input::ClickRow(List& list, int row) {
   FocusAnd<win32::RealList>(list, [=](win32::RealList& real) {
-    const Size size = real.ClientSize();
-    const Point beside{size.width / 2, size.height - 1};
     real.EnsureVisible(row);
-    ClickAt(real.Window(), row < 0 ? beside : MiddleOf(real.RowPlace(row)));
+    const Size size = real.ClientSize();
+    const Point at = row < 0 ? Point{size.width / 2, size.height - 1} : MiddleOf(real.RowPlace(row));
+    if (real.RowAt(at) == row) return ClickAt(real.Window(), at);
+    if (row < 0) {
+      real.SelectNone();
+    } else {
+      real.SelectAndFocus(row);
+    }
+    NMITEMACTIVATE click{};
+    click.iItem = row;
+    if (real.Exists()) Notify(real.Window(), static_cast<UINT>(NM_CLICK), click);
   });
 }
 
