@@ -272,7 +272,7 @@ void DeskWindow::ShowPicture(const std::wstring& path) {
 void DeskWindow::ShowTitle() const {
   std::wstring title = caption;
   for (const std::wstring* part : {&scanner_, &file_}) {
-    if (!part->empty()) title = *part + L" - " + title;
+    if (!part->empty()) title.insert(0, *part + L" - ");
   }
   SetWindowTextW(Window(), title.c_str());
 }

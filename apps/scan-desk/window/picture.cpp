@@ -1,5 +1,7 @@
 #include "apps/scan-desk/window/picture.h"
 
+#include <cmath>
+
 #include "adjust/dib/dib_file.h"
 #include "apps/scan-desk/pixels/true_colour.h"
 #include "apps/scan-desk/window/file_on_disk.h"
@@ -27,7 +29,7 @@ bool Picture::MakeBlank() {
   header.height = 1169;
   header.planes = 1;
   header.bitCount = 24;
-  header.pixelsPerMetreX = header.pixelsPerMetreY = static_cast<int>(defaultDotsPerInch / metresAnInch + 0.5);
+  header.pixelsPerMetreX = header.pixelsPerMetreY = static_cast<int>(std::lround(defaultDotsPerInch / metresAnInch));
   set32::CDib blank;
   blank.header = &header;  // which the object doesn't own
   blank.ComputeMetrics();

@@ -5,10 +5,6 @@
 
 #include <commctrl.h>
 
-#include <algorithm>
-
-using std::max;
-using std::min;
 #include <gdiplus.h>
 
 #include "platform/win32/handle.h"
