@@ -191,10 +191,11 @@ TEST(ProfileEngineRead, LeavesAFileOfAbsurdSizeAlone) {
   const ScratchFolder folder;
   ProfileEngine engine(SystemFiles());
   const std::string path = folder.Write("p.ini", "[s]\nk=1\n");
-  std::filesystem::resize_file(path, std::uintmax_t{1} << 36);
+  constexpr std::uintmax_t absurd = ProfileEngine::largestFile + 1;  // which every system's calls can set
+  std::filesystem::resize_file(path, absurd);
   EXPECT_EQ(engine.GetInteger("s", "k", 5, path.c_str()), 5U);
   EXPECT_FALSE(engine.WriteString("s", "k", "2", path.c_str()));
-  EXPECT_EQ(std::filesystem::file_size(path), std::uintmax_t{1} << 36);
+  EXPECT_EQ(std::filesystem::file_size(path), absurd);
 }
 
 // Each step of each kind of write fails once. What stands afterwards is the old file, whole, and nothing beside it; a
