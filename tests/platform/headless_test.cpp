@@ -1,4 +1,4 @@
-// What is the model's alone: its geometry, what can't be made in it, its boxes and clipboard, its raster.
+// What is the model's alone: its geometry, what can't be made in it, its boxes, its raster.
 #include <gmock/gmock.h>
 
 #include "platform/headless/headless_desk.h"
@@ -77,18 +77,6 @@ TEST_F(Headless, BoxesAreToldThenAnswered) {
   EXPECT_EQ(desk.boxes.Show(0, "sure?", "t", box_style::yesNo), BoxAnswer::no);
   desk.boxes.ShowOnThread(0, "bad", "t", box_style::stop);
   EXPECT_THAT(told, ElementsAre("t/sure?", "t/well", "t/sure?", "t/bad/thread"));
-}
-
-TEST_F(Headless, TheClipboardCanFail) {
-  std::string text = "old";
-  EXPECT_EQ(desk.clipboard.Read(text), ClipboardRead::noText);
-  desk.clipboard.Write("new");
-  EXPECT_EQ(desk.clipboard.Read(text), ClipboardRead::text);
-  EXPECT_EQ(text, "new");
-  desk.clipboard.SetLocked(true);
-  desk.clipboard.Write("lost");
-  EXPECT_EQ(desk.clipboard.Read(text), ClipboardRead::cantOpen);
-  EXPECT_EQ(text, "");
 }
 
 constexpr Colour black{0, 0, 0};

@@ -7,117 +7,63 @@ namespace {
 
 enum class Saves { no, yes };
 
+using Act = std::function<void(User&, ScanSettings&)>;
+
+Act Pick(int control, const char* entry) {
+  return [=](User& person, ScanSettings&) { person.Pick(control, entry); };
+}
+Act Click(int control) {
+  return [=](User& person, ScanSettings&) { person.Click(control); };
+}
+Act TypeAndLeave(int control, const char* text) {
+  return [=](User& person, ScanSettings&) { person.Type(control, text), person.Leave(); };
+}
+template <typename Field>
+Act Set(Field ScanSettings::*field, Field value) {
+  return [=](User&, ScanSettings& record) { record.*field = value; };
+}
+
 struct HandlerCase {
   const char* name;
-  std::function<void(User&, ScanSettings&)> prepare;  // what is heard of this isn't compared
-  std::function<void(User&)> act;
+  Act act;
   std::string before;  // heard before the row is saved, with @ for the dpi of the row
   Saves saves;
   std::string after;
   std::uint32_t mode = mode::colour;  // after the act
   const char* box = "";               // in its text
+  Act prepare = {};                   // what is heard of this isn't compared
 };
 
 const std::vector<HandlerCase> handlerCases = {
-    {"another entry",
-     {},
-     [](User& person) { person.Pick(id::resolutionCombo, "300 dpi"); },
-     "",
-     Saves::yes,
-     "401/0:300"},
-    {"the same dpi",
-     {},
-     [](User& person) { person.Focus(id::resolutionEdit), person.Leave(); },
-     "",
-     Saves::no,
-     "401/0:@"},
-    {"dpi of no entry",
-     {},
-     [](User& person) { person.Type(id::resolutionEdit, "250"), person.Leave(); },
-     "",
-     Saves::yes,
-     "401/0:250"},
-    {"dpi too small",
-     {},
-     [](User& person) { person.Type(id::resolutionEdit, "20"), person.Leave(); },
-     "",
-     Saves::no,
-     "401/0:@",
-     mode::colour,
-     "75 與 4800"},
-    {"dpi with high bit depth", [](User&, ScanSettings& record) { record.highBitDepth = 1; },
-     [](User& person) { person.Type(id::resolutionEdit, "700"), person.Leave(); }, "", Saves::no, "401/0:@",
-     mode::colour, "75 與 600"},
-    {"page size",
-     {},
-     [](User& person) { person.Pick(id::sizeCombo, "Letter(8.5\"x11\")"); },
-     "",
-     Saves::yes,
-     "402 paint"},
-    {"size of the person's own",
-     {},
-     [](User& person) { person.Pick(id::sizeCombo, "使用者定義"); },
-     "402",
-     Saves::yes,
-     "paint"},
-    {"the same size",
-     {},
-     [](User& person) { person.Pick(id::sizeCombo, "A4(8.25\"x11.69\")"); },
-     "402",
-     Saves::no,
-     ""},
-    {"unit", {}, [](User& person) { person.Pick(id::unitCombo, "公分"); }, "405/1:@", Saves::no, ""},
-    {"width",
-     {},
-     [](User& person) { person.Type(id::widthEdit, "5.5"), person.Leave(); },
-     "407 402 409/1",
-     Saves::yes,
-     "402 402"},
-    {"height",
-     {},
-     [](User& person) { person.Type(id::heightEdit, "5"), person.PressKey(Key::enter); },
-     "407 402 409/1",
-     Saves::yes,
-     "402 402"},
-    {"width too small",
-     {},
-     [](User& person) { person.Type(id::widthEdit, "0.1"), person.Leave(); },
-     "407 402",
-     Saves::no,
-     "402 402",
-     mode::colour,
+    {"another entry", Pick(id::resolutionCombo, "300 dpi"), "", Saves::yes, "401/0:300"},
+    {"the same dpi", [](User& person, ScanSettings&) { person.Focus(id::resolutionEdit), person.Leave(); }, "",
+     Saves::no, "401/0:@"},
+    {"dpi of no entry", TypeAndLeave(id::resolutionEdit, "250"), "", Saves::yes, "401/0:250"},
+    {"dpi too small", TypeAndLeave(id::resolutionEdit, "20"), "", Saves::no, "401/0:@", mode::colour, "75 與 4800"},
+    {"dpi with high bit depth", TypeAndLeave(id::resolutionEdit, "700"), "", Saves::no, "401/0:@", mode::colour,
+     "75 與 600", Set(&ScanSettings::highBitDepth, 1U)},
+    {"page size", Pick(id::sizeCombo, "Letter(8.5\"x11\")"), "", Saves::yes, "402 paint"},
+    {"size of the person's own", Pick(id::sizeCombo, "使用者定義"), "402", Saves::yes, "paint"},
+    {"the same size", Pick(id::sizeCombo, "A4(8.25\"x11.69\")"), "402", Saves::no, ""},
+    {"unit", Pick(id::unitCombo, "公分"), "405/1:@", Saves::no, ""},
+    {"width", TypeAndLeave(id::widthEdit, "5.5"), "407 402 409/1", Saves::yes, "402 402"},
+    {"height", [](User& person, ScanSettings&) { person.Type(id::heightEdit, "5"), person.PressKey(Key::enter); },
+     "407 402 409/1", Saves::yes, "402 402"},
+    {"width too small", TypeAndLeave(id::widthEdit, "0.1"), "407 402", Saves::no, "402 402", mode::colour,
      "0.30 與 8.50"},
-    {"width past the preview's edge", [](User&, ScanSettings& record) { record.frameLeft = 400; },
-     [](User& person) { person.Type(id::widthEdit, "4.6"), person.Leave(); }, "407 402 409/1", Saves::no, "402 402"},
-    {"width up to the preview's edge", [](User&, ScanSettings& record) { record.frameLeft = 400; },
-     [](User& person) { person.Type(id::widthEdit, "4.49"), person.Leave(); }, "407 402 409/1", Saves::yes,
-     "402 402"},
-    {"gray",
-     {},
-     [](User& person) { person.Pick(id::modeCombo, "灰階"); },
-     "",
-     Saves::yes,
-     "paint 404:2 403",
-     mode::gray},
-    {"black and white",
-     {},
-     [](User& person) { person.Pick(id::modeCombo, "黑白"); },
-     "403",
-     Saves::yes,
-     "paint 404:4 403",
-     mode::blackWhite},
-    {"the same mode", {}, [](User& person) { person.Pick(id::modeCombo, "全彩"); }, "", Saves::no, "paint 404:1 403"},
-    {"a hidden button",
-     {},
-     [](User& person) { person.Poke(id::grayRadio); },
-     "",
-     Saves::yes,
-     "paint 404:2 403",
-     mode::gray},
-    {"auto crop on", {}, [](User& person) { person.Click(id::autoCropCheck); }, "409", Saves::yes, ""},
-    {"auto crop off", [](User&, ScanSettings& record) { record.autoCrop = 1; },
-     [](User& person) { person.Click(id::autoCropCheck); }, "409 402 402", Saves::yes, ""},
-    {"remove frame", {}, [](User& person) { person.Click(id::removeFrameButton); }, "403[3 0] 40B/-1", Saves::no, ""},
+    {"width past the preview's edge", TypeAndLeave(id::widthEdit, "4.6"), "407 402 409/1", Saves::no, "402 402",
+     mode::colour, "", Set(&ScanSettings::frameLeft, 400)},
+    {"width up to the preview's edge", TypeAndLeave(id::widthEdit, "4.49"), "407 402 409/1", Saves::yes, "402 402",
+     mode::colour, "", Set(&ScanSettings::frameLeft, 400)},
+    {"gray", Pick(id::modeCombo, "灰階"), "", Saves::yes, "paint 404:2 403", mode::gray},
+    {"black and white", Pick(id::modeCombo, "黑白"), "403", Saves::yes, "paint 404:4 403", mode::blackWhite},
+    {"the same mode", Pick(id::modeCombo, "全彩"), "", Saves::no, "paint 404:1 403"},
+    {"a hidden button", [](User& person, ScanSettings&) { person.Poke(id::grayRadio); }, "", Saves::yes,
+     "paint 404:2 403", mode::gray},
+    {"auto crop on", Click(id::autoCropCheck), "409", Saves::yes, ""},
+    {"auto crop off", Click(id::autoCropCheck), "409 402 402", Saves::yes, "", mode::colour, "",
+     Set(&ScanSettings::autoCrop, 1U)},
+    {"remove frame", Click(id::removeFrameButton), "403[3 0] 40B/-1", Saves::no, ""},
 };
 
 void PrintTo(const HandlerCase& one, std::ostream* out) {
@@ -148,7 +94,7 @@ TEST_P(Handlers, TellTheHostInOrderAndSaveWhereTheRowTakesIt) {
     if (one.prepare) one.prepare(Person(), Record());
     const Profile before = Stored();
 
-    one.act(Person());
+    one.act(Person(), Record());
 
     std::string lines;
     for (const std::string& line : Lines()) lines += line + '\n';
@@ -173,7 +119,7 @@ INSTANTIATE_TEST_SUITE_P(Page, Handlers, testing::ValuesIn(handlerCases));
 // What the fields hold and the person sees after some of these acts.
 struct OutcomeCase {
   const char* name;
-  std::function<void(User&, ScanSettings&)> act;
+  Act act;
   std::vector<std::pair<std::string, std::string>> seen;  // what `show` is asked, and what it says
 };
 
@@ -182,16 +128,16 @@ class Outcomes : public PageScenario {};
 TEST_F(Outcomes, OfActs) {
   const std::vector<OutcomeCase> cases = {
       {"an entry takes its dpi along",
-       [](User& p, ScanSettings&) { p.Pick(id::resolutionCombo, "600 dpi"); },
+       Pick(id::resolutionCombo, "600 dpi"),
        {{"dpi", "600"}, {"resolutionId", "256"}, {"1212", "edit visible enabled text=\"600\" low=75 high=19200"}}},
       {"the user-defined entry keeps dpi",
-       [](User& p, ScanSettings&) { p.Pick(id::resolutionCombo, "使用者定義"); },
+       Pick(id::resolutionCombo, "使用者定義"),
        {{"dpi", "100"}, {"resolutionId", "4096"}}},
       {"a typed dpi finds its entry",
-       [](User& p, ScanSettings&) { p.Type(id::resolutionEdit, "150"), p.Leave(); },
+       TypeAndLeave(id::resolutionEdit, "150"),
        {{"dpi", "150"}, {"resolutionId", "8"}}},
       {"a typed dpi of no entry is user-defined",
-       [](User& p, ScanSettings&) { p.Type(id::resolutionEdit, "151"), p.Leave(); },
+       TypeAndLeave(id::resolutionEdit, "151"),
        {{"dpi", "151"}, {"resolutionId", "4096"}}},
       {"an entered size is remembered, exchanged while rotated",
        [](User& p, ScanSettings& s) { s.rotated = 1, p.Focus(id::widthEdit), p.Leave(); },
@@ -222,13 +168,13 @@ TEST_F(Outcomes, OfActs) {
        [](User& p, ScanSettings&) { p.Pick(id::unitCombo, "公分"), p.Type(id::widthEdit, "2.54"), p.Leave(); },
        {{"sizeId", "7"}, {"1252", "edit visible enabled text=\"2.54\" low=0.762 high=21.59"}, {"units", "0"}}},
       {"a refused width leaves all as it was",
-       [](User& p, ScanSettings&) { p.Type(id::widthEdit, "0.2"), p.Leave(); },
+       TypeAndLeave(id::widthEdit, "0.2"),
        {{"width", "8.5"}, {"sizeId", "4"}, {"1252", "edit visible enabled text=\"8.50\" low=0.3 high=8.5"}}},
       {"a typed size ends auto crop",
        [](User& p, ScanSettings&) { p.Click(id::autoCropCheck), p.Type(id::heightEdit, "4"), p.Leave(); },
        {{"autoCrop", "0"}, {"height", "4"}, {"1006", "check visible enabled text=\"自動裁切\" checked=0"}}},
       {"auto crop keeps frames from being removed",
-       [](User& p, ScanSettings&) { p.Click(id::autoCropCheck); },
+       Click(id::autoCropCheck),
        {{"autoCrop", "1"}, {"5005", "button visible disabled text=\"移除\""}}},
       {"auto crop off gives Letter",
        [](User& p, ScanSettings& s) {

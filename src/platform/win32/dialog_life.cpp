@@ -70,7 +70,7 @@ void Win32Dialog::TakeControls(const DialogTemplate& source) {
 
 // Releasing drops the window and all inside it without a word to any handler, since the handlers may be gone already.
 Win32Dialog::~Win32Dialog() {
-  if (IsAlive()) {
+  if (Win32Dialog::IsAlive()) {
     TellClosed();
     const HWND window = window_;
     const win32::Quiet quiet(desk_, win32::Quiet::What::both);

@@ -109,7 +109,7 @@ class Win32RegistryKey : public RegistryKey {
     constexpr DWORD largest = 0x10000;
     if (bytes > largest) return ERROR_MORE_DATA;
     std::wstring text(bytes / sizeof(wchar_t) + 1, L'\0');
-    bytes = static_cast<DWORD>(text.size() * sizeof(wchar_t));
+    bytes = static_cast<DWORD>(text.size()) * DWORD{sizeof(wchar_t)};
     status = RegQueryValueExW(key_, wide.c_str(), nullptr, &type, reinterpret_cast<BYTE*>(text.data()), &bytes);
     if (status != ERROR_SUCCESS) return static_cast<std::uint32_t>(status);
     text.resize(bytes / sizeof(wchar_t));

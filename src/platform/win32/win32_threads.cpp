@@ -65,7 +65,7 @@ bool Win32Threads::Start(ThreadPriority priority, std::function<void()> work) {
     FreeLibrary(module);
     return false;
   }
-  task.release();  // the thread's from here on
+  static_cast<void>(task.release());  // the thread's from here on
   const win32::OwnedHandle handle(reinterpret_cast<HANDLE>(thread));
   if (priority == ThreadPriority::aboveNormal) SetThreadPriority(handle.Get(), THREAD_PRIORITY_ABOVE_NORMAL);
   ResumeThread(handle.Get());
