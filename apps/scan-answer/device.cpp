@@ -1,7 +1,5 @@
 #include "device.h"
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
 #include <poll.h>
 #include <sys/socket.h>
 
@@ -13,6 +11,7 @@
 #include <string_view>
 #include <thread>
 
+#include "platform/posix/socket_address.h"
 #include "scanner/address.h"
 
 namespace set32::scan_answer {
@@ -21,14 +20,6 @@ namespace {
 
 constexpr std::array<std::uint8_t, 5> requestStart = {'N', 'E', 'T', 'S', 0x10};
 constexpr std::uint32_t limitedBroadcast = 0xFFFFFFFF;
-
-sockaddr_in SocketAddress(std::uint32_t address, std::uint16_t port) {
-  sockaddr_in result{};
-  result.sin_family = AF_INET;
-  result.sin_addr.s_addr = htonl(address);
-  result.sin_port = htons(port);
-  return result;
-}
 
 }  // namespace
 

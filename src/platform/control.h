@@ -207,16 +207,8 @@ class Combo : public Control {
   }
   // First entry behind `after` (-1: from the first) that begins with the text, or equals it, in both cases without
   // regard to ASCII letter case, going round at the end; -1 when there is none.
-  virtual int FindPrefix(int after, std::string_view text) const {
-    (void)after;
-    (void)text;
-    return -1;
-  }
-  virtual int FindExact(int after, std::string_view text) const {
-    (void)after;
-    (void)text;
-    return -1;
-  }
+  int FindPrefix(int after, std::string_view text) const;
+  int FindExact(int after, std::string_view text) const;
   virtual int Selected() const { return -1; }
   // A position outside selects none.
   virtual void SelectIndex(int index) { (void)index; }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/letter_case.h"
+
 namespace set32::profile_text {
 
 namespace {
@@ -18,10 +20,6 @@ struct RawLine {
 
 constexpr bool IsBlank(char c) {
   return c == ' ' || c == '\t' || c == '\r' || c == '\v' || c == '\f';
-}
-
-constexpr char Fold(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
 std::size_t TextStart(std::string_view text) {
@@ -123,7 +121,7 @@ std::size_t SectionTail(std::string_view text, const RawLine& header) {
 
 int DigitValue(char c) {
   if (c >= '0' && c <= '9') return c - '0';
-  const char folded = Fold(c);
+  const char folded = Folded(c);
   return folded >= 'a' && folded <= 'f' ? folded - 'a' + 10 : 16;
 }
 
@@ -142,10 +140,6 @@ std::uint32_t TakeBase(std::string_view& text) {
 }
 
 }  // namespace
-
-bool EqualFolded(std::string_view a, std::string_view b) {
-  return std::ranges::equal(a, b, [](char x, char y) { return Fold(x) == Fold(y); });
-}
 
 std::string_view Trim(std::string_view text) {
   while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);

@@ -16,9 +16,6 @@ namespace set32::profile_text {
 // Space, tab, CR, vertical tab and form feed from both ends.
 std::string_view Trim(std::string_view text);
 
-// Whether two names are one: ASCII letter case doesn't count.
-bool EqualFolded(std::string_view a, std::string_view b);
-
 // The trimmed value of the first such key of the first such section; nothing when there is none.
 std::optional<std::string_view> FindValue(std::string_view text, std::string_view section, std::string_view key);
 

@@ -8,6 +8,7 @@
 #include <span>
 #include <unordered_map>
 
+#include "platform/letter_case.h"
 #include "platform/profile_text.h"
 #include "profile/hex_text.h"
 #include "profile/profile_file.h"
@@ -43,15 +44,6 @@ std::shared_ptr<const std::vector<std::uint8_t>> DecodeItem(std::string_view val
   auto bytes = std::make_shared<std::vector<std::uint8_t>>(std::min(value.size() / 2, sizeof(ScanConfigItem)));
   bytes->resize(DecodeHex(value, *bytes, 0));
   return bytes;
-}
-
-// One spelling for all that count as the same name.
-std::string Folded(std::string_view name) {
-  std::string folded(name);
-  for (char& letter : folded) {
-    if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
-  }
-  return folded;
 }
 
 struct FactoryConfig {
@@ -112,7 +104,7 @@ bool IsSameKey(std::string_view one, std::string_view other) {
 }
 
 bool IsSameName(std::string_view one, std::string_view other) {
-  return profile_text::EqualFolded(one, other);
+  return EqualFolded(one, other);
 }
 
 const ConfigEntry* FindConfigEntry(const std::vector<ConfigEntry>& entries, std::string_view name) {

@@ -4,6 +4,7 @@
 #include <set>
 
 #include "boundary/option_keys.h"
+#include "platform/letter_case.h"
 #include "resources/ids.h"
 #include "resources/strings.h"
 #include "scanner/add_scanner_dialog.h"
@@ -24,22 +25,14 @@ constexpr std::size_t currentNameBytes = 64;  // with the terminator
 // it by a walk over all entries: a list file may hold tens of thousands.
 class EntryTexts {
  public:
-  void Add(std::string_view entry) { folded_.insert(Fold(entry)); }
+  void Add(std::string_view entry) { folded_.insert(Folded(entry)); }
   bool HasPrefix(std::string_view prefix) const {
-    const std::string folded = Fold(prefix);
+    const std::string folded = Folded(prefix);
     const auto found = folded_.lower_bound(folded);
     return found != folded_.end() && found->starts_with(folded);
   }
 
  private:
-  static std::string Fold(std::string_view entry) {
-    std::string folded(entry);
-    for (char& c : folded) {
-      if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    }
-    return folded;
-  }
-
   std::set<std::string> folded_;
 };
 

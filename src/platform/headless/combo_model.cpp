@@ -10,16 +10,6 @@ namespace {
 
 constexpr int entryHeight = 13;
 
-char Folded(char letter) {
-  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
-bool BeginsWith(std::string_view text, std::string_view prefix) {
-  return text.size() >= prefix.size() &&
-         std::equal(prefix.begin(), prefix.end(), text.begin(),
-                    [](char left, char right) { return Folded(left) == Folded(right); });
-}
-
 }  // namespace
 
 ComboModel::ComboModel(HeadlessDialog& dialog, const ControlTemplate& source, const Rect& place)
@@ -60,26 +50,6 @@ void ComboModel::SetData(int index, std::uintptr_t data) {
 
 std::uintptr_t ComboModel::Data(int index) const {
   return Holds(index) ? entries_[static_cast<std::size_t>(index)].data : 0;
-}
-
-template <typename Matches>
-int ComboModel::FindRound(int after, Matches matches) const {
-  const int count = Count();
-  const int first = Holds(after) ? after + 1 : 0;
-  for (int step = 0; step < count; ++step) {
-    const int index = (first + step) % count;
-    if (matches(std::string_view(entries_[static_cast<std::size_t>(index)].text))) return index;
-  }
-  return -1;
-}
-
-int ComboModel::FindPrefix(int after, std::string_view text) const {
-  return FindRound(after, [text](std::string_view entry) { return BeginsWith(entry, text); });
-}
-
-int ComboModel::FindExact(int after, std::string_view text) const {
-  return FindRound(after,
-                   [text](std::string_view entry) { return entry.size() == text.size() && BeginsWith(entry, text); });
 }
 
 void ComboModel::SelectIndex(int index) {

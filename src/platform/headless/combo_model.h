@@ -21,8 +21,6 @@ class ComboModel : public Modelled<Combo> {
   std::string EntryText(int index) const override;
   void SetData(int index, std::uintptr_t data) override;
   std::uintptr_t Data(int index) const override;
-  int FindPrefix(int after, std::string_view text) const override;
-  int FindExact(int after, std::string_view text) const override;
   int Selected() const override { return selected_; }
   void SelectIndex(int index) override;
   int TopIndex() const override { return top_; }
@@ -46,8 +44,6 @@ class ComboModel : public Modelled<Combo> {
     std::uintptr_t data = 0;
   };
   bool Holds(int index) const { return index >= 0 && index < Count(); }
-  template <typename Matches>
-  int FindRound(int after, Matches matches) const;
 
   std::vector<Entry> entries_;
   int selected_ = -1;

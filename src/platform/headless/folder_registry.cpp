@@ -7,6 +7,8 @@
 #include <system_error>
 #include <vector>
 
+#include "platform/letter_case.h"
+
 namespace set32 {
 
 namespace {
@@ -14,14 +16,6 @@ namespace {
 namespace fs = std::filesystem;
 
 enum class EntryKind { key, value };
-
-char Lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool SameName(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return Lower(x) == Lower(y); });
-}
 
 // A name that stays inside its folder.
 bool IsPlainName(std::string_view name) {
@@ -52,7 +46,7 @@ std::optional<fs::path> Entry(const fs::path& folder, std::string_view name, Ent
   const fs::directory_entry exact(folder / name, error);
   if (!error && IsKind(exact, kind)) return exact.path();
   for (const std::string& candidate : Names(folder, kind)) {
-    if (SameName(candidate, name)) return folder / candidate;
+    if (EqualFolded(candidate, name)) return folder / candidate;
   }
   return {};
 }

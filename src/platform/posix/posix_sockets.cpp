@@ -1,8 +1,6 @@
 #include "platform/posix/posix_sockets.h"
 
-#include <arpa/inet.h>
 #include <netdb.h>
-#include <netinet/in.h>
 #include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -15,20 +13,13 @@
 #include <utility>
 
 #include "platform/posix/file_handle.h"
+#include "platform/posix/socket_address.h"
 
 namespace set32 {
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
-
-sockaddr_in SocketAddress(std::uint32_t address, std::uint16_t port) {
-  sockaddr_in result{};
-  result.sin_family = AF_INET;
-  result.sin_addr.s_addr = htonl(address);
-  result.sin_port = htons(port);
-  return result;
-}
 
 // Rounded up, so that a poll doesn't come back just before the end.
 int MillisecondsUntil(Clock::time_point end) {

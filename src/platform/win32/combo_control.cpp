@@ -11,16 +11,6 @@ namespace set32::win32 {
 
 namespace {
 
-char Folded(char letter) {
-  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
-bool BeginsWith(std::string_view text, std::string_view prefix) {
-  return text.size() >= prefix.size() &&
-         std::equal(prefix.begin(), prefix.end(), text.begin(),
-                    [](char left, char right) { return Folded(left) == Folded(right); });
-}
-
 constexpr WPARAM selectionField = static_cast<WPARAM>(-1);
 
 }  // namespace
@@ -70,27 +60,6 @@ void RealCombo::SetData(int index, std::uintptr_t data) {
 
 std::uintptr_t RealCombo::Data(int index) const {
   return Holds(index) ? static_cast<std::uintptr_t>(Ask(CB_GETITEMDATA, static_cast<WPARAM>(index))) : 0;
-}
-
-// The control's own search folds the letters of every alphabet.
-template <typename Matches>
-int RealCombo::FindRound(int after, Matches matches) const {
-  const int count = Count();
-  const int first = Holds(after) ? after + 1 : 0;
-  for (int step = 0; step < count; ++step) {
-    const int index = (first + step) % count;
-    if (matches(EntryText(index))) return index;
-  }
-  return -1;
-}
-
-int RealCombo::FindPrefix(int after, std::string_view text) const {
-  return FindRound(after, [text](std::string_view entry) { return BeginsWith(entry, text); });
-}
-
-int RealCombo::FindExact(int after, std::string_view text) const {
-  return FindRound(after,
-                   [text](std::string_view entry) { return entry.size() == text.size() && BeginsWith(entry, text); });
 }
 
 // Not every version of the control scrolls as little as needed, so the list is put where it belongs.

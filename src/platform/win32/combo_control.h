@@ -20,8 +20,6 @@ class RealCombo : public Real<Combo> {
   std::string EntryText(int index) const override;
   void SetData(int index, std::uintptr_t data) override;
   std::uintptr_t Data(int index) const override;
-  int FindPrefix(int after, std::string_view text) const override;
-  int FindExact(int after, std::string_view text) const override;
   int Selected() const override { return Exists() ? AskNumber(CB_GETCURSEL) : -1; }
   void SelectIndex(int index) override;
   int TopIndex() const override { return AskNumber(CB_GETTOPINDEX); }
@@ -40,8 +38,6 @@ class RealCombo : public Real<Combo> {
  private:
   int VisibleEntries() const;
   bool Holds(int index) const { return index >= 0 && index < Count(); }
-  template <typename Matches>
-  int FindRound(int after, Matches matches) const;
 
   ItemPainter* painter_ = nullptr;
   bool wasDropped_ = false;
