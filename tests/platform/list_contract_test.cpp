@@ -16,7 +16,7 @@ List& TheList(Stage& stage) {
 
 void Fill(Stage& stage, int rows) {
   for (int i = 0; i < rows; ++i) {
-    TheList(stage).Add("row " + std::to_string(i), i % 3, static_cast<std::uintptr_t>(100 + i));
+    TheList(stage).Add("row " + std::to_string(i), i % 3, static_cast<std::uintptr_t>(i) + 100);
   }
 }
 

@@ -124,7 +124,10 @@ TEST(PosixSocketsTest, CheckSleepsForItsSecondsAndProbeEndsAtOnce) {
 }
 
 // Set by the run inside: a process in the network at the other end.
-constexpr char otherNetwork[] = "SET32_TEST_OTHER_NETWORK";
+std::string OtherNetwork() {
+  const char* process = std::getenv("SET32_TEST_OTHER_NETWORK");
+  return process == nullptr ? "" : process;
+}
 
 std::string OwnPath() {
   std::array<char, 4096> self{};
@@ -161,9 +164,10 @@ class Answerer {
     process_ = fork();
     if (process_ == 0) {
       dup2(ends[1], STDOUT_FILENO);
-      std::vector<std::string> words = {"nsenter", "-t", std::getenv(otherNetwork), "-n", Beside("scan-answer")};
+      std::vector<std::string> words = {"nsenter", "-t", OtherNetwork(), "-n", Beside("scan-answer")};
       words.insert(words.end(), options.begin(), options.end());
       std::vector<char*> pointers;
+      pointers.reserve(words.size() + 1);
       for (std::string& word : words) pointers.push_back(word.data());
       pointers.push_back(nullptr);
       execvp(pointers[0], pointers.data());
@@ -196,7 +200,7 @@ class NetworkNamespaces : private RealNetwork, public ScannerDesk {
  protected:
   NetworkNamespaces() : ScannerDesk(&sockets, &system) {}
 
-  static bool IsInside() { return std::getenv(otherNetwork) != nullptr; }
+  static bool IsInside() { return !OtherNetwork().empty(); }
 
   // Runs the current test once more with a network of its own and another beside it.
   static void RunInside() {

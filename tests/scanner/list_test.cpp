@@ -203,7 +203,7 @@ TEST_F(ListFile, FullDiskLeavesTheOldFile) {
   ASSERT_TRUE(WriteListFile(profiles_, path, list_));
   const std::string old = files_.content[path];
   list_.AddScannerRecord(Network("10.0.0.2"));
-  for (const std::size_t left : {0, 3, 4, 96, 187}) {
+  for (const std::size_t left : {0U, 3U, 4U, 96U, 187U}) {
     files_.diskLeft = left;
     EXPECT_FALSE(WriteListFile(profiles_, path, list_));
     EXPECT_EQ(files_.content[path], old);

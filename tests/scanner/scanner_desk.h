@@ -13,6 +13,7 @@
 
 #include "boundary/host_link.h"
 #include "messages.h"
+#include "pointer_word.h"
 #include "resources/dialogs.h"
 #include "resources/ids.h"
 #include "resources/strings.h"
@@ -89,7 +90,7 @@ class ScannerDesk : public testing::Test, public HostWindowHandler, public Dialo
   // The host.
   MessageResult OnHostMessage(std::uint32_t message, WParam wParam, LParam lParam) override {
     EXPECT_EQ(message, to_host::deviceSelected);
-    heard_.push_back(std::to_string(wParam) + ' ' + reinterpret_cast<const char*>(lParam));
+    heard_.push_back(std::to_string(wParam) + ' ' + FromParameter<char>(lParam));
     if (whenHeard_) whenHeard_();
     return 0;
   }

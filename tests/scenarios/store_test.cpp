@@ -12,7 +12,7 @@ class Store : public PageScenario {
   }
 
   // Types names into dialog 104 one after the other, each followed by Save, and cancels if it still stands.
-  void TrySaving(std::vector<std::string> names) {
+  void TrySaving(const std::vector<std::string>& names) {
     WhenDialog(dialog::saveConfig, [this, names] {
       for (const std::string& name : names) {
         if (name.empty()) {

@@ -76,7 +76,7 @@ void RecordingHandler::OnPointerMoved(Point at) {
 }
 
 // The line stands before whatever `on` does, which may end the dialog or replace itself.
-void RecordingHandler::Note(std::string line) {
+void RecordingHandler::Note(const std::string& line) {
   lines_.push_back(line);
   const auto act = on;
   if (act) act(line);

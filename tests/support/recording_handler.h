@@ -37,7 +37,7 @@ class RecordingHandler : public DialogHandler {
   bool recordPaint = false;  // repaints come when the loop likes
 
  private:
-  void Note(std::string line);
+  void Note(const std::string& line);
 
   Lines lines_;
 };
