@@ -99,13 +99,23 @@ class Bench : public DialogHandler, public PanelServices, public HostWindowHandl
   void RepeatAutoCrop(Saving) override {}
 
  private:
-  // The bytes alone, as lines of the section, or as lines before or behind those of a fresh profile.
+  // The bytes alone, as lines of the section, or as lines before or behind those of a small profile.
   std::string AsProfile(std::string bytes, int how) {
     constexpr std::string_view header = "[Config Items]\n";
     if (how == 1) return bytes.insert(0, header);
     if (how < 2 || how > 3) return bytes;
-    return how == 2 ? std::string(fresh_).insert(header.size(), bytes + '\n')
-                    : std::string(fresh_).insert(fresh_.find("[Tmp]"), bytes + '\n');
+    return how == 2 ? std::string(small_).insert(header.size(), bytes + '\n') : small_ + bytes;
+  }
+
+  // One row that never changes, one that takes changes up, one that can be deleted.
+  std::string SmallProfile() {
+    std::string text = "[Config Items]\n";
+    for (std::uint8_t row = 0; row < 3; ++row) {
+      ScanConfigItem item{MakeSettings(world_.system, {}), row > 0, row > 1, {}};
+      text += "row" + std::to_string(row) + '=' +
+              EncodeHex({reinterpret_cast<const std::uint8_t*>(&item), sizeof(item)}) + '\n';
+    }
+    return text;
   }
 
   List& Rows() { return dialog_->Get<List>(id::configList); }
@@ -200,7 +210,7 @@ class Bench : public DialogHandler, public PanelServices, public HostWindowHandl
 
   MemoryFiles files_;
   MemoryWorld world_{files_};
-  const std::string fresh_ = FreshProfile(world_.system);
+  const std::string small_ = SmallProfile();
   HostLink host_;
   ModuleState state_;
   std::unique_ptr<Dialog> dialog_;
