@@ -1,8 +1,11 @@
 // What the Win32 system alone has: code pages, its registry, clipboard, mutexes, devices and sockets.
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
+#include <string_view>
+#include <vector>
 
 #include "platform/win32/code_page.h"
 #include "platform/win32/system_clipboard.h"
@@ -11,6 +14,8 @@
 #include "platform/win32/win32_threads.h"
 #include "platform/win32/win32_usb.h"
 #include "platform/win32/windows_api.h"
+#include "resources/dialogs.h"
+#include "resources/strings.h"
 
 namespace set32 {
 namespace {
@@ -21,6 +26,7 @@ TEST(CodePage, ConvertsBothWaysAndCountsCharacters) {
   const CodePage big5(950), utf8(CP_UTF8), latin(1252);
   EXPECT_TRUE(big5.Holds("掃描器"));
   EXPECT_FALSE(latin.Holds("掃"));
+  EXPECT_FALSE(CodePage(CP_UTF7).Holds("掃"));  // one that can't be asked is none to rely on
   EXPECT_EQ(big5.FromUtf8("全A"),
             "\xA5\xFE"
             "A");
@@ -49,6 +55,33 @@ TEST(CodePage, ConvertsBothWaysAndCountsCharacters) {
             "a\xEF\xBF\xBD"
             "b");
   EXPECT_EQ(big5.ToUtf8("\xA5"), "\xEF\xBF\xBD");
+}
+
+std::vector<std::string_view> OwnTexts() {
+  std::vector<std::string_view> texts;
+  for (int id = 0; id <= 0xFFFF; ++id) {
+    if (!TextOf(id).empty()) texts.push_back(TextOf(id));
+    const DialogTemplate* dialog = FindDialog(id);
+    if (dialog == nullptr) continue;
+    texts.emplace_back(dialog->caption);
+    for (const ControlTemplate& control : dialog->controls) texts.emplace_back(control.caption);
+  }
+  return texts;
+}
+
+// The few characters that are asked about speak for all, in every code page that a system can have as its own.
+TEST(CodePage, IsTheModulesOnlyIfItHoldsAllItsTexts) {
+  const std::vector<std::string_view> texts = OwnTexts();
+  std::vector<unsigned> taken;
+  for (const unsigned number : {874U, 932U, 936U, 949U, 950U, 1250U, 1251U, 1252U, 1253U, 1254U, 1255U, 1256U, 1257U,
+                                1258U, 54936U, 65001U}) {
+    if (!IsValidCodePage(number)) continue;
+    const CodePage page(number);
+    const bool holdsAll = std::ranges::all_of(texts, [&](std::string_view text) { return page.Holds(text); });
+    EXPECT_EQ(win32::HoldsOwnTexts(page), holdsAll) << number;
+    if (holdsAll) taken.push_back(number);
+  }
+  EXPECT_THAT(taken, testing::IsSupersetOf({936U, 950U, 65001U}));
 }
 
 TEST(CodePage, TellsCharactersFromUnits) {

@@ -39,7 +39,7 @@ std::string FromWide(unsigned page, std::wstring_view text, bool* lost = nullptr
   const int size = WideCharToMultiByte(page, flags, text.data(), units, nullptr, 0, nullptr, used);
   std::string bytes(static_cast<std::size_t>(std::max(size, 0)), '\0');
   WideCharToMultiByte(page, flags, text.data(), units, bytes.data(), size, nullptr, used);
-  if (lost != nullptr) *lost = usedDefault != FALSE;
+  if (lost != nullptr) *lost = size <= 0 || usedDefault != FALSE;
   return bytes;
 }
 
@@ -102,12 +102,16 @@ namespace {
 CodePage& Chosen() {
   static CodePage page = [] {
     const CodePage active(GetACP());
-    return active.Holds(rareCharacters) ? active : CodePage(CP_UTF8);
+    return HoldsOwnTexts(active) ? active : CodePage(CP_UTF8);
   }();
   return page;
 }
 
 }  // namespace
+
+bool HoldsOwnTexts(const CodePage& page) {
+  return page.Holds(rareCharacters);
+}
 
 const CodePage& ModuleText() {
   return Chosen();

@@ -32,6 +32,9 @@ class CodePage {
   unsigned number_;
 };
 
+// Whether every text of the module's own exists in the code page.
+bool HoldsOwnTexts(const CodePage& page);
+
 // The module's, chosen at the first call and the same from then on.
 const CodePage& ModuleText();
 // For programs whose files and scripts are UTF-8 whatever the system says; before any window stands.
