@@ -16,6 +16,8 @@ namespace {
 constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 constexpr std::size_t largestStep = 1U << 20;
 constexpr DWORD pause = 2;  // milliseconds between two tries
+// Milliseconds for which a program that has a file open without sharing it (a virus scanner, an index) is waited for.
+constexpr int patience = 200;
 
 OwnedHandle Open(std::string_view path, DWORD access, DWORD how) {
   return win32::OwnedFile(
@@ -85,18 +87,19 @@ std::unique_ptr<FileLock> TryLock(const std::string& lockPath) {
   return std::make_unique<Win32FileLock>(std::move(handle));
 }
 
-// Whether somebody else is in the way; any other failure would only come back.
-bool IsWorthAnotherTry(DWORD error) {
-  return error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION || error == ERROR_ACCESS_DENIED;
+// Whether the last failure is one that passes: somebody else has the file for a moment.
+bool IsHeldByAnother() {
+  const DWORD error = GetLastError();
+  return error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION;
 }
 
-// Calls `attempt` until it succeeds, fails for good or the time is over.
+// Calls `attempt` until it succeeds, fails for good, or the time is over.
 template <typename Attempt>
-auto TryFor(int milliseconds, Attempt attempt) {
+auto TryFor(int milliseconds, Attempt attempt, bool (*canPass)() = IsHeldByAnother) {
   const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(std::max(milliseconds, 0));
   for (;;) {
     auto result = attempt();
-    if (result || !IsWorthAnotherTry(GetLastError()) || GetTickCount64() >= end) return result;
+    if (result || !canPass() || GetTickCount64() >= end) return result;
     Sleep(pause);
   }
 }
@@ -108,22 +111,21 @@ bool Win32Files::Exists(std::string_view path) {
 }
 
 std::unique_ptr<File> Win32Files::OpenToRead(std::string_view path) {
-  return Plain(Open(path, GENERIC_READ, OPEN_EXISTING));
+  return Plain(TryFor(patience, [path] { return Open(path, GENERIC_READ, OPEN_EXISTING); }));
 }
 
 std::unique_ptr<File> Win32Files::OpenToWrite(std::string_view path) {
   return Plain(Open(path, GENERIC_WRITE, CREATE_ALWAYS));
 }
 
-// A program that has the old file open for a moment without sharing it (a virus scanner, an index) is waited for.
 bool Win32Files::Replace(std::string_view from, std::string_view to) {
-  constexpr int patience = 200;
   const std::wstring source = ModuleText().Wide(from);
   const std::wstring target = ModuleText().Wide(to);
   const auto move = [&] {
     return MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE;
   };
-  return TryFor(patience, move);
+  // A target that is open is also reported as one without access.
+  return TryFor(patience, move, [] { return IsHeldByAnother() || GetLastError() == ERROR_ACCESS_DENIED; });
 }
 
 bool Win32Files::Remove(std::string_view path) {
