@@ -42,7 +42,8 @@ TEST_F(Dll, RefusesWhatIsNoWindowOfThisProcess) {
   HostWindow dead;
   DestroyWindow(dead.window);
   for (const WindowHandle parent :
-       {WindowHandle{0}, dead.Handle(), WindowHandle{0x12345678}, reinterpret_cast<WindowHandle>(GetDesktopWindow())})
+       {WindowHandle{0}, dead.Handle(), WindowHandle{0x12345678}, reinterpret_cast<WindowHandle>(GetDesktopWindow()),
+        reinterpret_cast<WindowHandle>(HWND_MESSAGE), reinterpret_cast<WindowHandle>(HWND_BROADCAST)})
     EXPECT_EQ(Open(parent, host.Handle()), WindowHandle{0}) << parent;
   EXPECT_NE(OpenIn(host), nullptr);
 }

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <future>
 #include <string_view>
 #include <vector>
 
@@ -13,6 +14,7 @@
 #include "platform/win32/win32_sockets.h"
 #include "platform/win32/win32_threads.h"
 #include "platform/win32/win32_usb.h"
+#include "platform/win32/win32_windows.h"
 #include "platform/win32/windows_api.h"
 #include "resources/dialogs.h"
 #include "resources/strings.h"
@@ -139,6 +141,33 @@ TEST(SystemClipboard, KeepsText) {
   EmptyClipboard();
   CloseClipboard();
   EXPECT_EQ(clipboard.Read(text), ClipboardRead::noText);
+}
+
+TEST(SystemClipboard, IsWaitedForWhileAnotherWindowHasItOpen) {
+  std::promise<void> opened;
+  auto another = std::async(std::launch::async, [&] {
+    const HWND window = CreateWindowExW(0, L"Static", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    EXPECT_TRUE(OpenClipboard(window));
+    opened.set_value();
+    Sleep(15);
+    CloseClipboard();
+    DestroyWindow(window);
+  });
+  opened.get_future().wait();
+  SystemClipboard clipboard;
+  clipboard.Write("2.5");
+  another.wait();
+  std::string text;
+  EXPECT_EQ(clipboard.Read(text), ClipboardRead::text);
+  EXPECT_EQ(text, "2.5");
+}
+
+// Most of what a message to a host carries is an address, which means nothing elsewhere.
+TEST(SystemWindows, NothingIsSentToAWindowOfAnotherProcess) {
+  Win32Windows windows;
+  const HWND desktop = GetDesktopWindow();
+  ASSERT_EQ(SendMessageW(desktop, WM_QUERYOPEN, 0, 0), TRUE);
+  EXPECT_EQ(windows.Send(reinterpret_cast<WindowHandle>(desktop), WM_QUERYOPEN, 0, 0), 0);
 }
 
 TEST(SystemThreads, AMutexIsWaitedForAndGivenBack) {

@@ -14,16 +14,12 @@ RealTooltip::RealTooltip(HWND dialog)
       window_(CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0,
                               0, 0, dialog, nullptr, nullptr, nullptr)) {}
 
-RealTooltip::~RealTooltip() {
-  if (window_ != nullptr) DestroyWindow(window_);
-}
-
 void RealTooltip::Activate() {
-  if (window_ != nullptr) SendMessageW(window_, TTM_ACTIVATE, TRUE, 0);
+  if (Exists()) SendMessageW(window_.Get(), TTM_ACTIVATE, TRUE, 0);
 }
 
 void RealTooltip::SetDelay(int milliseconds) {
-  if (window_ != nullptr) SendMessageW(window_, TTM_SETDELAYTIME, TTDT_AUTOMATIC, MAKELPARAM(milliseconds, 0));
+  if (Exists()) SendMessageW(window_.Get(), TTM_SETDELAYTIME, TTDT_AUTOMATIC, MAKELPARAM(milliseconds, 0));
 }
 
 void RealTooltip::AddTool(int controlId, std::string_view text) {
@@ -36,7 +32,7 @@ void RealTooltip::AddTool(int controlId, const Rect& part, std::string_view text
 
 void RealTooltip::Add(int controlId, const Rect* part, std::string_view text) {
   const HWND control = GetDlgItem(dialog_, controlId);
-  if (window_ == nullptr || control == nullptr) return;
+  if (!Exists() || control == nullptr) return;
   std::wstring wide = ModuleText().Wide(text);
   TTTOOLINFOW tool{};
   tool.cbSize = TTTOOLINFOW_V1_SIZE;  // every version of the class takes it
@@ -51,7 +47,7 @@ void RealTooltip::Add(int controlId, const Rect* part, std::string_view text) {
     tool.hwnd = dialog_;
     tool.uId = reinterpret_cast<UINT_PTR>(control);
   }
-  SendMessageW(window_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+  SendMessageW(window_.Get(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
   tools_.emplace_back(controlId, text);
 }
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/tooltip.h"
-#include "platform/win32/windows_api.h"
+#include "platform/win32/handle.h"
 
 namespace set32::win32 {
 
@@ -14,11 +14,8 @@ namespace set32::win32 {
 class RealTooltip : public Tooltip {
  public:
   explicit RealTooltip(HWND dialog);
-  ~RealTooltip() override;
-  RealTooltip(const RealTooltip&) = delete;
-  RealTooltip& operator=(const RealTooltip&) = delete;
 
-  bool Exists() const { return window_ != nullptr; }
+  bool Exists() const { return IsWindow(window_.Get()) != FALSE; }
   void Activate() override;
   void SetDelay(int milliseconds) override;
   void AddTool(int controlId, std::string_view text) override;
@@ -29,7 +26,7 @@ class RealTooltip : public Tooltip {
   void Add(int controlId, const Rect* part, std::string_view text);
 
   HWND dialog_;
-  HWND window_;
+  OwnedWindow window_;
   std::vector<std::pair<int, std::string>> tools_;
 };
 

@@ -2,23 +2,25 @@
 
 #include <algorithm>
 #include <cstring>
+#include <memory>
+#include <string>
 
 #include "platform/win32/code_page.h"
-#include "platform/win32/windows_api.h"
+#include "platform/win32/handle.h"
 
 namespace set32 {
 
 namespace {
 
-// Another program may have it open for a moment.
+// Another program may have it open for a moment. Nobody can write without a window that becomes the owner.
 class OpenClipboardFor {
  public:
-  OpenClipboardFor() {
+  explicit OpenClipboardFor(HWND owner = nullptr) {
     constexpr int tries = 10;
     constexpr DWORD pause = 5;
     for (int i = 0; i < tries && !open_; ++i) {
       if (i > 0) Sleep(pause);
-      open_ = OpenClipboard(nullptr) != FALSE;
+      open_ = OpenClipboard(owner) != FALSE;
     }
   }
   ~OpenClipboardFor() {
@@ -31,6 +33,22 @@ class OpenClipboardFor {
  private:
   bool open_ = false;
 };
+
+struct FreeGlobal {
+  void operator()(HGLOBAL memory) const { GlobalFree(memory); }
+};
+using OwnedGlobal = std::unique_ptr<void, FreeGlobal>;
+
+// Null when there is no memory.
+OwnedGlobal InGlobalMemory(const std::wstring& text) {
+  const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
+  OwnedGlobal memory(GlobalAlloc(GMEM_MOVEABLE, bytes));
+  void* units = memory ? GlobalLock(memory.get()) : nullptr;
+  if (units == nullptr) return nullptr;
+  std::memcpy(units, text.c_str(), bytes);
+  GlobalUnlock(memory.get());
+  return memory;
+}
 
 }  // namespace
 
@@ -49,19 +67,15 @@ ClipboardRead SystemClipboard::Read(std::string& text) {
   return ClipboardRead::text;
 }
 
+// What the clipboard holds goes only when the new text is ready.
 void SystemClipboard::Write(std::string_view text) {
-  const std::wstring wide = win32::ModuleText().Wide(text);
-  const std::size_t bytes = (wide.size() + 1) * sizeof(wchar_t);
-  const OpenClipboardFor clipboard;
-  if (!clipboard.IsOpen() || !EmptyClipboard()) return;
-  const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes);
-  if (memory == nullptr) return;
-  if (void* units = GlobalLock(memory)) {
-    std::memcpy(units, wide.c_str(), bytes);
-    GlobalUnlock(memory);
-  }
+  OwnedGlobal memory = InGlobalMemory(win32::ModuleText().Wide(text));
+  const win32::OwnedWindow owner(
+      CreateWindowExW(0, L"Static", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr));
+  const OpenClipboardFor clipboard(owner.Get());
+  if (!memory || !clipboard.IsOpen() || !EmptyClipboard()) return;
   // The clipboard owns what it took.
-  if (SetClipboardData(CF_UNICODETEXT, memory) == nullptr) GlobalFree(memory);
+  if (SetClipboardData(CF_UNICODETEXT, memory.get()) != nullptr) memory.release();
 }
 
 }  // namespace set32

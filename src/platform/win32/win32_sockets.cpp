@@ -94,7 +94,10 @@ Received Win32Socket::Receive(std::span<std::uint8_t> into, int milliseconds) {
                 ntohs(from.sin_port)};
       const int error = WSAGetLastError();
       if (error == WSAEMSGSIZE) return {};
-      if (error == WSAEWOULDBLOCK || error == WSAEINTR || error == WSAECONNRESET) continue;
+      if (error == WSAEWOULDBLOCK || error == WSAEINTR || error == WSAECONNRESET) {
+        if (MillisecondsUntil(end) == 0) return {ReceiveStatus::timeOut, 0, 0, 0};
+        continue;
+      }
     }
     if (waited == Waited::nothing) continue;
     ::Sleep(MillisecondsUntil(end));
@@ -123,7 +126,8 @@ std::unique_ptr<DatagramSocket> Win32Sockets::Open() {
 bool Win32Sockets::HostName(std::string& name) {
   std::array<char, 600> buffer{};
   if (gethostname(buffer.data(), static_cast<int>(buffer.size()) - 1) != 0) return false;
-  name = buffer.data();
+  // The network's calls for bytes speak the system's code page, whatever the module's own is.
+  name = win32::ModuleText().Narrow(win32::CodePage(GetACP()).Wide(buffer.data()));
   return true;
 }
 

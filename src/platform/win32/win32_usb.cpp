@@ -1,5 +1,6 @@
 #include "platform/win32/win32_usb.h"
 
+#include <memory>
 #include <string>
 
 #include "platform/win32/handle.h"
@@ -25,23 +26,35 @@ class Win32UsbDevice : public UsbDevice {
 
   // The driver answers in its own time, and only so can a device that hangs be given up.
   std::optional<UsbIdentity> Identity() override {
-    const win32::OwnedHandle done(CreateEventW(nullptr, TRUE, FALSE, nullptr));
-    if (!done) return {};
-    DeviceDescriptor descriptor{};
-    OVERLAPPED request{};
-    request.hEvent = done.Get();
+    auto question = std::make_unique<Question>();
+    if (!question->done) return {};
+    DeviceDescriptor& descriptor = question->descriptor;
     DWORD stored = 0;
     const BOOL atOnce = DeviceIoControl(handle_.Get(), getDeviceDescriptor, &descriptor, sizeof descriptor,
-                                        &descriptor, sizeof descriptor, &stored, &request);
+                                        &descriptor, sizeof descriptor, &stored, &question->request);
     if (!atOnce) {
       if (GetLastError() != ERROR_IO_PENDING) return {};
-      if (WaitForSingleObject(done.Get(), patience) != WAIT_OBJECT_0) CancelIo(handle_.Get());
+      if (!question->Ends()) CancelIo(handle_.Get());
+      if (!question->Ends()) {
+        static_cast<void>(question.release());  // left to the driver, which may still write into it
+        return {};
+      }
     }
-    if (!GetOverlappedResult(handle_.Get(), &request, &stored, TRUE) || stored < sizeof(UsbIdentity)) return {};
+    if (!GetOverlappedResult(handle_.Get(), &question->request, &stored, FALSE) || stored < sizeof(UsbIdentity))
+      return {};
     return UsbIdentity{descriptor.vendor, descriptor.product};
   }
 
  private:
+  struct Question {
+    Question() { request.hEvent = done.Get(); }
+    bool Ends() const { return WaitForSingleObject(done.Get(), patience) == WAIT_OBJECT_0; }
+
+    DeviceDescriptor descriptor{};
+    OVERLAPPED request{};
+    win32::OwnedHandle done{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
+  };
+
   win32::OwnedHandle handle_;
 };
 

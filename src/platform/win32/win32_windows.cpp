@@ -14,7 +14,7 @@ HWND WindowOf(WindowHandle window) {
   return reinterpret_cast<HWND>(window);
 }
 
-// A panel lives in its host's process; windows of others get none of ours, since no memory is shared with them.
+// A panel lives in its host's process. A window of another one is none to it: what the messages point to isn't there.
 bool IsOfThisProcess(HWND window) {
   DWORD process = 0;
   return GetWindowThreadProcessId(window, &process) != 0 && process == GetCurrentProcessId();
@@ -86,7 +86,7 @@ int Win32Windows::RunModal(const DialogTemplate& source, WindowHandle owner, Dia
 }
 
 bool Win32Windows::IsWindow(WindowHandle window) const {
-  return ::IsWindow(WindowOf(window)) != FALSE;
+  return IsOfThisProcess(WindowOf(window));
 }
 
 MessageResult Win32Windows::Send(WindowHandle window, std::uint32_t message, WParam wParam, LParam lParam) {
