@@ -53,6 +53,8 @@ LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
   auto* host = reinterpret_cast<Host*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (host != nullptr && message >= set32::to_host::resolutionChanged && message <= set32::to_host::deviceSelected)
     return OnPanelMessage(*host, message, wParam);
+  // Keys go to the panel whenever the window comes to the front.
+  if (host != nullptr && message == WM_SETFOCUS) SetFocus(host->page);
   if (message == WM_DESTROY) PostQuitMessage(0);
   return DefWindowProcW(window, message, wParam, lParam);
 }

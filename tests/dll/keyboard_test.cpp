@@ -61,6 +61,15 @@ TEST_F(Keyboard, TabRunsThroughThePageBothWays) {
   EXPECT_THAT(Walk(3), ElementsAre(id::heightEdit, id::widthEdit, id::unitCombo));
 }
 
+// As a host gives it.
+TEST_F(Keyboard, TabGoesOnFromThePageItself) {
+  SetFocus(page);
+  EXPECT_EQ(GetFocus(), page);
+  EXPECT_THAT(Walk(2), testing::Each(testing::Ne(0)));
+  EXPECT_TRUE(IsChild(GetParent(page), GetFocus()));
+  EXPECT_NE(GetFocus(), page);
+}
+
 TEST_F(Keyboard, EnterLeavesAnEditAndEscapeDoesNothing) {
   // Its value is judged, and the key goes no further.
   SetFocus(At(id::resolutionEdit));
