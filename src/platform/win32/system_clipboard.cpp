@@ -75,7 +75,7 @@ void SystemClipboard::Write(std::string_view text) {
   const OpenClipboardFor clipboard(owner.Get());
   if (!memory || !clipboard.IsOpen() || !EmptyClipboard()) return;
   // The clipboard owns what it took.
-  if (SetClipboardData(CF_UNICODETEXT, memory.get()) != nullptr) memory.release();
+  if (SetClipboardData(CF_UNICODETEXT, memory.get()) != nullptr) static_cast<void>(memory.release());
 }
 
 }  // namespace set32
