@@ -7,9 +7,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-#include <cstring>
 #include <map>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -205,7 +205,7 @@ class Bench : public DialogHandler, public PanelServices, public HostWindowHandl
     ScanSettings last{};
     next.LoadLastSettings(last);
     if (written.paperSource == paper_source::feeder) written.autoCrop = 0;
-    Require(std::memcmp(&last, &written, sizeof(last)) == 0);
+    Require(std::ranges::equal(std::as_bytes(std::span(&last, 1)), std::as_bytes(std::span(&written, 1))));
   }
 
   MemoryFiles files_;

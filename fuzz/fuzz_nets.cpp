@@ -21,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   CScannerList list;
   BroadcastDiscovery(network, system, list);
-  if (clock.Now() > 2 * nets::passLimit || list.Count() > answers) std::abort();
+  if (clock.Now() > 2 * std::uint64_t{nets::passLimit} || list.Count() > answers) std::abort();
   DistinctRecords added(2);
   for (const char* name : {"10.0.0.1", "no address"}) {
     ScannerRecord record;

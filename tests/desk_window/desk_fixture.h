@@ -36,6 +36,12 @@ inline HWND PageWithin(HWND window) {
 // The library lies in a folder of its own, with a module profile that lets it look for no device in the network, and
 // keeps its files there.
 class Desk : public testing::Test {
+ public:
+  ~Desk() override {
+    desk_.reset();
+    SetEnvironmentVariableW(L"TMP", temp_);
+  }
+
  protected:
   Desk() {
     folder_.Write("QUIRNMFP.ini", "[RunTime]\r\nDriverType=1\r\n");
@@ -46,10 +52,6 @@ class Desk : public testing::Test {
     CopyFileW((path.substr(0, path.find_last_of(L'\\') + 1) + L"set32.dll").c_str(), library_.c_str(), FALSE);
     GetEnvironmentVariableW(L"TMP", temp_, MAX_PATH);
     SetEnvironmentVariableW(L"TMP", library_.substr(0, library_.find_last_of(L"\\/")).c_str());
-  }
-  ~Desk() override {
-    desk_.reset();
-    SetEnvironmentVariableW(L"TMP", temp_);
   }
 
   bool Open(const std::wstring& picture = {}) { return Open(library_, picture); }

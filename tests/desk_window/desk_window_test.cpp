@@ -146,7 +146,7 @@ TEST_F(Desk, TurnsThePanelsPagesByKeysAlone) {
 std::string BitmapOf(std::uint16_t bits, int width, int height, std::size_t tableBytes, std::size_t pixelBytes) {
   BITMAPFILEHEADER file{};
   file.bfType = 0x4D42;
-  file.bfOffBits = static_cast<DWORD>(sizeof file + sizeof(BITMAPINFOHEADER) + tableBytes);
+  file.bfOffBits = DWORD{sizeof file + sizeof(BITMAPINFOHEADER)} + static_cast<DWORD>(tableBytes);
   BITMAPINFOHEADER info{};
   info.biSize = sizeof info;
   info.biWidth = width;

@@ -158,6 +158,9 @@ TEST_F(Keyboard, AMnemonicClicksAndEscapeEndsTheDialogAlone) {
 
 // A host's dialog whose loop hands its keys to the dialog; the panel stands in it between two buttons.
 class KeyboardInADialog : public Dll {
+ public:
+  ~KeyboardInADialog() override { DestroyWindow(dialog); }
+
  protected:
   enum Id { before = 9001, after = 9002 };
   KeyboardInADialog() {
@@ -175,7 +178,6 @@ class KeyboardInADialog : public Dll {
     page = reinterpret_cast<HWND>(Open(parent, parent));
     Add(after);
   }
-  ~KeyboardInADialog() override { DestroyWindow(dialog); }
 
   void Add(int control) {
     CreateWindowExW(0, L"Button", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, 0, 20, 20, dialog,

@@ -79,6 +79,12 @@ struct HostWindow {
 
 // The library lies in a folder of its own, with a module profile that lets it look for no device in the network.
 class Dll : public testing::Test {
+ public:
+  ~Dll() override {
+    Unload();
+    SetEnvironmentVariableW(L"TMP", temp_);
+  }
+
  protected:
   Dll() {
     folder_.Write("QUIRNMFP.ini", "[RunTime]\r\nDriverType=1\r\n");
@@ -93,10 +99,6 @@ class Dll : public testing::Test {
     settings.resolutionId = resolution::dpi100;
     settings.width = settings.customWidth = 8.5;
     settings.height = settings.customHeight = 11;
-  }
-  ~Dll() override {
-    Unload();
-    SetEnvironmentVariableW(L"TMP", temp_);
   }
 
   std::wstring Path() const {
