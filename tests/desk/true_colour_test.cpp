@@ -58,7 +58,8 @@ std::string Drawn(const CDib& dib) {
   std::string drawn;
   for (int y = 0; y < dib.header->height; ++y) {
     for (int x = 0; x < dib.header->width; ++x) {
-      const std::uint8_t* at = dib.displayPixels + static_cast<std::size_t>(y) * dib.stride + 3 * static_cast<std::size_t>(x);
+      const auto column = static_cast<std::size_t>(x);
+      const std::uint8_t* at = dib.displayPixels + static_cast<std::size_t>(y) * dib.stride + 3 * column;
       const int colour = at[0] << 16 | at[1] << 8 | at[2];
       drawn += colour == 0xFF0000   ? 'b'
                : colour == 0x00FF00 ? 'g'
