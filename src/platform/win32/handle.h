@@ -37,11 +37,8 @@ class Owned {
 inline void FreeObject(HANDLE handle) {
   CloseHandle(handle);
 }
-inline void FreeBitmap(HBITMAP bitmap) {
-  DeleteObject(bitmap);
-}
-inline void FreeFont(HFONT font) {
-  DeleteObject(font);
+inline void FreeDrawingObject(HGDIOBJ object) {
+  DeleteObject(object);
 }
 inline void FreeMemoryDc(HDC dc) {
   DeleteDC(dc);
@@ -69,8 +66,8 @@ inline void FreeWindow(HWND window) {
 }
 
 using OwnedHandle = Owned<HANDLE, FreeObject>;
-using OwnedBitmap = Owned<HBITMAP, FreeBitmap>;
-using OwnedFont = Owned<HFONT, FreeFont>;
+using OwnedBitmap = Owned<HBITMAP, FreeDrawingObject>;
+using OwnedFont = Owned<HFONT, FreeDrawingObject>;
 using OwnedDc = Owned<HDC, FreeMemoryDc>;
 using OwnedIcon = Owned<HICON, FreeIcon>;
 using OwnedHook = Owned<HHOOK, FreeHook>;
