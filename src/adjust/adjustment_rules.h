@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+#include "boundary/adjustment_defaults.h"
 #include "dib.h"
 #include "host_records.h"
 
@@ -85,14 +86,6 @@ bool PageDescreenUsable(const ScanSettings& settings);
 bool PageHighBitUsable(const ScanSettings& settings, bool highBitRestricted);
 // No descreen in black and white and on the feeder; a refresh of the dialog clears it there.
 bool DescreenForbidden(const ScanSettings& settings);
-
-// The neutral adjustments of a mode as the profile has them.
-struct AdjustmentDefaults {
-  std::int32_t brightness = 0;
-  std::int32_t contrast = 0;
-  double gamma = 1.0;
-  std::int32_t jpegQuality = 9;
-};
 
 // The defaults of the record's mode into the record, the bands taking the gamma for all, and into a preview.
 void LoadAdjustmentDefaults(const AdjustmentDefaults& defaults, ScanSettings& settings, CDib* preview);

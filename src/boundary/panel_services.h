@@ -8,7 +8,9 @@
 
 #include <cstdint>
 
+#include "boundary/adjustment_defaults.h"
 #include "boundary/host_link.h"
+#include "dib.h"
 #include "host_records.h"
 
 namespace set32 {
@@ -19,6 +21,12 @@ class PanelServices {
 
   virtual ScanSettings& Settings() = 0;
   virtual HostLink& Host() = 0;
+  // The host's picture, null where there is none.
+  virtual CDib* Preview() const = 0;
+  // Highest resolution of a scan that the device restricts.
+  virtual std::uint32_t RestrictedMaxDpi() const = 0;
+  // What the profile has for the record's mode.
+  virtual AdjustmentDefaults ReadAdjustmentDefaults() const = 0;
   virtual std::uint32_t PageSource() const = 0;
   virtual std::uint32_t ShownUnits() const = 0;
 

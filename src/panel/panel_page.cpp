@@ -41,6 +41,12 @@ RuntimeOptions CPanelPage::Options() const {
   return {state_.platform.profiles, state_.platform.system, state_.runtimeIniPath};
 }
 
+AdjustmentDefaults CPanelPage::ReadAdjustmentDefaults() const {
+  CProfileFile profile(state_.platform.profiles);
+  profile.SetFileName(state_.profilePath.c_str());
+  return set32::ReadAdjustmentDefaults(profile, settings_->mode);
+}
+
 std::string CPanelPage::String(int id) const {
   return LoadString(state_.platform.system, id);
 }

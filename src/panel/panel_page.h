@@ -56,6 +56,9 @@ class CPanelPage : public DialogHandler, public PanelServices {
   // PanelServices
   ScanSettings& Settings() override { return *settings_; }
   HostLink& Host() override { return host_; }
+  CDib* Preview() const override { return preview_; }
+  std::uint32_t RestrictedMaxDpi() const override { return caps_.restrictedMaxDpi(); }
+  AdjustmentDefaults ReadAdjustmentDefaults() const override;
   std::uint32_t PageSource() const override { return pageSource_; }
   std::uint32_t ShownUnits() const override { return shownUnits_; }
   void RefreshPanel() override;
@@ -68,7 +71,6 @@ class CPanelPage : public DialogHandler, public PanelServices {
   // The module's state is dropped while the page stands: its end then writes nothing and tells nobody.
   void Detach() { isDetached_ = true; }
 
-  CDib* Preview() const { return preview_; }
   // 0 while the page has no window; its dialog object may be gone then as well, as after a death inside its start.
   WindowHandle Window() const { return handled_ != nullptr ? handled_->Handle() : 0; }
 

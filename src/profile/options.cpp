@@ -69,12 +69,12 @@ bool ListsApplication(std::string_view list, std::string_view application) {
   return false;
 }
 
-DefaultAdjustments ReadDefaultAdjustments(const CProfileFile& profile, std::uint32_t mode) {
+AdjustmentDefaults ReadAdjustmentDefaults(const CProfileFile& profile, std::uint32_t mode) {
   const profile_key::AdjustmentKeys keys = profile_key::AdjustmentKeysOf(mode);
   const auto integer = [&](const char* key) {
     return static_cast<std::int32_t>(profile.GetInteger(profile_key::defaultSettings, key, 0, 10));
   };
-  DefaultAdjustments values;
+  AdjustmentDefaults values;
   if (keys.brightness != nullptr) values.brightness = integer(keys.brightness);
   if (keys.contrast != nullptr) values.contrast = integer(keys.contrast);
   if (keys.gamma != nullptr) values.gamma = profile.GetDouble(profile_key::defaultSettings, keys.gamma, 1.0);

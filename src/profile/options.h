@@ -11,6 +11,7 @@
 #include <string_view>
 #include <utility>
 
+#include "boundary/adjustment_defaults.h"
 #include "boundary/option_file.h"
 #include "platform/geometry.h"
 #include "profile/profile_file.h"
@@ -77,15 +78,7 @@ class RuntimeOptions {
 // belong to an entry.
 bool ListsApplication(std::string_view list, std::string_view application);
 
-// The adjustments that a mode begins with.
-struct DefaultAdjustments {
-  std::int32_t brightness = 0;
-  std::int32_t contrast = 0;
-  double gamma = 1.0;
-  std::int32_t jpegQuality = 9;
-};
-
 // From the profile of scan configurations. A mode that isn't known has neutral values.
-DefaultAdjustments ReadDefaultAdjustments(const CProfileFile& profile, std::uint32_t mode);
+AdjustmentDefaults ReadAdjustmentDefaults(const CProfileFile& profile, std::uint32_t mode);
 
 }  // namespace set32

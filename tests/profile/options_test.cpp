@@ -20,10 +20,10 @@ class Options : public testing::Test {
   T From(const std::string& text) {
     return T(engine_, system_, folder_.Write("o.ini", text));
   }
-  DefaultAdjustments Adjustments(const std::string& text, std::uint32_t mode) {
+  AdjustmentDefaults Adjustments(const std::string& text, std::uint32_t mode) {
     CProfileFile profile(engine_);
     profile.SetFileName(folder_.Write("o.ini", text).c_str());
-    return ReadDefaultAdjustments(profile, mode);
+    return ReadAdjustmentDefaults(profile, mode);
   }
 
   ScratchFolder folder_;
@@ -108,7 +108,7 @@ TEST_F(Options, GiveEachModeItsAdjustments) {
   } cases[] = {{mode::colour, -1, 2, 1.1},  {mode::jpegColour, -1, 2, 1.1}, {mode::gray, 3, 4, 1.2},
                {mode::jpegGray, 3, 4, 1.2}, {mode::blackWhite, 5, 0, 1.3},  {77, 0, 0, 1.0}};
   for (const auto& c : cases) {
-    const DefaultAdjustments values = Adjustments(text, c.mode);
+    const AdjustmentDefaults values = Adjustments(text, c.mode);
     EXPECT_EQ(values.brightness, c.brightness) << c.mode;
     EXPECT_EQ(values.contrast, c.contrast) << c.mode;
     EXPECT_EQ(values.gamma, c.gamma) << c.mode;
