@@ -29,7 +29,8 @@ MemoryFiles FullProfile() {
   item.settings = *host.record;
   item.editable = item.deletable = 1;
   for (int row = 6; row < mostRows; ++row) {
-    Require(StoreConfigItem(world.profiles, MemoryWorld::profilePath, "row " + std::to_string(row), item));
+    Require(StoreConfigItem(world.profiles, MemoryWorld::profilePath, "row " + std::to_string(row), item) ==
+            Stored::written);
   }
   return files;
 }

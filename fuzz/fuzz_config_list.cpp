@@ -18,6 +18,7 @@
 #include "profile/config_store.h"
 #include "profile/hex_text.h"
 #include "profile/profile_keys.h"
+#include "profile/save_config_dialog.h"
 #include "resources/ids.h"
 #include "tests/support/memory_files.h"
 #include "tests/support/memory_world.h"
@@ -40,16 +41,12 @@ constexpr ControlTemplate controls[] = {{id::configList, ControlKind::list, "", 
                                         {id::deleteButton, ControlKind::button, "", 117, 129, 46, 12}};
 constexpr DialogTemplate source{dialog::general, "", {180, 261}, "", 8, DialogStyle::child, controls};
 
-class Bench : public DialogHandler, public PanelServices, public HostWindowHandler {
+class Bench : public DialogHandler, public HostWindowHandler {
  public:
-  Bench() : host_(world_.desk.windows), state_(world_.platform) {
+  Bench() : state_(world_.platform) {
     state_.profilePath = MemoryWorld::profilePath;
     dialog_ = world_.desk.windows.Create(source, world_.desk.input.MakeHostWindow({600, 500}, *this), *this);
     dialog_->SetVisible(true);
-    world_.desk.windows.SetOpenedHook([this](Dialog& opened) {
-      if (!typedName_.empty()) opened.Get<Edit>(id104::nameEdit).SetText(typedName_);
-      world_.desk.input.Click(opened.Get<Button>(id::ok));
-    });
   }
 
   void Run(std::string profile) {
@@ -58,14 +55,15 @@ class Bench : public DialogHandler, public PanelServices, public HostWindowHandl
     profile = AsProfile(std::move(profile), acts >> 5);
     files_.content = {{MemoryWorld::profilePath, std::move(profile)}};
     record_ = MakeSettings(world_.system, {});
-    CConfigStore store(state_, *this, sheetStoreFace);
+    CConfigStore store(state_);
     store_ = &store;
     store.Attach(*dialog_);
-    store.ClearRows();
     store.WriteFreshProfile();
-    source_ = store.LoadLastSettings(record_);
-    store.BuildConfigList();
-    store.ShowSelectedRow();
+    store.ReadLastSettings(record_);
+    source_ = record_.paperSource;
+    store.ReadSelectedRow(source_);
+    store.BuildConfigList(source_);
+    store.SelectRow(store.selectedRow);
     store.HoldSelectedRow();
     store.SetButtons();
     if ((acts & 1) != 0) ChangeRows();
@@ -80,23 +78,13 @@ class Bench : public DialogHandler, public PanelServices, public HostWindowHandl
   }
 
   void OnEvent(const Event& event) override {
-    if (store_ == nullptr || event.controlId != id::configList) return;
-    if (event.kind == EventKind::rowChanged) store_->OnRowChanged(event);
-    if (event.kind == EventKind::rowClicked) store_->OnRowClicked(event);
+    if (store_ == nullptr || event.kind != EventKind::rowChanged || !event.after.selected) return;
+    store_->selectedRow = event.row;
+    store_->TakeRow(event.row, record_);
+    store_->SetButtons();
   }
   MessageResult OnHostMessage(std::uint32_t, WParam, LParam) override { return 1; }
   void OnRepaintAsked() override {}
-
-  ScanSettings& Settings() override { return record_; }
-  HostLink& Host() override { return host_; }
-  std::uint32_t PageSource() const override { return source_; }
-  std::uint32_t ShownUnits() const override { return 0; }
-  void RefreshPanel() override { store_->SetButtons(); }
-  void RefreshPreview() override {}
-  void BuildResolutionList() override {}
-  void AutoSaveConfig() override { store_->AutoSaveConfig(); }
-  void RemoveAllFrames() override {}
-  void RepeatAutoCrop(Saving) override {}
 
  private:
   // The bytes alone, as lines of the section, or as lines before or behind those of a small profile.
@@ -120,7 +108,7 @@ class Bench : public DialogHandler, public PanelServices, public HostWindowHandl
 
   List& Rows() { return dialog_->Get<List>(id::configList); }
   // Straight from the bytes, since this is asked for all the time.
-  Contents Stored() const {
+  Contents Lines() const {
     Contents stored;
     profile_text::SectionLines lines(files_.content.at(MemoryWorld::profilePath), profile_key::configItems);
     for (profile_text::SectionLines::Line line; lines.Next(line);) {
@@ -158,13 +146,13 @@ class Bench : public DialogHandler, public PanelServices, public HostWindowHandl
     const std::size_t entries = ReadConfigEntries(world_.profiles, MemoryWorld::profilePath).size();
     Require(Rows().Count() <= CConfigStore::mostRows);
     Require(static_cast<std::size_t>(Rows().Count()) <= std::max<std::size_t>(entries, 1));
-    Contents before = Stored();
+    Contents before = Lines();
     for (int row = 0; row < std::min(Rows().Count(), most); ++row) {
       Input& hands = world_.desk.input;
       row % 2 == 0 ? hands.ClickRow(Rows(), row) : hands.ArrowTo(Rows(), row);
       ++record_.jpegQuality;
-      store_->AutoSaveConfig();
-      Contents after = Stored();
+      store_->SaveChange(record_, source_);
+      Contents after = Lines();
       Require(after.size() == before.size());
       RequireOneChange(before, after);
       before = std::move(after);
@@ -172,46 +160,47 @@ class Bench : public DialogHandler, public PanelServices, public HostWindowHandl
   }
 
   void Save() {
-    const Contents before = Stored();
-    store_->SaveConfigAs();
-    RequireOneChange(before, Stored());
+    const Contents before = Lines();
+    const NameVerdict verdict = JudgeConfigName(world_.profiles, MemoryWorld::profilePath, typedName_);
+    if (verdict == NameVerdict::fresh || verdict == NameVerdict::replaceable) store_->SaveAs(typedName_, record_);
+    store_->BuildConfigList(source_);
+    RequireOneChange(before, Lines());
   }
 
   void Delete() {
     if (!dialog_->Get<Button>(id::deleteButton).IsEnabled()) return;
-    const Contents before = Stored();
-    store_->DeleteConfig();
-    RequireOneChange(before, Stored());
+    const Contents before = Lines();
+    store_->Remove(store_->RowText(store_->selectedRow));
+    store_->BuildConfigList(source_);
+    store_->HoldSelectedRow();
+    store_->SelectRow(store_->selectedRow);
+    RequireOneChange(before, Lines());
   }
 
   void ChangeSource() {
     source_ = (source_ + 1) % 4;
-    store_->suppressAutoSave = true;
-    store_->ChangeSource();
-    store_->SelectConfigRow(3);
-    store_->suppressAutoSave = false;
+    store_->BuildConfigList(source_);
+    store_->HoldSelectedRow();
+    store_->SelectRow(store_->selectedRow);
+    store_->TakeRow(store_->selectedRow, record_);
   }
 
   // What the end of the page wrote reads back, and touches no configuration.
   void Close() {
-    const Contents before = Stored();
-    record_.highBitDepth = 1;
-    ScanSettings written = record_;
-    store_->Close(record_, source_);
-    Require(Stored() == before);
-    Require(record_.highBitDepth == 0);
-    CConfigStore next(state_, *this, sheetStoreFace);
-    next.Attach(*dialog_);
+    const Contents before = Lines();
+    store_->WriteLastSettings(record_, source_);
+    Require(Lines() == before);
+    CConfigStore next(state_);
     ScanSettings last{};
-    next.LoadLastSettings(last);
-    if (written.paperSource == paper_source::feeder) written.autoCrop = 0;
+    next.ReadLastSettings(last);
+    ScanSettings written = record_;
+    written.frameCommand = 0;
     Require(std::ranges::equal(std::as_bytes(std::span(&last, 1)), std::as_bytes(std::span(&written, 1))));
   }
 
   MemoryFiles files_;
   MemoryWorld world_{files_};
   const std::string small_ = SmallProfile();
-  HostLink host_;
   ModuleState state_;
   std::unique_ptr<Dialog> dialog_;
   ScanSettings record_{};

@@ -1,6 +1,5 @@
-// What the lower folders ask of the page: the store refreshes it, the advanced dialog rebuilds its resolution list,
-// the Advanced page saves through it. Declared beneath them and implemented by the page, so that no arrow runs in a
-// circle.
+// What the two front ends of the adjustments ask of the page beside which they stand. Declared beneath them and
+// implemented by the page, so that no arrow runs in a circle; adjustment_front.h is the other direction.
 //
 // Any of these may send messages to the host, and the host may end the page meanwhile; the page then works on a
 // record of its own, so that nothing of the host's is touched afterwards.
@@ -27,8 +26,6 @@ class PanelServices {
   virtual std::uint32_t RestrictedMaxDpi() const = 0;
   // What the profile has for the record's mode.
   virtual AdjustmentDefaults ReadAdjustmentDefaults() const = 0;
-  virtual std::uint32_t PageSource() const = 0;
-  virtual std::uint32_t ShownUnits() const = 0;
 
   // Makes the screen, the preview and the host agree with the settings.
   virtual void RefreshPanel() = 0;
@@ -36,12 +33,6 @@ class PanelServices {
   virtual void BuildResolutionList() = 0;
   // Keeps the settings in the configuration list, on the face that does so.
   virtual void AutoSaveConfig() = 0;
-
-  // Takes every frame tab away, each with its report to the host.
-  virtual void RemoveAllFrames() = 0;
-  // Where auto crop is on: turns it off and on again, so that the host hears of it.
-  enum class Saving { asUsual, off };
-  virtual void RepeatAutoCrop(Saving saving) = 0;
 };
 
 }  // namespace set32

@@ -16,6 +16,8 @@ class CIconCombo : public ItemPainter {
   CIconCombo& operator=(const CIconCombo&) = delete;
 
   void Attach(Combo& combo);
+  // The combo's window is gone.
+  void Detach() { combo_ = nullptr; }
 
   // Adds an entry at the end with a picture of the resources. Result: its position; -1, and no entry, when there is
   // no such picture.

@@ -21,6 +21,11 @@ class CRangeRealEdit : public EditFilter {
 
   // Takes the edit with this id of a dialog that stands.
   void Attach(Dialog& dialog, int editId);
+  // The dialog's window is gone; ranges may be set all the same.
+  void Detach() {
+    dialog_ = nullptr;
+    edit_ = nullptr;
+  }
   // In either order.
   void SetRange(double a, double b);
 

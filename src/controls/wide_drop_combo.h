@@ -10,8 +10,9 @@ class CWideDropCombo {
  public:
   explicit CWideDropCombo(Windows& windows) : windows_(windows) {}
 
-  // The combo's dialog must outlive the calls.
+  // The combo's dialog must stay until Detach.
   void Attach(Combo& combo) { combo_ = &combo; }
+  void Detach() { combo_ = nullptr; }
 
   // The widest text and a scroll bar beside it; 0 with no entries.
   void OnDropDown();

@@ -12,10 +12,8 @@ CAdvanceMainSheet::CAdvanceMainSheet(ModuleState& state, std::string caption, in
       caption_(std::move(caption)),
       active_(startPage),
       advancedPage_(std::make_unique<CResponsePage>()),
-      generalPage_(std::make_unique<CSettingBoxPage>(state)),
-      pages_{{{dialog::general, generalPage_.get(), nullptr}, {dialog::advanced, advancedPage_.get(), nullptr}}} {
-  generalPage_->SetAdvancedPage(advancedPage_.get());
-}
+      generalPage_(std::make_unique<CSettingBoxPage>(state, *advancedPage_)),
+      pages_{{{dialog::general, generalPage_.get(), nullptr}, {dialog::advanced, advancedPage_.get(), nullptr}}} {}
 
 CAdvanceMainSheet::~CAdvanceMainSheet() {
   generalPage_->Detach();

@@ -10,7 +10,7 @@
 #include "adjust/response_page.h"
 #include "boundary/module_state.h"
 #include "host_records.h"
-#include "panel/setting_box_page.h"
+#include "panel/sheet/setting_box_page.h"
 #include "platform/windows.h"
 #include "resources/ids.h"
 

@@ -1,29 +1,14 @@
-// The module: start-up, the two faces, and the object behind the two exported functions.
+// The module: start-up, the choice of the face, and the object behind the two exported functions.
 #pragma once
 
 #include <cstdint>
 #include <memory>
 
-#include "dib.h"
-#include "host_records.h"
+#include "host/fix_setting_arguments.h"
 #include "platform/platform.h"
 #include "window_handle.h"
 
 namespace set32 {
-
-// The arguments of uiFixSetting, in its order.
-struct FixSettingArguments {
-  WindowHandle parentWindow = 0;
-  WindowHandle hostWindow = 0;
-  const DeviceLimits* limits = nullptr;
-  ScanSettings* settings = nullptr;
-  CDib* preview = nullptr;
-  bool jpegModes = false;
-  std::uint32_t bwThreshold = 0;
-  std::uint32_t outputBits = 0;
-  const PanelRect* panelRect = nullptr;
-  const DeviceCaps* caps = nullptr;
-};
 
 // Everything that the module keeps between load and unload. Construction is the module's start-up: it reads the file
 // names and the driver type. The platform must outlive it. Dropping it while windows of the panel stand detaches it

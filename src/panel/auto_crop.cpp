@@ -1,11 +1,18 @@
-// Auto crop: check box 1006.
-#include "panel/panel_page.h"
+// Auto crop: check box 1006. What a click on it does is each face's.
+#include "panel/page.h"
 #include "resources/ids.h"
 
 namespace set32 {
 
-void CPanelPage::OnAutoCropClicked(const Event&) {
-  ToggleAutoCrop();
+// On the feeder the check box is there only where auto crop stays available; on film it can't be used.
+void CPanelPage::ShowAutoCropAtStart() {
+  CheckButton& check = Get<CheckButton>(id::autoCropCheck);
+  if (pageSource_ == paper_source::flatbed) {
+    check.SetVisible(true);
+    check.SetEnabled(true);
+  } else if (IsTransparency(pageSource_) || (pageSource_ == paper_source::feeder && !Options().FeederAutoCrop())) {
+    check.SetEnabled(false);
+  }
 }
 
 void CPanelPage::ClearAutoCrop() {
@@ -13,33 +20,17 @@ void CPanelPage::ClearAutoCrop() {
   Get<CheckButton>(id::autoCropCheck).SetChecked(false);
 }
 
-void CPanelPage::ToggleAutoCrop() {
+void CPanelPage::TurnAutoCrop() {
   settings_->autoCrop = settings_->autoCrop == 0 ? 1 : 0;
-  Get<CheckButton>(id::autoCropCheck).SetChecked(settings_->autoCrop != 0);
-  host_.AutoCropChanged(auto_crop_change::checkBox, *settings_);
-  if (settings_->autoCrop != 0) {
-    Get<Button>(id::removeFrameButton).SetEnabled(false);
-  } else {
-    settings_->frameLeft = settings_->frameTop = 0;
-    settings_->width = 8.5;
-    settings_->height = 11.0;
-    settings_->sizeId = size_id::letter;
-    SelectSize(size_id::letter);
-    host_.AreaChanged(*settings_);
-    host_.AreaChanged(*settings_);
-    ShowSizeText();
-    if (Get<TabBar>(id::frameTabs).Count() > 0) Get<Button>(id::removeFrameButton).SetEnabled(true);
-  }
-  if (autoSaveOnCrop_) AutoSaveConfig();
 }
 
-void CPanelPage::RepeatAutoCrop(Saving saving) {
-  if (settings_->autoCrop == 0) return;
-  settings_->autoCrop = 0;
-  const bool kept = autoSaveOnCrop_;
-  if (saving == Saving::off) autoSaveOnCrop_ = false;
-  ToggleAutoCrop();
-  autoSaveOnCrop_ = kept;
+// The area that stands once auto crop no longer decides on it.
+void CPanelPage::GoBackToLetter() {
+  settings_->frameLeft = settings_->frameTop = 0;
+  settings_->width = 8.5;
+  settings_->height = 11.0;
+  settings_->sizeId = size_id::letter;
+  SelectSize(size_id::letter);
 }
 
 }  // namespace set32

@@ -1,5 +1,7 @@
 // Mode: combo 1011, and the hidden buttons 1202 to 1207 that carry its state.
-#include "panel/panel_page.h"
+#include <algorithm>
+
+#include "panel/page.h"
 #include "panel/rules/mode_rules.h"
 #include "resources/ids.h"
 #include "resources/strings.h"
@@ -9,6 +11,10 @@ namespace set32 {
 void CPanelPage::FillModes() {
   Get<Combo>(id::modeCombo).Clear();
   FitModeEntries();
+}
+
+void CPanelPage::ShowModeAtStart() {
+  Get<Combo>(id::modeCombo).SelectIndex(std::max(IndexOfMode(settings_->mode), 0));
 }
 
 // Takes away the entries that don't stand on the record's source and adds those that do; the ones that come and go
@@ -74,6 +80,7 @@ void CPanelPage::SetColorMode() {
   SelectMode(mode::colour);
   const std::uint32_t before = settings_->mode;
   settings_->mode = mode::colour;
+  front_.OnModeSet();
   FinishModeChoice(before);
 }
 
@@ -81,6 +88,7 @@ void CPanelPage::SetGrayMode() {
   SelectMode(mode::gray);
   const std::uint32_t before = settings_->mode;
   settings_->mode = mode::gray;
+  front_.OnModeSet();
   ResetFields(*settings_, ResetByChoice(mode::gray, face_.rules));
   FinishModeChoice(before);
 }
@@ -89,6 +97,7 @@ void CPanelPage::SetBwMode() {
   SelectMode(mode::blackWhite);
   const std::uint32_t before = settings_->mode;
   settings_->mode = mode::blackWhite;
+  front_.OnModeSet();
   ResetFields(*settings_, ResetByChoice(mode::blackWhite, face_.rules));
   host_.SettingsChanged(settings_change::values, *settings_);
   FinishModeChoice(before);
@@ -96,16 +105,10 @@ void CPanelPage::SetBwMode() {
 
 void CPanelPage::FinishModeChoice(std::uint32_t before) {
   const std::uint32_t chosen = settings_->mode;
-  if (chosen != before) AutoSaveConfig();
-  BuildResolutionList();
-  {
-    const NotifySizeHold quiet(state_, false);
-    RefreshPreview();
-  }
+  FollowMode(before);
   host_.ModeShown(chosen);
-  settings_->frameCommand = 0;
-  host_.SettingsChanged(settings_change::values, *settings_);
-  OnModeShown();
+  TellValues();
+  front_.OnModeTold();
 }
 
 void CPanelPage::SetJpegColorMode() {
@@ -119,25 +122,29 @@ void CPanelPage::SetJpegMode(std::uint32_t mode) {
   const std::uint32_t before = settings_->mode;
   ResetFields(*settings_, ResetByChoice(mode, face_.rules));
   settings_->mode = mode;
+  front_.OnModeSet();
   SelectMode(mode);
+  FollowMode(before);
+  TellValues();
+  host_.ModeShown(mode);
+}
+
+// What is stored, offered and seen of the mode.
+void CPanelPage::FollowMode(std::uint32_t before) {
   if (settings_->mode != before) AutoSaveConfig();
+  front_.OnBeforeResolutionList();
   BuildResolutionList();
   {
     const NotifySizeHold quiet(state_, false);
     RefreshPreview();
   }
-  settings_->frameCommand = 0;
-  host_.SettingsChanged(settings_change::values, *settings_);
-  host_.ModeShown(mode);
+  front_.OnPreviewDone();
 }
 
 void CPanelPage::ApplyMode(std::uint32_t mode) {
   if (IndexOfMode(mode) < 0) return;
   ResetFields(*settings_, ResetByRefresh(mode));
-  if (mode == mode::blackWhite) {
-    settings_->frameCommand = 0;
-    host_.SettingsChanged(settings_change::values, *settings_);
-  }
+  if (mode == mode::blackWhite) TellValues();
   settings_->mode = mode;
   SelectMode(mode);
   if (mode == mode::jpegColour || mode == mode::jpegGray) return;

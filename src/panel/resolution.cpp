@@ -2,7 +2,7 @@
 #include "controls/format.h"
 #include "controls/number_text.h"
 #include "controls/thread_message.h"
-#include "panel/panel_page.h"
+#include "panel/page.h"
 #include "resources/ids.h"
 #include "resources/strings.h"
 
@@ -38,6 +38,7 @@ void CPanelPage::OnResolutionChoice(const Event&) {
   SetSizeRanges();
   if (chosen != before) AutoSaveConfig();
   host_.ResolutionChanged(shownUnits_, settings_->dpi);
+  front_.OnResolutionChanged();
 }
 
 void CPanelPage::OnResolutionEdit(const Event&) {
@@ -62,6 +63,7 @@ void CPanelPage::OnResolutionEdit(const Event&) {
   if (settings_->dpi != before) AutoSaveConfig();
   ShowSizeText();
   SetSizeRanges();
+  front_.OnResolutionChanged();
   host_.ResolutionChanged(shownUnits_, settings_->dpi);
 }
 

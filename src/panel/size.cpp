@@ -1,7 +1,9 @@
 // Size: combo 1251, unit combo 1256, edits 1252 and 1254.
+#include <utility>
+
 #include "controls/format.h"
 #include "controls/thread_message.h"
-#include "panel/panel_page.h"
+#include "panel/page.h"
 #include "resources/ids.h"
 #include "resources/strings.h"
 
@@ -13,18 +15,6 @@ int EditOf(Dimension dimension) {
   return dimension == Dimension::width ? id::widthEdit : id::heightEdit;
 }
 
-double& LengthOf(ScanSettings& settings, Dimension dimension) {
-  return dimension == Dimension::width ? settings.width : settings.height;
-}
-
-double& CustomLengthOf(ScanSettings& settings, Dimension dimension) {
-  return dimension == Dimension::width ? settings.customWidth : settings.customHeight;
-}
-
-std::int32_t FrameStartOf(const ScanSettings& settings, Dimension dimension) {
-  return dimension == Dimension::width ? settings.frameLeft : settings.frameTop;
-}
-
 std::string TextOfMessage(const std::string& pattern, const RangeMessage& message) {
   const auto& numbers = message.numbers;
   return message.count == 2 ? FormatText(pattern, numbers[0], numbers[1])
@@ -32,6 +22,14 @@ std::string TextOfMessage(const std::string& pattern, const RangeMessage& messag
 }
 
 }  // namespace
+
+double& LengthOf(ScanSettings& settings, Dimension dimension) {
+  return dimension == Dimension::width ? settings.width : settings.height;
+}
+
+double& CustomLengthOf(ScanSettings& settings, Dimension dimension) {
+  return dimension == Dimension::width ? settings.customWidth : settings.customHeight;
+}
 
 void CPanelPage::BuildSizeList() {
   Combo& combo = Get<Combo>(id::sizeCombo);
@@ -54,9 +52,12 @@ void CPanelPage::SelectSize(std::uint32_t sizeId) {
 
 void CPanelPage::ShowSizeText() {
   for (const Dimension dimension : {Dimension::width, Dimension::height}) {
-    Get<Edit>(EditOf(dimension))
-        .SetText(SizeText(LengthOf(*settings_, dimension), shownUnits_, settings_->dpi, face_.rules));
+    ShowLength(dimension, LengthOf(*settings_, dimension));
   }
+}
+
+void CPanelPage::ShowLength(Dimension dimension, double inches) {
+  Get<Edit>(EditOf(dimension)).SetText(SizeText(inches, shownUnits_, settings_->dpi, face_.rules));
 }
 
 void CPanelPage::SetSizeRanges() {
@@ -131,37 +132,21 @@ void CPanelPage::OnHeightEdit(const Event&) {
   LeaveSizeEdit(Dimension::height);
 }
 
-void CPanelPage::LeaveSizeEdit(Dimension dimension) {
-  Edit& edit = Get<Edit>(EditOf(dimension));
-  const auto showInEdit = [&](double inches) {
-    edit.SetText(SizeText(inches, shownUnits_, settings_->dpi, face_.rules));
-  };
-  // The width is compared with what stood before, the height with what was remembered.
-  const double before = dimension == Dimension::width ? settings_->width : CustomLengthOf(*settings_, dimension);
-  double typed = InchesOf(edit.Text(), shownUnits_, settings_->dpi);
-  std::optional<PreviewFacts> facts;
-  if (face_.rules.typedSizeKeepsToPreview) facts = FactsOf(preview_);
-  if (facts && !FitsPreview(typed, FrameStartOf(*settings_, dimension), dimension, *facts)) {
-    typed = before;
-    showInEdit(before);
-  }
-  if (IsGoodSize(typed, edit.Text(), dimension, pageSource_, shownUnits_)) {
-    LengthOf(*settings_, dimension) = typed;
-    ClearAutoCrop();
-    host_.AutoCropChanged(auto_crop_change::taken, *settings_);
-  } else {
-    showInEdit(LengthOf(*settings_, dimension));
-    const RangeMessage message = SizeRangeMessage(dimension, pageSource_, shownUnits_, settings_->dpi);
-    ShowMessageOnThread(state_, TextOfMessage(String(message.stringId), message));
-  }
-  CustomLengthOf(*settings_, dimension) = LengthOf(*settings_, dimension);
-  if (CustomLengthOf(*settings_, dimension) != before) {
-    settings_->sizeId = size_id::userDefined;
-    SelectSize(size_id::userDefined);
-    AutoSaveConfig();
-  }
-  host_.AreaChanged(*settings_);
-  host_.AreaChanged(*settings_);
+CPanelPage::TypedSize CPanelPage::ReadTypedSize(Dimension dimension) const {
+  std::string text = Get<Edit>(EditOf(dimension)).Text();
+  const double inches = InchesOf(text, shownUnits_, settings_->dpi);
+  return {std::move(text), inches};
+}
+
+bool CPanelPage::IsGood(const TypedSize& typed, Dimension dimension) const {
+  return IsGoodSize(typed.inches, typed.text, dimension, pageSource_, shownUnits_);
+}
+
+// The value before stands, and a box says what would have been good.
+void CPanelPage::RefuseTypedSize(Dimension dimension) {
+  ShowLength(dimension, LengthOf(*settings_, dimension));
+  const RangeMessage message = SizeRangeMessage(dimension, pageSource_, shownUnits_, settings_->dpi);
+  ShowMessageOnThread(state_, TextOfMessage(String(message.stringId), message));
 }
 
 }  // namespace set32

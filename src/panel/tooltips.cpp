@@ -1,5 +1,5 @@
 // Tips of the page's controls.
-#include "panel/panel_page.h"
+#include "panel/page.h"
 #include "resources/ids.h"
 #include "resources/strings.h"
 

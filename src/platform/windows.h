@@ -91,6 +91,11 @@ class Dialog {
   // object that does nothing.
   template <typename T>
   T& Get(int id) const;
+  // The same of a dialog that may be gone: null has no control at all.
+  template <typename T>
+  static T& ControlOf(const Dialog* dialog, int id) {
+    return dialog != nullptr ? dialog->Get<T>(id) : Absent<T>();
+  }
   // Null when there is none.
   virtual Control* Find(int id) const = 0;
   virtual const std::vector<std::unique_ptr<Control>>& Controls() const = 0;

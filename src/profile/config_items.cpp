@@ -120,20 +120,21 @@ bool IsUsableConfigName(std::string_view name) {
   return isBlank ? name.find_first_of("\r\n") == std::string_view::npos : profile_text::IsKeyName(name);
 }
 
-bool StoreConfigItem(ProfileCalls& calls, const std::string& profilePath, const std::string& name,
-                     ScanConfigItem item) {
+Stored StoreConfigItem(ProfileCalls& calls, const std::string& profilePath, const std::string& name,
+                       ScanConfigItem item) {
   const std::vector<ConfigEntry> entries = ReadConfigEntries(calls, profilePath);
   if (const ConfigEntry* stored = FindConfigEntry(entries, name)) {
     ScanConfigItem present{};
-    if (CopyStoredItem(*stored, present) < offsetof(ScanConfigItem, reserved)) return false;
+    if (CopyStoredItem(*stored, present) < offsetof(ScanConfigItem, reserved)) return Stored::guarded;
     item.editable = present.editable;
     item.deletable = present.deletable;
   }
-  if (item.editable == 0) return false;
+  if (item.editable == 0) return Stored::guarded;
   std::ranges::fill(item.reserved, std::uint8_t{0});
   CProfileFile profile(calls);
   profile.SetFileName(profilePath.c_str());
-  return profile.WriteBinary(profile_key::configItems, name.c_str(), BytesOf(item));
+  const bool isWritten = profile.WriteBinary(profile_key::configItems, name.c_str(), BytesOf(item));
+  return isWritten ? Stored::written : Stored::failed;
 }
 
 bool RemoveConfigItem(ProfileCalls& calls, const std::string& profilePath, const std::string& name) {

@@ -41,10 +41,13 @@ const ConfigEntry* FindConfigEntry(const std::vector<ConfigEntry>& entries, std:
 // read as something else and so lose the configuration.
 bool IsUsableConfigName(std::string_view name);
 
-// Writes one item under its name. The flags of a stored item never change, and an item that isn't editable, or whose
-// stored form can't be read, is left as it is. Result: whether it was written.
-bool StoreConfigItem(ProfileCalls& calls, const std::string& profilePath, const std::string& name,
-                     ScanConfigItem item);
+// What became of an item that was to be stored: a guarded one is left as it is on purpose, since it isn't editable or
+// its stored form can't be read; `failed` is the file's fault.
+enum class Stored { written, guarded, failed };
+
+// Writes one item under its name. The flags of a stored item never change.
+Stored StoreConfigItem(ProfileCalls& calls, const std::string& profilePath, const std::string& name,
+                       ScanConfigItem item);
 
 bool RemoveConfigItem(ProfileCalls& calls, const std::string& profilePath, const std::string& name);
 

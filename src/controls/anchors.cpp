@@ -1,4 +1,4 @@
-#include "panel/anchors.h"
+#include "controls/anchors.h"
 
 namespace set32 {
 

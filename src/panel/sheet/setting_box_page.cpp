@@ -1,17 +1,16 @@
-#include "panel/setting_box_page.h"
-
-#include <algorithm>
+// The General page's message table, its start, its refresh and its end.
+#include "panel/sheet/setting_box_page.h"
 
 #include "panel/rules/mode_rules.h"
 #include "pointer_word.h"
-#include "profile/options.h"
 #include "resources/ids.h"
 
 namespace set32 {
 
 namespace {
 
-constexpr PanelFace sheetFace = {sheetFaceRules, sheetStoreFace, sheetPreview, true};
+constexpr PanelFace sheetFace = {
+    .rules = sheetFaceRules, .preview = sheetPreview, .sizeChoiceRefreshesPreview = true, .ownsFrameCommand = true};
 
 }  // namespace
 
@@ -51,7 +50,8 @@ std::span<const MessageRow<CSettingBoxPage>> CSettingBoxPage::Messages() {
   return rows;
 }
 
-CSettingBoxPage::CSettingBoxPage(ModuleState& state) : CPanelPage(state, sheetFace), scanners_(state, host_) {}
+CSettingBoxPage::CSettingBoxPage(ModuleState& state, AdjustmentFront& front)
+    : CPanelPage(state, sheetFace, front), scanners_(state, host_) {}
 
 void CSettingBoxPage::OnEvent(const Event& event) {
   Dispatch(*this, Messages(), event);
@@ -89,7 +89,7 @@ void CSettingBoxPage::OnInit(Dialog& dialog) {
   AttachPictures();
   FillUnits();
   DecideHighBit();
-  if (!Options().PaperSourceControlsShown()) HidePaperSource();
+  if (!Options().PaperSourceControlsShown()) HidePaperSource(TopOfSource());
   AddTooltips(Frames::some);
   scanners_.Attach(dialog);
   scanners_.Start();
@@ -106,9 +106,9 @@ void CSettingBoxPage::OnInit(Dialog& dialog) {
   FillModes();
   const std::uint32_t source = settings_->paperSource;
   if (source == paper_source::feeder || IsTransparency(source)) ChangePaperSource();
-  Get<Combo>(id::modeCombo).SelectIndex(std::max(IndexOfMode(settings_->mode), 0));
+  ShowModeAtStart();
   SetSizeRanges();
-  if (advanced_ != nullptr) advanced_->LoadFromSettings(settings_);
+  front_.OnRefreshed();
   EnableRemoveButton();
   host_.AreaChanged(*settings_);
 }
@@ -122,48 +122,27 @@ void CSettingBoxPage::EnterAnchors() {
                                id::sizeLabel,       id::frameTabs,      id::framesLabel,  id::removeFrameButton});
 }
 
-void CSettingBoxPage::StartStore() {
-  pageSource_ = settings_->paperSource;
-  pageSource_ = store_.LoadLastSettings(*settings_);
-  store_.BuildConfigList();
-  store_.ShowSelectedRow();
+// The scanner's row stands above on this face, so the list begins only where the paper source stood.
+int CSettingBoxPage::TopOfSource() const {
+  return Get<Combo>(id::sourceCombo).Place().top;
 }
 
-// On the feeder the check box is there only where auto crop stays available; on film it can't be used.
-void CSettingBoxPage::ShowAutoCropAtStart() {
-  CheckButton& check = Get<CheckButton>(id::autoCropCheck);
-  if (pageSource_ == paper_source::flatbed) {
-    check.SetVisible(true);
-    check.SetEnabled(true);
-  } else if (IsTransparency(pageSource_) || (pageSource_ == paper_source::feeder && !Options().FeederAutoCrop())) {
-    check.SetEnabled(false);
-  }
-}
-
-void CSettingBoxPage::OnRefreshTold() {
+void CSettingBoxPage::RefreshPanel() {
+  ShowRecord();
+  host_.ModeShown(settings_->mode);
+  TellValues();
   scanners_.ReportAtPanelRefresh();
-  if (advanced_ != nullptr) {
-    advanced_->LoadFromSettings(settings_);
-    if (advanced_->HasWindow()) {
-      advanced_->UpdateEnabling(settings_);
-      advanced_->ShowSettings(settings_);
-    }
-  }
+  front_.OnRefreshed();
   RefreshPreview();
-}
-
-void CSettingBoxPage::OnModeShown() {
-  if (advanced_ == nullptr) return;
-  advanced_->UpdateEnabling(settings_);
-  advanced_->LoadFromSettings(settings_);
 }
 
 void CSettingBoxPage::OnClosing() {
   scanners_.StoreAtClose();
 }
 
+// Where the host ended the page before the last settings were read, they would be lost by writing.
 void CSettingBoxPage::OnWindowGone() {
-  store_.Close(*settings_, pageSource_);
+  if (hasRecord_) store_.WriteLastSettings(*settings_, pageSource_);
   scanners_.ClearScannerList();
   settings_->highBitDepth = 0;
 }

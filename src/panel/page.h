@@ -1,13 +1,16 @@
 // CPanelPage: what the pages of both faces share. It owns no copy of the settings but edits the host's record in
 // place, and keeps the controls, the configuration list, the preview and the host in step.
 //
-// One class, one file a topic: panel_page.cpp (binding, refresh, end), resolution.cpp, size.cpp, mode.cpp,
-// paper_source.cpp, auto_crop.cpp, frames.cpp, host_report.cpp. A handler is the list of its steps, and the order of
-// the steps is part of the behaviour: the field first, then what is saved, then the screen, then the host, last the
-// preview.
+// The shared page owns steps, a face owns sequences. A step does one thing to the record, the screen or the host; a
+// handler is the list of its steps, and their order is part of the behaviour: the field first, then what is saved,
+// then the screen, then the host, last the preview. A handler that is the same on both faces stands here, in the file
+// of its topic (resolution, size, mode, paper_source, auto_crop, host_report, configurations); one that differs is
+// written by each face under the same topic in panel/sheet and panel/inline, from these steps.
 //
-// The host may end the page inside any message to it. From then on the page works on a record of its own and sends
-// nothing, so that a handler still under way touches nothing of the host's. Host's thread only.
+// The host may end the page inside any message to it, and open another one. From the page's end on it works on a
+// record of its own, its controls are absent ones and it sends nothing, so that a handler still under way runs out
+// without touching anything of the host's. No handler keeps a reference to a control across a message. Host's thread
+// only.
 #pragma once
 
 #include <cstdint>
@@ -15,16 +18,16 @@
 
 #include "adjust/own_image_library.h"
 #include "adjust/preview.h"
+#include "boundary/adjustment_front.h"
 #include "boundary/host_link.h"
 #include "boundary/module_state.h"
 #include "boundary/panel_services.h"
-#include "controls/bitmap_button.h"
+#include "controls/anchors.h"
 #include "controls/icon_combo.h"
 #include "controls/range_real_edit.h"
 #include "controls/wide_drop_combo.h"
 #include "dib.h"
 #include "host_records.h"
-#include "panel/anchors.h"
 #include "panel/rules/face_rules.h"
 #include "panel/rules/resolution_rules.h"
 #include "panel/rules/size_rules.h"
@@ -34,45 +37,43 @@
 
 namespace set32 {
 
-// Everything in which a face differs, apart from the hooks.
+// Everything in which a face differs by data.
 struct PanelFace {
   const FaceRules& rules;
-  const StoreFace& store;
   const PreviewFace& preview;
   bool sizeChoiceRefreshesPreview;
+  bool ownsFrameCommand;  // the record's frame command is cleared before the host is told of values
 };
 
 class CPanelPage : public DialogHandler, public PanelServices {
  public:
-  CPanelPage(ModuleState& state, const PanelFace& face);
+  // The front must outlive the page's windows; it may be a member of the face, made after this.
+  CPanelPage(ModuleState& state, const PanelFace& face, AdjustmentFront& front);
   CPanelPage(const CPanelPage&) = delete;
   CPanelPage& operator=(const CPanelPage&) = delete;
 
   // Takes what the host gave; touches no control, so it can run before the window stands. `settings` is not null;
   // null limits stand for the defaults.
   void Bind(const DeviceLimits* limits, ScanSettings& settings, WindowHandle hostWindow, CDib* preview);
+  // Leaves what the host gave; the record is then the page's own.
+  void Unbind();
   void SetCaps(const DeviceCaps& caps) { caps_ = caps; }
 
-  // PanelServices
+  // PanelServices; RefreshPanel and AutoSaveConfig are the faces'.
   ScanSettings& Settings() override { return *settings_; }
   HostLink& Host() override { return host_; }
   CDib* Preview() const override { return preview_; }
   std::uint32_t RestrictedMaxDpi() const override { return caps_.restrictedMaxDpi(); }
   AdjustmentDefaults ReadAdjustmentDefaults() const override;
-  std::uint32_t PageSource() const override { return pageSource_; }
-  std::uint32_t ShownUnits() const override { return shownUnits_; }
-  void RefreshPanel() override;
   void RefreshPreview() override;
   void BuildResolutionList() override;
-  void AutoSaveConfig() override { store_.AutoSaveConfig(); }
-  void RemoveAllFrames() override;
-  void RepeatAutoCrop(Saving saving) override;
 
   // The module's state is dropped while the page stands: its end then writes nothing and tells nobody.
   void Detach() { isDetached_ = true; }
 
-  // 0 while the page has no window; its dialog object may be gone then as well, as after a death inside its start.
-  WindowHandle Window() const { return handled_ != nullptr ? handled_->Handle() : 0; }
+  // 0 while the page has no window. The host may end a page, and open another, while a dialog of its own runs.
+  WindowHandle Window() const { return dialog_ != nullptr ? dialog_->Handle() : 0; }
+  bool StillStands(WindowHandle window) const { return window != 0 && Window() == window; }
 
   // DialogHandler
   void OnResize(ResizeKind kind, Size client) override;
@@ -82,11 +83,11 @@ class CPanelPage : public DialogHandler, public PanelServices {
   void OnDestroyed() override;
 
  protected:
-  // Hooks of the faces.
-  virtual void OnRefreshTold() = 0;  // behind the messages of a refresh: what else follows the settings, the preview
-  virtual void OnModeShown() = 0;    // behind a choice of mode other than JPEG
-  virtual void OnClosing() = 0;      // the window is about to go, everything stands
-  virtual void OnWindowGone() = 0;   // the window is gone, the host's record is still valid
+  // What a face does at its end.
+  virtual void OnClosing() = 0;     // the window is about to go, everything stands
+  virtual void OnWindowGone() = 0;  // the window is gone, the host's record is still valid
+  // An edit of the size lost the focus.
+  virtual void LeaveSizeEdit(Dimension dimension) = 0;
 
   // Steps of a page's start.
   void AttachControls(Dialog& dialog);
@@ -98,8 +99,14 @@ class CPanelPage : public DialogHandler, public PanelServices {
   void FillModes();
   enum class Frames { none, some };
   void AddTooltips(Frames frames);
-  void HidePaperSource();
+  void HidePaperSource(int listTop);
   void FirstRefresh();
+  void ShowAutoCropAtStart();
+  void ShowModeAtStart();
+
+  // Steps of a refresh.
+  void ShowRecord();
+  void TellValues();
 
   // Resolution.
   void OnResolutionChoice(const Event& event);
@@ -107,9 +114,18 @@ class CPanelPage : public DialogHandler, public PanelServices {
 
   // Size.
   void BuildSizeList();
+  void SelectSize(std::uint32_t sizeId);
   void ShowSizeText();
+  void ShowLength(Dimension dimension, double inches);
   void SetSizeRanges();
   void ApplySizeChoice();
+  struct TypedSize {
+    std::string text;
+    double inches;
+  };
+  TypedSize ReadTypedSize(Dimension dimension) const;
+  bool IsGood(const TypedSize& typed, Dimension dimension) const;
+  void RefuseTypedSize(Dimension dimension);
   void OnSizeChoice(const Event& event);
   void OnUnitChoice(const Event& event);
   void OnSizeEditEnter(const Event& event);
@@ -132,31 +148,33 @@ class CPanelPage : public DialogHandler, public PanelServices {
   void FitModeEntries();
 
   // Paper source.
-  void ChangePaperSource();
   void SelectSource(std::uint32_t source);
-  void ShowControlsOfSource();
+  void TakeChosenSource();
+  void SetMinDpiOfSource();
+  void ShowInchesUnless(std::uint32_t sourceBefore);
 
   // Auto crop.
-  void ToggleAutoCrop();
   void ClearAutoCrop();
-  void OnAutoCropClicked(const Event& event);
+  void TurnAutoCrop();
+  void GoBackToLetter();
 
-  // Frames.
-  void SetUpFrameTabs();
-  void ActOnFrameCommand(const FrameCommand& command);
-  void OnRemoveFrame(const Event& event);
-  void OnFrameTabChange(const Event& event);
-  void EnableRemoveButton();
-  void TellFrameRemoved(int frame);
-
-  // Host.
-  void OnHostReport(WParam change, const ScanSettings* reported);
+  // Host's reports.
+  bool IsNewSize(const ScanSettings& report) const;
+  void KeepReportedSize(const ScanSettings& report);
+  void TakeUserSize();
+  void TakeReportedCrop();
+  void TakeReportedArea(const ScanSettings& report);
+  void ShowReportedUnits(const ScanSettings& report);
 
   // Configurations.
-  void OnRowChanged(const Event& event) { store_.OnRowChanged(event); }
-  void OnRowClicked(const Event& event) { store_.OnRowClicked(event); }
-  void OnSaveClicked(const Event&) { store_.SaveConfigAs(); }
-  void OnDeleteClicked(const Event&) { store_.DeleteConfig(); }
+  void MarkRowAtStart();
+  void BuildRowsOfSource();
+  void LoadSelectedRow();
+  void OnRowChanged(const Event& event);
+  void OnSaveClicked(const Event& event);
+  void OnDeleteClicked(const Event& event);
+  void SaveConfigAs();
+  void DeleteConfig();
 
   // Combos.
   void OnSizeDropDown(const Event&) { sizeCombo_.OnDropDown(); }
@@ -166,41 +184,38 @@ class CPanelPage : public DialogHandler, public PanelServices {
 
   template <typename T>
   T& Get(int id) const {
-    return dialog_->Get<T>(id);
+    return Dialog::ControlOf<T>(dialog_, id);
   }
   std::string String(int id) const;
   RuntimeOptions Options() const;
-  ResolutionInput ResolutionNow() const;
 
   ModuleState& state_;
   const PanelFace& face_;
+  AdjustmentFront& front_;
   HostLink host_;
   CConfigStore store_;
-  OwnImageLibrary imageLibrary_;
-  PreviewRenderer renderer_;
   CAnchors anchors_;
 
   ScanSettings own_{};  // what the page works on while no host's record is bound
   ScanSettings* settings_ = &own_;
   CDib* preview_ = nullptr;
-  Dialog* dialog_ = nullptr;
+  Dialog* dialog_ = nullptr;  // null while the page has no window
 
-  std::uint32_t pageSource_ = 0;  // differs from the record's source only while a change is under way
+  std::uint32_t pageSource_ = 0;  // differs from the record's source while a change is under way
   std::uint32_t shownUnits_ = 0;
   DeviceLimits limits_{};  // minDpi by the panel's own rule
   DeviceCaps caps_{};
-  bool autoSaveOnCrop_ = true;
-  bool isDetached_ = false;
 
  private:
+  ResolutionInput ResolutionNow() const;
   // What a choice of mode does once the field has its value.
   void FinishModeChoice(std::uint32_t before);
   void SetJpegMode(std::uint32_t mode);
-  void LeaveSizeEdit(Dimension dimension);
-  void SelectSize(std::uint32_t sizeId);
-  void TakeSizeReport(WParam change, const ScanSettings& report);
+  void FollowMode(std::uint32_t before);
   void LeaveFocusedEdit();
 
+  OwnImageLibrary imageLibrary_;
+  PreviewRenderer renderer_;
   CRangeRealEdit resolutionEdit_;
   CRangeRealEdit widthEdit_;
   CRangeRealEdit heightEdit_;
@@ -209,6 +224,11 @@ class CPanelPage : public DialogHandler, public PanelServices {
   CWideDropCombo scannerCombo_;
   CWideDropCombo sourceCombo_;
   CIconCombo modeCombo_;
+  bool isDetached_ = false;
 };
+
+// Fields of the record by dimension.
+double& LengthOf(ScanSettings& settings, Dimension dimension);
+double& CustomLengthOf(ScanSettings& settings, Dimension dimension);
 
 }  // namespace set32

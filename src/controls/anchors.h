@@ -22,6 +22,12 @@ class CAnchors {
   // Flags of 0 are no anchor and enter nothing.
   void Add(std::uint32_t flags, std::initializer_list<int> controlIds);
 
+  // The page's window is gone; the next one begins without anchors and without a size.
+  void Clear() {
+    words_.clear();
+    last_ = {};
+  }
+
   // The page's client size is now this. The first size only is remembered; later ones move the controls by the
   // difference.
   void Resize(Dialog& page, Size client);

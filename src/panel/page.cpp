@@ -1,19 +1,19 @@
-// What holds the page together: its binding, the steps of its start, the central refresh and its end.
-#include "panel/panel_page.h"
+// What holds the page together: its binding, the steps of its start, the steps of a refresh, and its end.
+#include "panel/page.h"
 
 #include "adjust/adjustment_rules.h"
-#include "profile/options.h"
+#include "controls/bitmap_button.h"
 #include "resources/ids.h"
-#include "resources/pictures.h"
 #include "resources/strings.h"
 
 namespace set32 {
 
-CPanelPage::CPanelPage(ModuleState& state, const PanelFace& face)
+CPanelPage::CPanelPage(ModuleState& state, const PanelFace& face, AdjustmentFront& front)
     : state_(state),
       face_(face),
+      front_(front),
       host_(state.platform.windows),
-      store_(state, *this, face.store),
+      store_(state),
       renderer_(face.preview, imageLibrary_),
       resolutionEdit_(state.platform),
       widthEdit_(state.platform),
@@ -35,6 +35,12 @@ void CPanelPage::Bind(const DeviceLimits* limits, ScanSettings& settings, Window
   host_.Bind(hostWindow);
   preview_ = preview;
   if (preview_ != nullptr) CopyAdjustmentsToPreview(*settings_, *preview_);
+}
+
+void CPanelPage::Unbind() {
+  settings_ = &own_;
+  preview_ = nullptr;
+  host_.Bind(0);
 }
 
 RuntimeOptions CPanelPage::Options() const {
@@ -83,18 +89,24 @@ void CPanelPage::AttachPictures() {
   }
 }
 
-// The list takes the room of the paper source's controls.
-void CPanelPage::HidePaperSource() {
-  constexpr int belowGroup = 18;  // pixels
+// The list takes the room of the paper source's controls, from there on.
+void CPanelPage::HidePaperSource(int listTop) {
   Get<Combo>(id::sourceCombo).SetVisible(false);
   Get<Label>(id::sourceLabel).SetVisible(false);
   List& list = Get<List>(id::configList);
   Rect place = list.Place();
-  place.top = Get<GroupBox>(id::listGroup).Place().top + belowGroup;
+  place.top = listTop;
   list.Move(place);
 }
 
-void CPanelPage::RefreshPanel() {
+void CPanelPage::FirstRefresh() {
+  state_.notifySize = Options().HasCrop();
+  RefreshPanel();
+  state_.notifySize = true;
+}
+
+// Controls and preview agree with the record. It changes only where a field can't stand.
+void CPanelPage::ShowRecord() {
   BuildResolutionList();
   if (pageSource_ != paper_source::feeder) {
     Get<CheckButton>(id::autoCropCheck).SetChecked(settings_->autoCrop != 0);
@@ -115,16 +127,11 @@ void CPanelPage::RefreshPanel() {
   }
   settings_->hostWord = hostWord;
   store_.SetButtons();
-  host_.ModeShown(settings_->mode);
-  settings_->frameCommand = 0;
-  host_.SettingsChanged(settings_change::values, *settings_);
-  OnRefreshTold();
 }
 
-void CPanelPage::FirstRefresh() {
-  state_.notifySize = Options().HasCrop();
-  RefreshPanel();
-  state_.notifySize = true;
+void CPanelPage::TellValues() {
+  if (face_.ownsFrameCommand) settings_->frameCommand = 0;
+  host_.SettingsChanged(settings_change::values, *settings_);
 }
 
 void CPanelPage::RefreshPreview() {
@@ -152,11 +159,16 @@ void CPanelPage::OnDestroying() {
   OnClosing();
 }
 
+// Nothing of the window outlives it, so that the page can begin again.
 void CPanelPage::OnDestroyed() {
   if (!isDetached_) OnWindowGone();
-  settings_ = &own_;
-  preview_ = nullptr;
-  host_.Bind(0);
+  Unbind();
+  dialog_ = nullptr;
+  store_.Detach();
+  anchors_.Clear();
+  for (CWideDropCombo* combo : {&sizeCombo_, &resolutionCombo_, &scannerCombo_, &sourceCombo_}) combo->Detach();
+  for (CRangeRealEdit* edit : {&resolutionEdit_, &widthEdit_, &heightEdit_}) edit->Detach();
+  modeCombo_.Detach();
 }
 
 }  // namespace set32
