@@ -17,7 +17,7 @@
 #include "adjust/preview.h"
 #include "adjust/tone_tables.h"
 #include "bench/side_by_side.h"
-#include "platform/headless/headless_windows.h"
+#include "stage/model/headless_windows.h"
 
 #if SET32_HAVE_OPENCV
 #include <opencv2/core.hpp>

@@ -11,7 +11,7 @@
 #include "adjust/own_image_library.h"
 #include "adjust/preview.h"
 #include "apps/scan-desk/pixels/true_colour.h"
-#include "platform/headless/headless_windows.h"
+#include "stage/model/headless_windows.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <memory>
 #include <vector>
 
-#include "platform/headless/headless_desk.h"
+#include "stage/model/headless_desk.h"
 
 namespace set32 {
 namespace {

@@ -1,12 +1,12 @@
 // Windows in memory over the system's files and threads.
 #ifndef _WIN32
 #include "apps/driver/assembly.h"
-#include "platform/headless/headless_desk.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/posix_sockets.h"
 #include "platform/posix/posix_threads.h"
 #include "platform/posix/posix_usb.h"
 #include "platform/profile_engine.h"
+#include "stage/model/headless_desk.h"
 
 namespace set32 {
 

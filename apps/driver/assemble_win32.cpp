@@ -1,15 +1,15 @@
 // Real windows, files and threads; all that a script declares or watches beside them is the model's.
 #ifdef _WIN32
 #include "apps/driver/assembly.h"
-#include "platform/headless/headless_clipboard.h"
 #include "platform/profile_engine.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/win32_files.h"
-#include "platform/win32/win32_input.h"
 #include "platform/win32/win32_sockets.h"
 #include "platform/win32/win32_threads.h"
 #include "platform/win32/win32_usb.h"
 #include "platform/win32/win32_windows.h"
+#include "stage/model/headless_clipboard.h"
+#include "stage/win32/win32_input.h"
 
 namespace set32 {
 

@@ -6,15 +6,15 @@
 #include <memory>
 #include <string>
 
-#include "platform/headless/folder_paths.h"
-#include "platform/headless/folder_registry.h"
-#include "platform/headless/headless_boxes.h"
-#include "platform/headless/headless_system.h"
-#include "platform/headless/simulated_clock.h"
-#include "platform/headless/simulated_network.h"
-#include "platform/headless/simulated_usb.h"
-#include "platform/input.h"
 #include "platform/platform.h"
+#include "stage/input.h"
+#include "stage/model/folder_paths.h"
+#include "stage/model/folder_registry.h"
+#include "stage/model/headless_boxes.h"
+#include "stage/model/headless_system.h"
+#include "stage/model/simulated_clock.h"
+#include "stage/model/simulated_network.h"
+#include "stage/model/simulated_usb.h"
 
 namespace set32 {
 

@@ -13,9 +13,9 @@
 
 #include "apps/driver/preview_picture.h"
 #include "host_records.h"
-#include "platform/input.h"
 #include "platform/platform.h"
 #include "pointer_word.h"
+#include "stage/input.h"
 
 namespace set32 {
 

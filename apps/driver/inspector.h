@@ -14,8 +14,8 @@
 #include "apps/driver/fake_host.h"
 #include "apps/driver/module_files.h"
 #include "apps/driver/script_text.h"
-#include "platform/headless/simulated_clock.h"
-#include "platform/input.h"
+#include "stage/input.h"
+#include "stage/model/simulated_clock.h"
 
 namespace set32 {
 

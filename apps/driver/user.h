@@ -13,8 +13,8 @@
 
 #include "apps/driver/desk.h"
 #include "platform/clipboard.h"
-#include "platform/input.h"
 #include "platform/system.h"
+#include "stage/input.h"
 
 namespace set32 {
 

@@ -3,8 +3,8 @@
 
 #include "controls/icon_combo.h"
 #include "controls/wide_drop_combo.h"
-#include "platform/headless/raster_canvas.h"
 #include "resources/ids.h"
+#include "stage/model/raster_canvas.h"
 #include "tests/support/stage.h"
 
 namespace set32 {

@@ -3,8 +3,8 @@
 
 #include "controls/range_int_edit.h"
 #include "controls/range_real_edit.h"
-#include "platform/headless/headless_clipboard.h"
-#include "platform/headless/headless_system.h"
+#include "stage/model/headless_clipboard.h"
+#include "stage/model/headless_system.h"
 #include "tests/support/stage.h"
 
 namespace set32 {

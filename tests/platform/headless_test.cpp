@@ -1,8 +1,8 @@
 // What is the model's alone: its geometry, what can't be made in it, its boxes, its raster.
 #include <gmock/gmock.h>
 
-#include "platform/headless/headless_desk.h"
-#include "platform/headless/raster_canvas.h"
+#include "stage/model/headless_desk.h"
+#include "stage/model/raster_canvas.h"
 #include "tests/support/stage.h"
 
 namespace set32 {

@@ -6,8 +6,8 @@
 #include <limits>
 
 #include "host_records.h"
-#include "platform/headless/headless_system.h"
 #include "platform/profile_engine.h"
+#include "stage/model/headless_system.h"
 #include "tests/support/profile_peer.h"
 #include "tests/support/scratch_folder.h"
 

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/headless/headless_system.h"
 #include "resources/ids.h"
+#include "stage/model/headless_system.h"
 
 namespace set32 {
 namespace {

@@ -3,9 +3,9 @@
 
 #include <gmock/gmock.h>
 
-#include "platform/headless/headless_system.h"
-#include "platform/headless/simulated_network.h"
 #include "scanner/address.h"
+#include "stage/model/headless_system.h"
+#include "stage/model/simulated_network.h"
 
 namespace set32 {
 namespace {

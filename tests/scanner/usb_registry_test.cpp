@@ -1,10 +1,10 @@
 // The USB walk over numbered devices, and the older value in the registry.
 #include <filesystem>
 
-#include "platform/headless/folder_registry.h"
 #include "scanner/default_device.h"
 #include "scanner/registry_value.h"
 #include "scanner/usb_walk.h"
+#include "stage/model/folder_registry.h"
 #include "tests/scanner/scanner_desk.h"
 #include "tests/support/scratch_folder.h"
 

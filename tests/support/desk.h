@@ -5,8 +5,8 @@
 
 #include "platform/boxes.h"
 #include "platform/clipboard.h"
-#include "platform/input.h"
 #include "platform/windows.h"
+#include "stage/input.h"
 
 namespace set32 {
 

@@ -9,13 +9,13 @@
 #include <utility>
 
 #include "host/module.h"
-#include "platform/headless/folder_registry.h"
-#include "platform/headless/headless_desk.h"
-#include "platform/headless/headless_system.h"
-#include "platform/headless/simulated_network.h"
-#include "platform/headless/simulated_usb.h"
 #include "platform/profile_engine.h"
 #include "profile/config_items.h"
+#include "stage/model/folder_registry.h"
+#include "stage/model/headless_desk.h"
+#include "stage/model/headless_system.h"
+#include "stage/model/simulated_network.h"
+#include "stage/model/simulated_usb.h"
 
 namespace set32 {
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "platform/input.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/rects.h"
+#include "stage/input.h"
 
 namespace set32::win32 {
 

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "platform/input.h"
 #include "platform/win32/gdi_canvas.h"
 #include "platform/win32/rects.h"
 #include "platform/win32/win32_dialog.h"
+#include "stage/input.h"
 
 #include <commctrl.h>
 

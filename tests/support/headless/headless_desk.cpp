@@ -1,4 +1,4 @@
-#include "platform/headless/headless_desk.h"
+#include "stage/model/headless_desk.h"
 
 #include "tests/support/desk.h"
 

@@ -1,7 +1,7 @@
-#include "platform/headless/headless_clipboard.h"
 #include "platform/win32/code_page.h"
-#include "platform/win32/win32_input.h"
 #include "platform/win32/win32_windows.h"
+#include "stage/model/headless_clipboard.h"
+#include "stage/win32/win32_input.h"
 #include "tests/support/desk.h"
 
 namespace set32 {

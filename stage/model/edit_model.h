@@ -1,0 +1,45 @@
+// The edit of the model: text, selection and caret in characters, and the keys that a person presses in it.
+#pragma once
+
+#include "stage/model/control_model.h"
+
+namespace set32 {
+
+class EditModel : public Modelled<Edit> {
+ public:
+  EditModel(HeadlessDialog& dialog, const ControlTemplate& source, const Rect& place);
+
+  std::string Text() const override { return text_; }
+  void SetText(std::string_view text) override;
+  TextRange Selection() const override { return selection_; }
+  void Select(TextRange range) override;
+  void ReplaceSelection(std::string_view text) override;
+  void SetLimit(int characters) override;
+  int Limit() const override { return Alive() ? limit_ : 0; }
+  void SetReadOnly(bool readOnly) override { readOnly_ = readOnly; }
+  bool IsReadOnly() const override { return Alive() && readOnly_; }
+  void SetFilter(EditFilter* filter) override;
+  EditFilter* Filter() const override { return filter_; }
+  void Perish() override;
+
+  // A key's character, 8 for backspace; asks the filter first.
+  void Type(std::string_view character);
+  // Asks the filter first.
+  void Paste(std::string_view clipboard);
+
+ private:
+  void TellChanged();
+  void Replace(TextRange range, std::string_view text);
+  void Insert(std::string_view character);
+  void EraseBackwards();
+  int Room() const;  // characters that may still be typed
+
+  std::string text_;
+  TextRange selection_;
+  int limit_;
+  bool readOnly_;
+  bool digitsOnly_;
+  EditFilter* filter_ = nullptr;
+};
+
+}  // namespace set32

@@ -1,0 +1,75 @@
+#include "stage/model/range_models.h"
+
+#include <charconv>
+#include <string>
+
+#include "stage/model/headless_dialog.h"
+
+namespace set32 {
+
+namespace {
+
+std::optional<int> WholeNumber(const std::string& text) {
+  int number = 0;
+  const char* end = text.data() + text.size();
+  const auto [stopped, error] = std::from_chars(text.data(), end, number);
+  if (error != std::errc() || stopped != end) return {};
+  return number;
+}
+
+}  // namespace
+
+void SpinModel::SetRange(int low, int high) {
+  if (!Alive()) return;
+  low_ = low;
+  high_ = high;
+}
+
+int SpinModel::Position() const {
+  if (const Control* edit = BuddyEdit()) {
+    const std::optional<int> number = WholeNumber(edit->Text());
+    if (number && Held(*number) == *number) return *number;
+  }
+  return position_;
+}
+
+void SpinModel::SetPosition(int position) {
+  if (Alive()) MoveTo(Held(position));
+}
+
+void SpinModel::SetBuddy(int editId) {
+  if (Alive()) buddy_ = editId;
+}
+
+void SpinModel::Perish() {
+  Modelled::Perish();
+  low_ = high_ = position_ = buddy_ = 0;
+}
+
+void SpinModel::Step(int delta) {
+  if (!Alive()) return;
+  position_ = Position();
+  bool refuse = false;
+  Raise(Event{.kind = EventKind::spinDelta, .position = position_, .delta = delta, .refuse = &refuse});
+  if (!refuse && Alive()) MoveTo(Held(std::int64_t{position_} + delta));
+  Raise(Event{.kind = EventKind::scrolled, .code = scroll_code::thumbPosition, .position = position_});
+  Raise(Event{.kind = EventKind::scrolled, .code = scroll_code::endScroll});
+}
+
+Control* SpinModel::BuddyEdit() const {
+  return Alive() && buddy_ != 0 ? Owner()->Find(buddy_) : nullptr;
+}
+
+// A spin may run the other way round, from a high number down to a low one.
+int SpinModel::Held(std::int64_t position) const {
+  return static_cast<int>(std::clamp<std::int64_t>(position, std::min(low_, high_), std::max(low_, high_)));
+}
+
+void SpinModel::MoveTo(int position) {
+  position_ = position;
+  Control* edit = BuddyEdit();
+  const std::string number = std::to_string(position);
+  if (edit != nullptr && edit->Text() != number) edit->SetText(number);
+}
+
+}  // namespace set32
