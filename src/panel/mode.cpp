@@ -80,7 +80,7 @@ void CPanelPage::SetColorMode() {
   SelectMode(mode::colour);
   const std::uint32_t before = settings_->mode;
   settings_->mode = mode::colour;
-  front_.OnModeSet();
+  Front().OnModeSet();
   FinishModeChoice(before);
 }
 
@@ -88,7 +88,7 @@ void CPanelPage::SetGrayMode() {
   SelectMode(mode::gray);
   const std::uint32_t before = settings_->mode;
   settings_->mode = mode::gray;
-  front_.OnModeSet();
+  Front().OnModeSet();
   ResetFields(*settings_, ResetByChoice(mode::gray, face_.rules));
   FinishModeChoice(before);
 }
@@ -97,7 +97,7 @@ void CPanelPage::SetBwMode() {
   SelectMode(mode::blackWhite);
   const std::uint32_t before = settings_->mode;
   settings_->mode = mode::blackWhite;
-  front_.OnModeSet();
+  Front().OnModeSet();
   ResetFields(*settings_, ResetByChoice(mode::blackWhite, face_.rules));
   host_.SettingsChanged(settings_change::values, *settings_);
   FinishModeChoice(before);
@@ -108,7 +108,7 @@ void CPanelPage::FinishModeChoice(std::uint32_t before) {
   FollowMode(before);
   host_.ModeShown(chosen);
   TellValues();
-  front_.OnModeTold();
+  Front().OnModeTold();
 }
 
 void CPanelPage::SetJpegColorMode() {
@@ -122,7 +122,7 @@ void CPanelPage::SetJpegMode(std::uint32_t mode) {
   const std::uint32_t before = settings_->mode;
   ResetFields(*settings_, ResetByChoice(mode, face_.rules));
   settings_->mode = mode;
-  front_.OnModeSet();
+  Front().OnModeSet();
   SelectMode(mode);
   FollowMode(before);
   TellValues();
@@ -132,13 +132,13 @@ void CPanelPage::SetJpegMode(std::uint32_t mode) {
 // What is stored, offered and seen of the mode.
 void CPanelPage::FollowMode(std::uint32_t before) {
   if (settings_->mode != before) AutoSaveConfig();
-  front_.OnBeforeResolutionList();
+  Front().OnBeforeResolutionList();
   BuildResolutionList();
   {
     const NotifySizeHold quiet(state_, false);
     RefreshPreview();
   }
-  front_.OnPreviewDone();
+  Front().OnPreviewDone();
 }
 
 void CPanelPage::ApplyMode(std::uint32_t mode) {

@@ -8,10 +8,9 @@
 
 namespace set32 {
 
-CPanelPage::CPanelPage(ModuleState& state, const PanelFace& face, AdjustmentFront& front)
+CPanelPage::CPanelPage(ModuleState& state, const PanelFace& face)
     : state_(state),
       face_(face),
-      front_(front),
       host_(state.platform.windows),
       store_(state),
       renderer_(face.preview, imageLibrary_),

@@ -47,8 +47,7 @@ struct PanelFace {
 
 class CPanelPage : public DialogHandler, public PanelServices {
  public:
-  // The front must outlive the page's windows; it may be a member of the face, made after this.
-  CPanelPage(ModuleState& state, const PanelFace& face, AdjustmentFront& front);
+  CPanelPage(ModuleState& state, const PanelFace& face);
   CPanelPage(const CPanelPage&) = delete;
   CPanelPage& operator=(const CPanelPage&) = delete;
 
@@ -83,6 +82,8 @@ class CPanelPage : public DialogHandler, public PanelServices {
   void OnDestroyed() override;
 
  protected:
+  // The front end of the adjustments beside this face.
+  virtual AdjustmentFront& Front() = 0;
   // What a face does at its end.
   virtual void OnClosing() = 0;     // the window is about to go, everything stands
   virtual void OnWindowGone() = 0;  // the window is gone, the host's record is still valid
@@ -191,7 +192,6 @@ class CPanelPage : public DialogHandler, public PanelServices {
 
   ModuleState& state_;
   const PanelFace& face_;
-  AdjustmentFront& front_;
   HostLink host_;
   CConfigStore store_;
   CAnchors anchors_;

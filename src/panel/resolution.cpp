@@ -38,7 +38,7 @@ void CPanelPage::OnResolutionChoice(const Event&) {
   SetSizeRanges();
   if (chosen != before) AutoSaveConfig();
   host_.ResolutionChanged(shownUnits_, settings_->dpi);
-  front_.OnResolutionChanged();
+  Front().OnResolutionChanged();
 }
 
 void CPanelPage::OnResolutionEdit(const Event&) {
@@ -63,7 +63,7 @@ void CPanelPage::OnResolutionEdit(const Event&) {
   if (settings_->dpi != before) AutoSaveConfig();
   ShowSizeText();
   SetSizeRanges();
-  front_.OnResolutionChanged();
+  Front().OnResolutionChanged();
   host_.ResolutionChanged(shownUnits_, settings_->dpi);
 }
 

@@ -51,7 +51,7 @@ std::span<const MessageRow<CSettingBoxPage>> CSettingBoxPage::Messages() {
 }
 
 CSettingBoxPage::CSettingBoxPage(ModuleState& state, AdjustmentFront& front)
-    : CPanelPage(state, sheetFace, front), scanners_(state, host_) {}
+    : CPanelPage(state, sheetFace), front_(front), scanners_(state, host_) {}
 
 void CSettingBoxPage::OnEvent(const Event& event) {
   Dispatch(*this, Messages(), event);
@@ -108,7 +108,7 @@ void CSettingBoxPage::OnInit(Dialog& dialog) {
   if (source == paper_source::feeder || IsTransparency(source)) ChangePaperSource();
   ShowModeAtStart();
   SetSizeRanges();
-  front_.OnRefreshed();
+  Front().OnRefreshed();
   EnableRemoveButton();
   host_.AreaChanged(*settings_);
 }
@@ -132,7 +132,7 @@ void CSettingBoxPage::RefreshPanel() {
   host_.ModeShown(settings_->mode);
   TellValues();
   scanners_.ReportAtPanelRefresh();
-  front_.OnRefreshed();
+  Front().OnRefreshed();
   RefreshPreview();
 }
 

@@ -12,7 +12,7 @@ namespace set32 {
 
 class CSettingBoxPage : public CPanelPage {
  public:
-  // The front is the Advanced page, the second one of the sheet.
+  // The front is the Advanced page, the second one of the sheet; it outlives this one's window.
   CSettingBoxPage(ModuleState& state, AdjustmentFront& front);
 
   void RefreshPanel() override;
@@ -25,6 +25,7 @@ class CSettingBoxPage : public CPanelPage {
  private:
   static std::span<const MessageRow<CSettingBoxPage>> Messages();
 
+  AdjustmentFront& Front() override { return front_; }
   void OnClosing() override;
   void OnWindowGone() override;
   void EnterAnchors();
@@ -68,6 +69,7 @@ class CSettingBoxPage : public CPanelPage {
   void OnScannerChoice(const Event&) { scanners_.OnScannerSelChange(); }
   void OnRefreshScanners(const Event&) { scanners_.RefreshScanners(); }
 
+  AdjustmentFront& front_;
   CScannerChoice scanners_;
   bool hasRecord_ = false;         // the last settings were read: what stands in the record may be kept at the end
   bool suppressAutoSave_ = false;  // while a change of paper source is carried out
