@@ -91,7 +91,8 @@ void PreviewRenderer::Render(const ScanSettings& settings, CDib& preview, std::u
 }
 
 PreviewRenderer::Filters PreviewRenderer::FiltersOf(const ScanSettings& settings) {
-  return {.sharpness = sharpnessRange.HeldOrZero(settings.sharpness),
+  // A colour out of range would turn the picture into another one; a sharpness only means too much of it.
+  return {.sharpness = sharpnessRange.Held(settings.sharpness),
           .saturation = saturationRange.HeldOrZero(settings.saturation),
           .hue = hueRange.HeldOrZero(settings.hue)};
 }

@@ -54,8 +54,10 @@ void CScannerChoice::Start() {
 }
 
 void CScannerChoice::StoreAtClose() {
-  list_.selectedIndex = static_cast<std::uint16_t>(ScannerCombo().Selected());
-  if (Wants(driver_type::network)) {
+  // Without a selection the person has chosen nothing: what was stored before stays the default.
+  const int selected = ScannerCombo().Selected();
+  list_.selectedIndex = static_cast<std::uint16_t>(selected);
+  if (Wants(driver_type::network) && selected >= 0) {
     ReadCurrentName();
     if (currentName_ != LoadString(state_.platform.system, text::addScannerAtClose)) {
       StoreDefaultDevice(state_, currentName_);

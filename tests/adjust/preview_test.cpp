@@ -180,10 +180,14 @@ TEST_F(PreviewTest, AsksTheLibraryForWhatTheModeShows) {
   TestPicture picture(4, 2);
   settings.saturation = 101;
   settings.hue = -181;
-  settings.sharpness = std::numeric_limits<std::int32_t>::max();
   Refresh(sheet, &picture.dib);
-  EXPECT_THAT(library.Take(), IsEmpty()) << "values out of range are none";
-  settings.sharpness = 0;
+  EXPECT_THAT(library.Take(), IsEmpty()) << "colours out of range are none";
+  for (const auto& [sharpness, passed] : {std::pair{std::numeric_limits<int>::max(), "sharpen 1000"},
+                                          std::pair{-101, "sharpen -1000"}, std::pair{0, "sharpen 0"}}) {
+    settings.sharpness = sharpness;
+    Refresh(sheet, &picture.dib);
+    EXPECT_THAT(library.Take(), ElementsAre("create 4 2 24", passed, "free")) << "sharpness is held to its range";
+  }
   settings.saturation = -100;
   settings.hue = 180;
   settings.mode = mode::gray;

@@ -77,6 +77,7 @@ TEST(ResolutionList, Examples) {
       {"no limit known", sheet, {16, flatbed, 300, dpi300, 0}, upTo600, "75..75 75=2"},
       {"the code wins", sheet, {1, flatbed, 100, dpi400, 600}, all, "75..19200 400=64"},
       {"dpi of no meaning", sheet, {1, flatbed, -5, userDefined, 600, some}, few, "75..300 75=4096"},
+      {"inline: no dpi", inlined, {1, flatbed, 0, userDefined, 600, some}, few, "75..300 75=4096"},
       {"code of no meaning", sheet, {1, flatbed, 123, 3, 600, some}, few, "75..300 123=3 unlisted"},
   };
   for (const Example& example : examples) {

@@ -133,6 +133,8 @@ TEST_F(ScannerChoice, DefaultDeviceThatIsSilentIsNotOffered) {
     EXPECT_THAT(Entries(), IsEmpty());
     EXPECT_THAT(Heard(), IsEmpty());
     EXPECT_EQ(clock_.Now() - before, std::string_view(stored) == "10.0.0.1" ? 3000U : 0U);
+    ClosePage();
+    EXPECT_EQ(DefaultDevice(), stored) << "with nothing selected the choice stays";
   }
 }
 
