@@ -1,16 +1,18 @@
 // The smallest whole host: loads set32.dll by name, gives the panel a place in its window, answers its messages, and
 // ends it by ending its own window.
 //
-//   example-host.exe [--once] [PREVIEW.bmp]
+//   example-host.exe [--once] [--network real] [PREVIEW.bmp]
 //
-// With --once it says what it heard and ends by itself as soon as the panel stands. docs/host-guide.md goes through
-// this file step by step.
+// With --once it says what it heard and ends by itself as soon as the panel stands. The panel searches for scanners
+// on USB alone, unless --network real lets it ask every machine in the network. docs/host-guide.md goes through this
+// file step by step.
 #include <windows.h>
 
 #include <cstdio>
 #include <cstring>
 #include <fstream>
 #include <iterator>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -110,6 +112,18 @@ int RunMessages() {
   return static_cast<int>(message.wParam);
 }
 
+// Where the panel may search is read when the library is loaded, from a profile beside it that an installer lays.
+bool LayModuleProfile(bool searchesNetwork) {
+  wchar_t program[MAX_PATH] = L"";
+  GetModuleFileNameW(nullptr, program, MAX_PATH);
+  const std::wstring path(program);
+  const std::wstring profile = path.substr(0, path.find_last_of(L'\\') + 1) + L"QUIRNMFP.ini";
+  const bool isLaid =
+      WritePrivateProfileStringW(L"RunTime", L"DriverType", searchesNetwork ? L"3" : L"1", profile.c_str()) != FALSE;
+  WritePrivateProfileStringW(nullptr, nullptr, nullptr, profile.c_str());  // onto the disk
+  return isLaid;
+}
+
 // A function by its name, as the type that its header tells.
 template <typename Function>
 Function Find(HMODULE library, const char* name) {
@@ -124,15 +138,22 @@ Function Find(HMODULE library, const char* name) {
 
 int main(int count, char** values) {
   bool once = false;
+  bool searchesNetwork = false;
   const char* picture = nullptr;
   for (int i = 1; i < count; ++i) {
     if (std::string_view(values[i]) == "--once") {
       once = true;
+    } else if (std::string_view(values[i]) == "--network" && i + 1 < count) {
+      searchesNetwork = std::string_view(values[++i]) == "real";
     } else {
       picture = values[i];
     }
   }
 
+  if (!LayModuleProfile(searchesNetwork)) {
+    std::fprintf(stderr, "example-host: QUIRNMFP.ini can't be written beside this program\n");
+    return 2;
+  }
   const HMODULE library = LoadLibraryW(L"set32.dll");
   const auto fixSetting = library == nullptr ? nullptr : Find<set32::UiFixSettingFunction>(library, "uiFixSetting");
   if (fixSetting == nullptr) {

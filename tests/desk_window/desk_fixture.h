@@ -33,8 +33,7 @@ inline HWND PageWithin(HWND window) {
   return page;
 }
 
-// The library lies in a folder of its own, with a module profile that lets it look for no device in the network, and
-// keeps its files there.
+// The library lies in a folder of its own and keeps its files there.
 class Desk : public testing::Test {
  public:
   ~Desk() override {
@@ -44,19 +43,16 @@ class Desk : public testing::Test {
 
  protected:
   Desk() {
-    folder_.Write("QUIRNMFP.ini", "[RunTime]\r\nDriverType=1\r\n");
     library_ = Wide(folder_.Path("set32.dll"));
-    wchar_t program[MAX_PATH] = L"";
-    GetModuleFileNameW(nullptr, program, MAX_PATH);
-    const std::wstring path = program;
-    CopyFileW((path.substr(0, path.find_last_of(L'\\') + 1) + L"set32.dll").c_str(), library_.c_str(), FALSE);
+    CopyFileW((ProgramFolder() + L"set32.dll").c_str(), library_.c_str(), FALSE);
     GetEnvironmentVariableW(L"TMP", temp_, MAX_PATH);
     SetEnvironmentVariableW(L"TMP", library_.substr(0, library_.find_last_of(L"\\/")).c_str());
   }
 
   bool Open(const std::wstring& picture = {}) { return Open(library_, picture); }
   bool Open(const std::wstring& library, const std::wstring& picture) {
-    desk_.emplace(DeskSetup{library, [this](HWND, const std::wstring& text) { said_.push_back(text); }});
+    desk_.emplace(
+        DeskSetup{.library = library, .say = [this](HWND, const std::wstring& text) { said_.push_back(text); }});
     const bool stands = desk_->Create(picture);
     preview_ = FindWindowExW(desk_->Window(), nullptr, L"scan-desk-preview", nullptr);
     log_ = FindWindowExW(desk_->Window(), nullptr, L"ListBox", nullptr);

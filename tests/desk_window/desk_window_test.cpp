@@ -190,11 +190,27 @@ TEST_F(Desk, OpensBitmapsOfEveryDepthAndKeepsThePictureWhenOneIsBroken) {
 }
 
 TEST_F(Desk, SaysWhenThereIsNoPanel) {
-  for (const wchar_t* library : {L"no-such-library.dll", L"kernel32.dll"}) {
+  const std::wstring holdsNone = ProgramFolder() + L"desk_window_tests.exe";
+  for (const std::wstring& library : {Wide("no-such-library.dll"), holdsNone}) {
     said_.clear();
     EXPECT_FALSE(Open(library, L""));
     EXPECT_THAT(said_, ElementsAre(HasSubstr(library)));
   }
+}
+
+TEST_F(Desk, SearchesTheNetworkOnlyWhenAPersonAsksForIt) {
+  const auto laid = [&] {
+    return GetPrivateProfileIntW(L"RunTime", L"DriverType", 3, Wide(folder_.Path("QUIRNMFP.ini")).c_str());
+  };
+  folder_.Write("QUIRNMFP.ini", "[DeviceID]\r\nDeviceID0=mine\r\n[RunTime]\r\nDriverType=3\r\n");
+  ASSERT_TRUE(Open());
+  EXPECT_EQ(laid(), 1U);
+  EXPECT_THAT(folder_.Read("QUIRNMFP.ini"), HasSubstr("DeviceID0=mine"));
+  std::wstring trouble;
+  EXPECT_TRUE(Installation(library_).Lay(Search::usbAndNetwork, trouble));
+  EXPECT_EQ(laid(), 3U);
+  EXPECT_FALSE(Open(Wide(folder_.Path("missing\\set32.dll")), L""));
+  EXPECT_THAT(said_, ElementsAre(HasSubstr(L"missing\\QUIRNMFP.ini"))) << "rather none than one that may search";
 }
 
 TEST_F(Desk, IsNeverSmallerThanItsPanelNeeds) {
@@ -210,14 +226,17 @@ TEST_F(Desk, IsNeverSmallerThanItsPanelNeeds) {
 }
 
 TEST(ArgumentsTest, FollowsACommandLineOrRefusesIt) {
-  const auto arguments = ReadArguments(LR"("C:\a b\scan-desk.exe" --page 1 --once --snapshot "x y.png" in.bmp)");
+  const auto arguments =
+      ReadArguments(LR"("C:\a b\scan-desk.exe" --page 1 --once --network real --snapshot "x y.png" in.bmp)");
   ASSERT_TRUE(arguments);
   EXPECT_EQ(arguments->picture, L"in.bmp");
   EXPECT_EQ(arguments->snapshot, L"x y.png");
   EXPECT_EQ(arguments->page, 1);
   EXPECT_TRUE(arguments->once);
-  for (const wchar_t* wrong :
-       {L"desk --page", L"desk --page 2", L"desk --snapshot", L"desk --ever", L"desk a.bmp b.bmp"})
+  EXPECT_EQ(arguments->search, Search::usbAndNetwork);
+  EXPECT_EQ(ReadArguments(L"desk")->search, Search::usb);
+  for (const wchar_t* wrong : {L"desk --page", L"desk --page 2", L"desk --network maybe", L"desk --snapshot",
+                               L"desk --ever", L"desk a.bmp b.bmp"})
     EXPECT_FALSE(ReadArguments(wrong)) << wrong;
 }
 

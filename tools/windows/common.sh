@@ -42,6 +42,10 @@ build_for() {
   echo "$project/build/${1#mingw-}"
 }
 
+# What stands before each command on Windows, so that nothing is sent to another machine. A script empties it when a
+# person asks for this machine's own network.
+network=("$tools/in-silence.sh")
+
 # on_windows PRESET COMMAND...: runs a command where wine runs that preset's programs, on a virtual display and with a
 # fresh prefix of its own. Other places can have displays whose sockets are seen here and whose locks are not, so the
 # search for a free number begins anywhere.
@@ -51,9 +55,11 @@ on_windows() {
   with_prefix "$preset" "$@"
 }
 
-# on_display PRESET COMMAND...: the same on this machine's display, whose own window manager frames the windows.
+# on_display PRESET COMMAND...: the same on this machine's display, whose own window manager frames the windows. One that
+# is reached by way of the network needs this machine's own.
 on_display() {
-  local preset=$1 display=() shares_display=1
+  local preset=$1 display=() shares_display=1 network=("${network[@]}") number=${DISPLAY##*:}
+  [ -S "/tmp/.X11-unix/X${number%%.*}" ] || network=()
   shift
   with_prefix "$preset" bash -c '
     wine reg add "HKCU\Software\Wine\X11 Driver" /v Managed /d Y /f > /dev/null 2>&1
@@ -70,17 +76,19 @@ with_prefix() {
   fi
 }
 
-in_wine64() { WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" "$@"; }
+in_wine64() { WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" "${network[@]}" "$@"; }
 
 # inside_root FOLDER COMMAND...: runs a command inside the folder, with the project at its own path. The mounts belong to
 # a mount namespace of the command's, so that none is left behind whatever happens.
 inside_root() {
   local folder=$1
   shift
-  PROJECT=$project FOLDER=$folder SHARES_DISPLAY=${shares_display:-} unshare --mount --propagation private bash -c '
+  PROJECT=$project FOLDER=$folder SHARES_DISPLAY=${shares_display:-} "${network[@]}" \
+    unshare --mount --propagation private bash -c '
     set -e
     mount -t proc proc "$FOLDER/proc"
     mount --rbind /dev "$FOLDER/dev"
+    echo "127.0.0.1 localhost $(uname -n)" > "$FOLDER/etc/hosts"  # a search looks up this machine by its name
     mkdir -p "$FOLDER$PROJECT"
     mount --bind "$PROJECT" "$FOLDER$PROJECT"
     if [ -n "$SHARES_DISPLAY" ] && [ -d /tmp/.X11-unix ]; then

@@ -3,17 +3,20 @@
 # is none. Leaves a picture of it in build/scan-desk.png. On a display it runs until the person closes it; on a virtual
 # one it ends as soon as the picture is taken.
 #
-#   tools/windows/run-window.sh [--page N] [PREVIEW.bmp]
+#   tools/windows/run-window.sh [--page N] [--network real] [PREVIEW.bmp]
 #
-# N is the sheet's page on the picture: 0 (General) or 1 (Advanced).
+# N is the sheet's page on the picture: 0 (General) or 1 (Advanced). Scanners are searched on USB alone, unless --network
+# real lets the panel ask every machine in the network.
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
 
-page=0
-if [ "${1:-}" = --page ]; then
-  page=$2
+options=()
+while [[ "${1:-}" = --* ]]; do
+  [ $# -ge 2 ] || fail "$1 says nothing"
+  if [ "$1" = --network ] && [ "$2" = real ]; then network=(); fi
+  options+=("$1" "$2")
   shift 2
-fi
+done
 picture=${1:-samples/flatbed-colour-100dpi.bmp}
 [ -e "$picture" ] || fail "there is no $picture"
 case $(realpath "$picture") in
@@ -27,15 +30,15 @@ build=$(build_for "$preset" set32 scan-desk)
 
 snapshot=build/scan-desk.png
 rm -f "$snapshot"
-desk=("$build/bin/scan-desk.exe" --page "$page" --snapshot "$snapshot")
+desk=("$build/bin/scan-desk.exe" "${options[@]}" --snapshot "$snapshot")
 if [ -n "${DISPLAY:-}" ]; then
   say "the window stands on display $DISPLAY until you close it"
-  on_display "$preset" "$tools/with-options.sh" wine "${desk[@]}" "$picture" || true
+  on_display "$preset" wine "${desk[@]}" "$picture" || true
   [ -s "$snapshot" ] || say "display $DISPLAY can't be used"
 fi
 if [ ! -s "$snapshot" ]; then
   say "the window stands on a virtual display until its picture is taken"
-  on_windows "$preset" "$tools/with-options.sh" timeout 120 wine "${desk[@]}" --once "$picture"
+  on_windows "$preset" timeout 120 wine "${desk[@]}" --once "$picture"
 fi
 [ -s "$snapshot" ] || fail "scan-desk left no picture"
 say "$preset: the panel stands, picture in $snapshot ($chosen)"

@@ -19,4 +19,5 @@ on_windows "$preset" "$tools/run-all.sh" "$build/bin" 2>&1 | tee "$log" |
   { grep -E -B 12 '^\[  FAILED|^failed |Failure$' "$log" | tail -n 60 >&2 || true; fail "$preset: failed ($chosen)"; }
 "$tools/check-dlls.sh"
 "$tools/check-install.sh" "$preset"
+"$tools/check-silence.sh" "$preset"
 say "$preset: all passed ($chosen)"

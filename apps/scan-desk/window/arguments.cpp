@@ -21,7 +21,9 @@ using OwnedWords = set32::win32::Owned<wchar_t**, FreeWords>;
 }  // namespace
 
 const wchar_t usage[] =
-    L"scan-desk [--page N] [--snapshot FILE.png] [--once] [PREVIEW.bmp]\n\n"
+    L"scan-desk [--page N] [--network usb|real] [--snapshot FILE.png] [--once] [PREVIEW.bmp]\n\n"
+    L"--network real lets the panel search this machine's network, where every machine hears it; else it searches on "
+    L"USB alone. "
     L"--snapshot writes a picture of the window as soon as the panel stands, turned to page N of its sheet, 0 or 1; "
     L"--once ends then.";
 
@@ -40,6 +42,10 @@ std::optional<Arguments> ReadArguments(const wchar_t* commandLine) {
       const std::wstring page = values[++i];
       if (page != L"0" && page != L"1") return {};
       arguments.page = page == L"1" ? 1 : 0;
+    } else if (value == L"--network" && isFollowed) {
+      const std::wstring network = values[++i];
+      if (network != L"usb" && network != L"real") return {};
+      arguments.search = network == L"real" ? Search::usbAndNetwork : Search::usb;
     } else if (value == L"--once") {
       arguments.once = true;
     } else if (value.starts_with(L"--") || !arguments.picture.empty()) {

@@ -4,6 +4,8 @@
 #include <optional>
 #include <string>
 
+#include "apps/scan-desk/window/installation.h"
+
 namespace scan_desk {
 
 struct Arguments {
@@ -11,6 +13,7 @@ struct Arguments {
   std::wstring snapshot;  // empty for none
   int page = 0;           // of the panel's sheet, on the snapshot
   bool once = false;
+  Search search = Search::usb;
 };
 
 extern const wchar_t usage[];

@@ -34,7 +34,7 @@ void ShowBox(HWND owner, const std::wstring& text) {
 
 DeskWindow::DeskWindow(DeskSetup setup)
     : setup_(std::move(setup)),
-      panel_(setup_.library),
+      panel_(setup_.library, setup_.search),
       preview_(
           picture_, panel_, [this](const std::wstring& line) { Log(line); },
           [this](const std::wstring& device) {

@@ -18,7 +18,8 @@ namespace scan_desk {
 void ShowBox(HWND owner, const std::wstring& text);
 
 struct DeskSetup {
-  std::wstring library = L"set32.dll";
+  std::wstring library = L"set32.dll";  // a path, or a name that lies beside this program
+  Search search = Search::usb;
   std::function<void(HWND owner, const std::wstring& text)> say = ShowBox;
 };
 

@@ -1,7 +1,5 @@
 #include "apps/scan-desk/window/panel.h"
 
-#include <utility>
-
 #include "messages.h"
 #include "platform/win32/handle.h"
 #include "pointer_word.h"
@@ -19,9 +17,15 @@ set32::DeviceCaps Capabilities() {
   return caps;
 }
 
+// Nowhere else than where its files are laid.
+std::wstring PathOf(const std::wstring& library) {
+  return library.find_first_of(L"\\/") == std::wstring::npos ? ProgramFolder() + library : library;
+}
+
 }  // namespace
 
-Panel::Panel(std::wstring file) : file_(std::move(file)) {
+Panel::Panel(const std::wstring& library, Search search)
+    : file_(PathOf(library)), search_(search), installation_(file_) {
   settings_.mode = set32::mode::colour;
   settings_.resolutionId = set32::resolution::dpi100;
   settings_.dpi = 100;
@@ -34,6 +38,7 @@ Panel::Panel(std::wstring file) : file_(std::move(file)) {
 }
 
 bool Panel::Open(HWND parent, HWND host, set32::CDib& preview, set32::Size size, std::wstring& trouble) {
+  if (!library_.IsLoaded() && !installation_.Lay(search_, trouble)) return false;
   if (!library_.Load(file_, trouble)) return false;
   constexpr std::uint32_t threshold = 128, outputBits = 48;
   const set32::DeviceCaps caps = Capabilities();

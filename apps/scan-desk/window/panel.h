@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "apps/scan-desk/window/installation.h"
 #include "apps/scan-desk/window/panel_library.h"
 #include "dib.h"
 #include "host_records.h"
@@ -15,8 +16,8 @@ namespace scan_desk {
 
 class Panel {
  public:
-  // `file` names the library; it is loaded when the panel is opened.
-  explicit Panel(std::wstring file);
+  // `library` is a path, or a name that lies beside this program; it is loaded when the panel is opened.
+  Panel(const std::wstring& library, Search search);
   Panel(const Panel&) = delete;
   Panel& operator=(const Panel&) = delete;
 
@@ -43,6 +44,8 @@ class Panel {
 
  private:
   std::wstring file_;
+  Search search_;
+  Installation installation_;
   PanelLibrary library_;
   set32::ScanSettings settings_{};
   HWND page_ = nullptr;  // ends with its parent

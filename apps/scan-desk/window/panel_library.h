@@ -12,7 +12,7 @@ namespace scan_desk {
 
 class PanelLibrary {
  public:
-  // `file` is a name, looked for beside this program first, or a path. On false nothing is loaded and `trouble` is a
+  // `file` is a path. On false nothing is loaded and `trouble` is a
   // sentence that says why.
   bool Load(const std::wstring& file, std::wstring& trouble);
   // Only once the panel's windows are gone.

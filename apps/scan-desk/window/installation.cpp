@@ -1,0 +1,60 @@
+#include "apps/scan-desk/window/installation.h"
+
+#include <windows.h>
+
+#include "apps/scan-desk/window/system_text.h"
+
+namespace scan_desk {
+
+namespace {
+
+constexpr wchar_t tempVariable[] = L"TMP";  // the first that the system looks at for its temporary folder
+
+// Writes one key and looks whether it can be read there.
+bool LayKey(const std::wstring& file, const wchar_t* section, const wchar_t* key, int value, std::wstring& trouble) {
+  WritePrivateProfileStringW(section, key, std::to_wstring(value).c_str(), file.c_str());
+  const DWORD error = GetLastError();
+  WritePrivateProfileStringW(nullptr, nullptr, nullptr, file.c_str());  // out of the system's memory, onto the disk
+  if (GetPrivateProfileIntW(section, key, ~value, file.c_str()) == static_cast<UINT>(value)) return true;
+  trouble = file + L" can't be written: " + ErrorText(error);
+  return false;
+}
+
+std::wstring TempFolder() {
+  wchar_t path[MAX_PATH + 1] = L"";
+  GetTempPathW(MAX_PATH, path);
+  return path;
+}
+
+}  // namespace
+
+std::wstring ProgramFolder() {
+  std::wstring path(32768, L'\0');
+  path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+  return path.substr(0, path.find_last_of(L'\\') + 1);
+}
+
+Installation::Installation(const std::wstring& library)
+    : moduleProfile_(library.substr(0, library.find_last_of(L"\\/") + 1) + L"QUIRNMFP.ini"), temp_(TempFolder()) {
+  const std::wstring own = temp_ + L"scan-desk";
+  CreateDirectoryW(own.c_str(), nullptr);
+  SetEnvironmentVariableW(tempVariable, own.c_str());
+  wchar_t name[MAX_PATH] = L"";
+  GetPrivateProfileStringW(L"INIFiles", L"QUIRNHTEMP_INI", L"QUIRNHTp.INI", name, MAX_PATH, moduleProfile_.c_str());
+  options_ = own + L"\\" + name;
+}
+
+Installation::~Installation() {
+  SetEnvironmentVariableW(tempVariable, temp_.c_str());
+}
+
+// The options of a device whose paper source a person chooses.
+bool Installation::Lay(Search search, std::wstring& trouble) const {
+  constexpr int usb = 1, network = 2;
+  const int searched = search == Search::usb ? usb : usb | network;
+  return LayKey(moduleProfile_, L"RunTime", L"DriverType", searched, trouble) &&
+         LayKey(options_, L"OPTION", L"LLDriverInterface", 1, trouble) &&
+         LayKey(options_, L"OPTION", L"EnablePaperSource", 1, trouble);
+}
+
+}  // namespace scan_desk

@@ -1,0 +1,36 @@
+// What an installer lays for the library: its module's profile, and the options of the run time.
+#pragma once
+
+#include <string>
+
+namespace scan_desk {
+
+enum class Search {
+  usb,           // nothing is sent to any other machine
+  usbAndNetwork  // a search is heard by every machine in the network
+};
+
+// The desk lays files of its own, so that nothing that is installed on the machine has a say in what it shows, and
+// none of it is changed. While this object lives the program's temporary folder is one of the desk's own.
+class Installation {
+ public:
+  // `library` is the path of the library.
+  explicit Installation(const std::wstring& library);
+  ~Installation();
+  Installation(const Installation&) = delete;
+  Installation& operator=(const Installation&) = delete;
+
+  // Before the library is loaded, which reads where it may search as it starts. On false the library must not be
+  // loaded, and `trouble` is a sentence that says why.
+  bool Lay(Search search, std::wstring& trouble) const;
+
+ private:
+  std::wstring moduleProfile_;
+  std::wstring temp_;  // the folder that was the program's before
+  std::wstring options_;
+};
+
+// The folder of this program's file, with the separator at its end.
+std::wstring ProgramFolder();
+
+}  // namespace scan_desk
