@@ -272,15 +272,16 @@ TEST_F(Start, FollowsTheRunTimeOptions) {
     Open();
     EXPECT_TRUE(Shows(one.control, one.shows));
   }
-  // Without them the list has their room.
-  const auto listTop = [&] {
-    return TheSession().TheDesk().Require(User::Target(id::configList)).control.Place().top;
+  // Without them the list has their room, and leaves the scanner's row alone.
+  const auto top = [&](int control) {
+    return TheSession().TheDesk().Require(User::Target(control)).control.Place().top;
   };
-  const int lower = listTop();
+  const int lower = top(id::configList);
   StartAfresh();
   WriteKey(ModuleFile::options, "OPTION", "LLDriverInterface", "0");
   Open();
-  EXPECT_LT(listTop(), lower);
+  EXPECT_LT(top(id::configList), lower);
+  EXPECT_EQ(top(id::configList), top(id::sourceCombo));
 }
 
 TEST_F(Start, GivesHighBitDepthToListedApplicationsAlone) {
