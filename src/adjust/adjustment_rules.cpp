@@ -1,5 +1,7 @@
 #include "adjust/adjustment_rules.h"
 
+#include <bit>
+
 #include "controls/number_text.h"
 #include "platform/events.h"
 
@@ -11,15 +13,6 @@ constexpr double gammaLineStep = 0.01;
 constexpr double gammaPageStep = 0.1;
 constexpr double gammaCeiling = 10.0;
 constexpr std::int64_t numberPageStep = 10;
-
-bool OnTransparency(const ScanSettings& settings) {
-  return settings.paperSource == paper_source::positive || settings.paperSource == paper_source::negative;
-}
-
-bool IsKnownMode(std::uint32_t scanMode) {
-  return scanMode == mode::colour || scanMode == mode::gray || scanMode == mode::blackWhite ||
-         scanMode == mode::jpegColour || scanMode == mode::jpegGray;
-}
 
 bool TakesPosition(const ScrollHabit& habit, int code) {
   return code == scroll_code::thumbTrack || (habit.takesRelease && code == scroll_code::thumbPosition);
@@ -70,8 +63,41 @@ std::int32_t NumberAfterScroll(const ValueRange& range, const ScrollHabit& habit
   }
 }
 
+double GammaAfterSpin(const GammaScale& scale, double value, int delta) {
+  if (delta == 0) return value;
+  return GammaAfterScroll(scale, value, delta > 0 ? scroll_code::lineLeft : scroll_code::lineRight, 0);
+}
+
+std::int32_t NumberAfterSpin(const ValueRange& range, std::int32_t value, int delta) {
+  if (delta == 0) return value;
+  return range.Held(std::int64_t{value} + (delta > 0 ? -1 : 1));
+}
+
+std::optional<double> GammaFromText(const GammaScale& scale, std::string_view text) {
+  const double value = ReadDecimalNumber(text);
+  return scale.Accepts(value) ? std::optional(value) : std::nullopt;
+}
+
+std::optional<std::int32_t> NumberFromText(const ValueRange& range, std::string_view text) {
+  const std::int32_t value = ReadWholeNumber(text);
+  return range.Holds(value) ? std::optional(value) : std::nullopt;
+}
+
+bool SameBits(double left, double right) {
+  return std::bit_cast<std::uint64_t>(left) == std::bit_cast<std::uint64_t>(right);
+}
+
+bool IsKnownMode(std::uint32_t scanMode) {
+  return scanMode == mode::colour || scanMode == mode::gray || scanMode == mode::blackWhite ||
+         scanMode == mode::jpegColour || scanMode == mode::jpegGray;
+}
+
+bool IsColourMode(std::uint32_t scanMode) {
+  return scanMode == mode::colour || scanMode == mode::jpegColour;
+}
+
 AllowedAdjustments AllowedBy(std::uint32_t scanMode, bool hasLowLevelDriver) {
-  const bool colour = scanMode == mode::colour || scanMode == mode::jpegColour;
+  const bool colour = IsColourMode(scanMode);
   const bool jpeg = scanMode == mode::jpegColour || scanMode == mode::jpegGray;
   const bool known = IsKnownMode(scanMode);
   const bool levels = known && scanMode != mode::blackWhite;
@@ -93,6 +119,10 @@ bool DescreenUsable(const ScanSettings& settings, std::uint32_t restrictedMaxDpi
 
 bool HighBitUsable(const ScanSettings& settings, bool highBitRestricted, bool hasLowLevelDriver) {
   return settings.descreen == 0 && !highBitRestricted && AllowedBy(settings.mode, hasLowLevelDriver).highBit;
+}
+
+bool OnTransparency(const ScanSettings& settings) {
+  return settings.paperSource == paper_source::positive || settings.paperSource == paper_source::negative;
 }
 
 bool PageDescreenUsable(const ScanSettings& settings) {

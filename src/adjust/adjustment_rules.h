@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <string_view>
 
 #include "boundary/adjustment_defaults.h"
 #include "dib.h"
@@ -63,6 +65,20 @@ double GammaAfterScroll(const GammaScale& scale, double value, int code, std::in
 std::int32_t NumberAfterScroll(const ValueRange& range, const ScrollHabit& habit, std::int32_t value, int code,
                                std::int32_t position);
 
+// A value after one step of a spin: down for a positive delta, up for a negative one.
+double GammaAfterSpin(const GammaScale& scale, double value, int delta);
+std::int32_t NumberAfterSpin(const ValueRange& range, std::int32_t value, int delta);
+
+// What the text of an edit says; none where it isn't in the range.
+std::optional<double> GammaFromText(const GammaScale& scale, std::string_view text);
+std::optional<std::int32_t> NumberFromText(const ValueRange& range, std::string_view text);
+
+// Double or not, the same bits: a value that is no number equals itself, and 0 differs from -0.
+bool SameBits(double left, double right);
+
+bool IsKnownMode(std::uint32_t scanMode);
+bool IsColourMode(std::uint32_t scanMode);
+
 // What a mode lets a person adjust. A mode that isn't known lets nothing.
 struct AllowedAdjustments {
   bool brightness = false;
@@ -82,6 +98,7 @@ AllowedAdjustments AllowedBy(std::uint32_t scanMode, bool hasLowLevelDriver);
 bool DescreenUsable(const ScanSettings& settings, std::uint32_t restrictedMaxDpi);
 bool HighBitUsable(const ScanSettings& settings, bool highBitRestricted, bool hasLowLevelDriver);
 // And these the ones of the Advanced page, which asks neither resolution nor feeder, and lets JPEG modes descreen.
+bool OnTransparency(const ScanSettings& settings);
 bool PageDescreenUsable(const ScanSettings& settings);
 bool PageHighBitUsable(const ScanSettings& settings, bool highBitRestricted);
 // No descreen in black and white and on the feeder; a refresh of the dialog clears it there.

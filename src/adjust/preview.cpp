@@ -14,9 +14,6 @@ namespace {
 
 constexpr std::int32_t libraryScale = 10;
 
-bool IsColour(std::uint32_t scanMode) {
-  return scanMode == mode::colour || scanMode == mode::jpegColour;
-}
 bool IsGray(std::uint32_t scanMode) {
   return scanMode == mode::gray || scanMode == mode::jpegGray;
 }
@@ -101,7 +98,7 @@ bool PreviewRenderer::NeedsLibrary(std::uint32_t scanMode, const Filters& filter
   if (!face_.libraryStage) return false;
   const bool sharpness = filters.sharpness != 0 || last_.sharpness != 0;
   const bool colours = filters.saturation != 0 || filters.hue != 0 || last_.saturation != 0 || last_.hue != 0;
-  if (IsColour(scanMode)) return sharpness || colours;
+  if (IsColourMode(scanMode)) return sharpness || colours;
   return sharpness && (IsGray(scanMode) || scanMode == mode::blackWhite);
 }
 
@@ -111,7 +108,7 @@ void PreviewRenderer::RunLibrary(std::uint32_t scanMode, const Filters& filters,
   if (!bitmap) return;
   bitmap->TakeOver(view);
   if (filters.sharpness != 0 || last.sharpness != 0) bitmap->Sharpen(filters.sharpness * libraryScale);
-  if (IsColour(scanMode)) {
+  if (IsColourMode(scanMode)) {
     if (filters.saturation != 0 || last.saturation != 0) bitmap->ChangeSaturation(filters.saturation * libraryScale);
     if (filters.hue != 0 || last.hue != 0) bitmap->TurnHue(filters.hue);
   }

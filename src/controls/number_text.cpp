@@ -1,6 +1,9 @@
 #include "controls/number_text.h"
 
+#include <array>
 #include <charconv>
+#include <cmath>
+#include <cstdio>
 #include <limits>
 
 namespace set32 {
@@ -69,6 +72,18 @@ std::int32_t CutToInt(double value) {
 
 std::string WholeNumberText(std::int32_t number) {
   return std::to_string(number);
+}
+
+std::string TwoDecimalsText(double number) {
+  if (std::isnan(number)) return "nan";
+  if (std::isinf(number)) return number > 0 ? "inf" : "-inf";
+  std::array<char, 330> digits{};  // of the greatest double, with sign, point and decimals
+  const int length = std::snprintf(digits.data(), digits.size(), "%.2f", number);
+  // The process's locale may have another sign for the point, of any length.
+  const std::string_view text(digits.data(), static_cast<std::size_t>(length));
+  std::string shown(text.substr(0, text.find_first_not_of("0123456789", 1)));
+  shown += '.';
+  return shown.append(text.substr(text.size() - 2));
 }
 
 }  // namespace set32

@@ -22,4 +22,7 @@ std::int32_t CutToInt(double value);
 
 std::string WholeNumberText(std::int32_t number);
 
+// With two decimals, rounded to the nearest; at most 313 characters. "inf", "-inf" or "nan" for what is no number.
+std::string TwoDecimalsText(double number);
+
 }  // namespace set32

@@ -82,6 +82,8 @@ inline constexpr int pageLeft = 2;
 inline constexpr int pageRight = 3;
 inline constexpr int thumbPosition = 4;
 inline constexpr int thumbTrack = 5;
+inline constexpr int leftEnd = 6;
+inline constexpr int rightEnd = 7;
 inline constexpr int endScroll = 8;
 }  // namespace scroll_code
 
