@@ -11,9 +11,11 @@ CAdvanceMainSheet::CAdvanceMainSheet(ModuleState& state, std::string caption, in
     : state_(state),
       caption_(std::move(caption)),
       active_(startPage),
-      advancedPage_(std::make_unique<CResponsePage>()),
+      advancedPage_(std::make_unique<CResponsePage>(state)),
       generalPage_(std::make_unique<CSettingBoxPage>(state, *advancedPage_)),
-      pages_{{{dialog::general, generalPage_.get(), nullptr}, {dialog::advanced, advancedPage_.get(), nullptr}}} {}
+      pages_{{{dialog::general, generalPage_.get(), nullptr}, {dialog::advanced, advancedPage_.get(), nullptr}}} {
+  advancedPage_->SetPanel(*generalPage_);
+}
 
 CAdvanceMainSheet::~CAdvanceMainSheet() {
   generalPage_->Detach();
