@@ -72,6 +72,26 @@ TEST_F(EarlyEnd, InEveryMessageOfEveryAct) {
       {"beside the rows", [](User& p) { p.ClickBesideRows(id::configList); }},
       {"delete", [](User& p) { p.Click(id::deleteButton); }, false, true},
       {"search", [](User& p) { p.Click(id::refreshButton); }},
+      {"advanced drag, reset and turn back",
+       [](User& p) {
+         p.TurnTo(dialog::advanced);
+         p.Scroll({dialog::advanced, id148::firstSlider}, scroll_code::thumbTrack, 20);
+         p.Click({dialog::advanced, id148::resetButton});
+         p.Pick({dialog::advanced, id148::viewTabs}, 1);
+         p.Scroll({dialog::advanced, id148::secondSlider}, scroll_code::rightEnd, {});
+         p.Spin({dialog::advanced, id148::firstSpin}, 1);
+         p.TurnTo(dialog::general);
+       }},
+      {"descreen and its kind",
+       [](User& p) {
+         p.TurnTo(dialog::advanced);
+         p.Click({dialog::advanced, id148::descreenCheck});
+         p.Click({dialog::advanced, id148::magazineRadio});
+       }},
+      {"high bit",
+       [](User& p) {
+         p.TurnTo(dialog::advanced), p.Poke({dialog::advanced, id148::highBitCheck});
+       }},
   };
   for (const EndCase& one : cases) {
     SCOPED_TRACE(one.name);
