@@ -146,6 +146,9 @@ void RegisterRoad(const PixelRoad& road) {
   Register(named("tables"), RowByRow([&road](Page& page, int row, std::size_t width) {
              road.tables(page.SourceRow(row), page.DisplayRow(row), width, TablesOf(page.dib));
            }));
+  Register(named("one table"), RowByRow([&road](Page& page, int row, std::size_t width) {
+             road.oneTable(page.SourceRow(row), page.DisplayRow(row), width, page.dib.toneGreen);
+           }));
   Register(named("reduction"), RowByRow([&road](Page& page, int row, std::size_t width) {
              road.levels(page.DisplayRow(row), page.DisplayRow(row), width, page.dib.toneGreen);
            }));

@@ -139,6 +139,16 @@ SET32_ROAD void Tables(const std::uint8_t* from, std::uint8_t* to, std::size_t p
   }
 }
 
+SET32_ROAD void OneTable(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const std::uint8_t* table) {
+  const Table levels = LoadTable(table);
+  std::size_t bytes = pixels * bytesPerPixel;
+  for (; bytes >= laneBytes; bytes -= laneBytes, from += laneBytes, to += laneBytes) {
+    Store(to, LookUp(levels, Load(from)));
+  }
+  const __mmask64 mask = Lowest(bytes);
+  _mm512_mask_storeu_epi8(to, mask, LookUp(levels, _mm512_maskz_loadu_epi8(mask, from)));
+}
+
 using Places = std::array<std::uint8_t, 64>;
 
 // Where byte `i` of output register `part` finds its pixel's green in two input registers that begin at `begin`.
@@ -248,7 +258,7 @@ SET32_ROAD_INLINE void JoinPixels(const Bands& bands, std::uint8_t* to) {
 }  // namespace
 
 PixelRoad Avx512Road() {
-  return {"AVX-512 VBMI", Tables, Levels, Sharpen, fewRegisters ? Avx2Road().colours : Colours};
+  return {"AVX-512 VBMI", Tables, OneTable, Levels, Sharpen, fewRegisters ? Avx2Road().colours : Colours};
 }
 
 }  // namespace set32

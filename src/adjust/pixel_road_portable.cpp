@@ -41,6 +41,10 @@ void Tables(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, cons
   }
 }
 
+void OneTable(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const std::uint8_t* table) {
+  for (std::size_t i = 0; i < pixels * bytesPerPixel; ++i) to[i] = table[from[i]];
+}
+
 void Levels(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const std::uint8_t* table) {
   // One store of four bytes a pixel; the fourth is the next pixel's blue, which is written after it.
   constexpr std::size_t group = 4;
@@ -147,7 +151,7 @@ void Colours(std::uint8_t* row, std::size_t pixels, const ColourRule& rule) {
 }  // namespace
 
 PixelRoad PortableRoad() {
-  return {"portable", Tables, Levels, Sharpen, Colours};
+  return {"portable", Tables, OneTable, Levels, Sharpen, Colours};
 }
 
 }  // namespace set32

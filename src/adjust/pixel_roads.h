@@ -51,6 +51,9 @@ struct PixelRoad {
   // Each byte through the table of its band.
   void (*tables)(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const BandTables& tables);
 
+  // The same where the bands have one table.
+  void (*oneTable)(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const std::uint8_t* table);
+
   // All three bytes become table[green]: gray, or black and white.
   void (*levels)(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const std::uint8_t* table);
 

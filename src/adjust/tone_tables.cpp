@@ -41,6 +41,11 @@ ToneTable ThroughGamma(const Levels& levels, double gamma) {
   return table;
 }
 
+bool AreAlike(const BandTables& tables) {
+  constexpr std::size_t levels = 256;
+  return std::memcmp(tables.blue, tables.green, levels) == 0 && std::memcmp(tables.blue, tables.red, levels) == 0;
+}
+
 void Store(const ToneTable& table, std::uint8_t (&into)[256]) {
   std::copy(table.begin(), table.end(), into);
 }
@@ -106,13 +111,16 @@ void ApplyToneTables(CDib& dib, const Rect& rect, ToneUse use) {
   const std::size_t offset = static_cast<std::size_t>(left) * 3;
   const auto pixels = static_cast<std::size_t>(right - left);
   const BandTables tables = TablesOf(dib);
+  const bool alike = AreAlike(tables);  // one gamma for all bands is the ordinary case
   for (int row = first; row < last; ++row) {
     const std::uint8_t* from = view->SourceRow(row - missing) + offset;
     std::uint8_t* to = view->DisplayRow(row - missing) + offset;
-    if (use == ToneUse::useTables) {
-      BestRoad().tables(from, to, pixels, tables);
-    } else {
+    if (use == ToneUse::copyUnchanged) {
       std::memcpy(to, from, pixels * 3);
+    } else if (alike) {
+      BestRoad().oneTable(from, to, pixels, tables.blue);
+    } else {
+      BestRoad().tables(from, to, pixels, tables);
     }
   }
   if (dib.kind == dib_kind::keepsToned && dib.savedPixels) {

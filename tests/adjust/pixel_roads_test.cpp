@@ -36,6 +36,10 @@ void Tables(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, cons
   for (std::size_t i = 0; i < 3 * pixels; ++i) to[i] = bands[i % 3][from[i]];
 }
 
+void OneTable(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const std::uint8_t* table) {
+  Tables(from, to, pixels, {table, table, table});
+}
+
 void Levels(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const std::uint8_t* table) {
   for (std::size_t i = 0; i < pixels; ++i, to += 3) to[0] = to[1] = to[2] = table[from[3 * i + 1]];
 }
@@ -66,7 +70,7 @@ void Colours(std::uint8_t* row, std::size_t pixels, const ColourRule& rule) {
   }
 }
 
-constexpr PixelRoad road{"plain", Tables, Levels, Sharpen, Colours};
+constexpr PixelRoad road{"plain", Tables, OneTable, Levels, Sharpen, Colours};
 
 }  // namespace plain
 
@@ -116,6 +120,9 @@ TEST_F(PixelRoads, GiveTheSameBytesAtEveryWidth) {
     const Bytes row = RandomBytes(width * 3);
     ExpectAlike("tables", width, row, [&](const PixelRoad& road) {
       return [&](const std::uint8_t* from, std::uint8_t* to) { road.tables(from, to, width, tables); };
+    });
+    ExpectAlike("one table", width, row, [&](const PixelRoad& road) {
+      return [&](const std::uint8_t* from, std::uint8_t* to) { road.oneTable(from, to, width, table[1].data()); };
     });
     ExpectAlike("levels in place", width, row, [&](const PixelRoad& road) {
       return [&](const std::uint8_t* from, std::uint8_t* to) {
