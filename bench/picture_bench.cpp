@@ -1,13 +1,7 @@
 // The work on pixels beside memcpy of the same bytes, one thread, at the size of a full page and at that of a
-// preview. Every round measures memcpy and the work in turn; the counters hold the medians and their ratio. OpenCV
-// stands beside where the build found it.
-#include <benchmark/benchmark.h>
-#include <time.h>
-
+// preview. OpenCV stands beside where the build found it.
 #include <cstdint>
-#include <cstring>
 #include <functional>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -15,8 +9,7 @@
 #include "adjust/own_image_library.h"
 #include "adjust/pixel_roads.h"
 #include "adjust/preview.h"
-#include "adjust/tone_tables.h"
-#include "bench/side_by_side.h"
+#include "bench/measured_page.h"
 #include "stage/model/headless_windows.h"
 
 #if SET32_HAVE_OPENCV
@@ -28,93 +21,16 @@ namespace {
 
 using namespace set32;
 
-struct PageSize {
-  int width;
-  int height;
-  const char* name;
-};
-
-constexpr PageSize sizes[] = {{2550, 3507, "2550x3507"}, {850, 1169, "850x1169"}};
-
-// Noise in short runs: neither flat nor wholly without likeness between neighbours.
-class Page {
- public:
-  explicit Page(const PageSize& size) : width(size.width), height(size.height) {
-    header_ = {40, width, height, 1, 24, 0, 0, 0, 0, 0, 0};
-    dib.header = &header_;
-    dib.ComputeMetrics();
-    source.resize(dib.imageSize);
-    std::mt19937 random(1);
-    std::uint8_t level = 0;
-    for (auto& byte : source) {
-      if (random() % 4 == 0) level = static_cast<std::uint8_t>(random());
-      byte = level;
-    }
-    display = source;
-    dib.sourcePixels = source.data();
-    dib.displayPixels = display.data();
-    dib.brightness = 20;
-    dib.contrast = 10;
-    dib.gammaRed = 1.1;
-    dib.gammaGreen = 1.2;
-    dib.gammaBlue = 1.3;
-    BuildToneTables(dib);
-  }
-  ~Page() { dib.header = nullptr; }
-  Page(const Page&) = delete;
-  Page& operator=(const Page&) = delete;
-
-  std::uint8_t* SourceRow(int row) { return source.data() + static_cast<std::size_t>(row) * dib.stride; }
-  std::uint8_t* DisplayRow(int row) { return display.data() + static_cast<std::size_t>(row) * dib.stride; }
-
-  int width;
-  int height;
-  CDib dib;
-  std::vector<std::uint8_t> source;
-  std::vector<std::uint8_t> display;
-
- private:
-  BitmapInfoHeader header_;
-};
-
 using Work = std::function<void(Page&)>;
-
-template <typename Measured>
-double ThreadSeconds(Measured work) {
-  const auto now = [] {
-    timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
-  };
-  const double start = now();
-  work();
-  return now() - start;
-}
 
 void Measure(benchmark::State& state, const PageSize& size, const Work& work) {
   Page page(size);
-  std::vector<std::uint8_t> copy(page.source.size());
-  std::vector<double> copyTimes;
-  std::vector<double> workTimes;
   work(page);
-  for (auto _ : state) {
-    copyTimes.push_back(ThreadSeconds([&] {
-      std::memcpy(copy.data(), page.source.data(), copy.size());
-      benchmark::DoNotOptimize(copy.data());
-      benchmark::ClobberMemory();
-    }));
-    workTimes.push_back(ThreadSeconds([&] { work(page); }));
-    state.SetIterationTime(workTimes.back());
-  }
-  const double copied = Median(copyTimes);
-  const double worked = Median(workTimes);
-  state.counters["memcpy_ms"] = copied * 1e3;
-  state.counters["ours_ms"] = worked * 1e3;
-  state.counters["ratio"] = worked / copied;
+  MeasureBeside(state, page, [&] { work(page); });
 }
 
 void Register(const std::string& name, const Work& work) {
-  for (const PageSize& size : sizes) {
+  for (const PageSize& size : pageSizes) {
     benchmark::RegisterBenchmark((name + "/" + size.name).c_str(), Measure, size, work)
         ->UseManualTime()
         ->Unit(benchmark::kMillisecond)
