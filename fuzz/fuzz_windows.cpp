@@ -10,7 +10,7 @@
 namespace set32 {
 namespace {
 
-enum Id { edit = 10, other, combo, list, tabs, slider, spin, check };
+enum Id { edit = 10, other, combo, list, tabs, slider, spin, check, first, second };
 
 constexpr ControlTemplate controls[] = {
     {edit, ControlKind::edit, "", 0, 0, 40, 12, 0},
@@ -21,6 +21,8 @@ constexpr ControlTemplate controls[] = {
     {slider, ControlKind::slider, "", 0, 0, 40, 12, 0},
     {spin, ControlKind::spin, "", 0, 0, 10, 12, 0},
     {check, ControlKind::check, "", 0, 0, 40, 12, 0},
+    {first, ControlKind::radio, "", 0, 0, 40, 12, control_flag::groupStart},
+    {second, ControlKind::radio, "", 0, 0, 40, 12, 0},
     {dialog_result::ok, ControlKind::defaultButton, "", 0, 0, 40, 12, 0},
     {dialog_result::cancel, ControlKind::button, "", 0, 0, 40, 12, 0},
 };
@@ -158,7 +160,7 @@ class Walk {
         desk_.windows.Send(dialog.Handle(), 0x403, 0, 0);
         break;
       default:
-        desk_.input.PressKey(static_cast<Key>(Pick(3)));
+        desk_.input.PressKey(static_cast<Key>(Pick(static_cast<int>(Key::end) + 1)));
     }
   }
   void ActOnControl(Dialog& dialog) {

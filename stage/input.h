@@ -26,7 +26,7 @@ class HostWindowHandler {
 
 inline constexpr std::uint8_t dottedAlpha = 254;  // in the picture of Input::Drawing
 
-enum class Key { enter, escape, tab };
+enum class Key { enter, escape, tab, backtab, left, right, up, down, pageUp, pageDown, home, end };
 
 class Input {
  public:
@@ -59,7 +59,8 @@ class Input {
   virtual void Backspace(Edit& edit, int times) = 0;
   virtual void Paste(Edit& edit) = 0;
 
-  // For the control that has the focus.
+  // For the control that has the focus: what it does with the key, or what its dialog does. Tab runs through the tab
+  // stops of the outermost of our windows around it.
   virtual void PressKey(Key key) = 0;
 
   // These move no focus. One event: the thumb's codes (4, 5) put the bar at the position, any other moves nothing.

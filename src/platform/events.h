@@ -9,7 +9,7 @@
 //   edit    focus moves to another control                          focusLost on the old, then focusGained on the new
 //   any     P focused control disabled, hidden or destroyed         focusLost (edits and combos tell their parent)
 //   combo   P entries added, inserted, deleted, emptied; selected   nothing
-//   combo   U an entry picked or reached by an arrow key            selectionChosen
+//   combo   U an entry picked or reached by an arrow key            selectionChosen, at either end as well
 //   combo   entry inserted before the selection / an earlier one    the selection stays with its entry (+1 / -1);
 //           deleted / the selected one deleted                      becomes -1
 //   combo   P selection set past the end                            becomes -1
@@ -17,10 +17,10 @@
 //   combo   U list about to open, list closed                       dropDown; closeUp
 //   check, radio  P mark set                                        nothing
 //   button  U click, also a click message of a program              clicked; a disabled one takes no person's click
+//   radio   U an arrow key on another of its group                  clicked, on the one that it leads to
 //   list    P rows inserted; scrolled into view                     nothing
 //   list    another row becomes selected and focused                rowChanged: old row loses selection; old row
-//   loses
-//                                                                   focus; new row gains both
+//                                                                   loses focus; new row gains both
 //   list    P state set that the row already has                    nothing
 //   list    P selected row deleted                                  rowChanged: row loses both; the row behind it has
 //                                                                   the focus from then on
@@ -34,6 +34,8 @@
 //   slider  P position or range set                                 nothing; the position is held to the range
 //   slider  U line, page, thumb                                     scrolled with its code (thumb codes carry the
 //                                                                   position), then scrolled with code 8
+//   slider  U a key                                                 it moves, then scrolled with its code, unless it
+//                                                                   stood at that end; then scrolled 8
 //   scroll  P position or range set                                 nothing
 //   spin    P position set to another value, with a buddy           on the buddy: editUpdate, editChanged
 //   spin    U arrow                                                 spinDelta (may be refused), on the buddy:

@@ -29,6 +29,12 @@ class Tooltip {
     (void)controlId;
     return {};
   }
+  // A control's tips in the order in which they were added, empty behind the last (for inspection).
+  virtual std::string TextAt(int controlId, int index) const {
+    (void)controlId;
+    (void)index;
+    return {};
+  }
 };
 
 }  // namespace set32

@@ -24,6 +24,7 @@ class ComboModel : public Modelled<Combo> {
   int Selected() const override { return selected_; }
   void SelectIndex(int index) override;
   int TopIndex() const override { return top_; }
+  int EntriesPerPage() const { return visibleEntries_; }
   void SetTopIndex(int index) override;
   void SetDroppedWidth(int pixels) override { droppedWidth_ = pixels; }
   int DroppedWidth() const override;

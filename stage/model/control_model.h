@@ -29,6 +29,8 @@ class ControlModel {
   bool TellsFocus() const;
   // Enabled, visible, and of a kind that takes the focus.
   bool CanTakeFocus() const;
+  // Whether Tab stops here, apart from that.
+  virtual bool IsTabStop() const { return true; }
 
   // The window is gone.
   virtual void Perish() { dialog_ = nullptr; }

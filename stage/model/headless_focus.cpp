@@ -11,6 +11,17 @@ ControlModel* ModelOf(const HeadlessDialog* dialog, int id) {
   return dialog == nullptr || id == 0 ? nullptr : dynamic_cast<ControlModel*>(dialog->Find(id));
 }
 
+bool IsTabStop(const Control* control) {
+  const auto* model = dynamic_cast<const ControlModel*>(control);
+  return model != nullptr && model->CanTakeFocus() && model->IsTabStop();
+}
+
+// A key that leads into an edit selects what stands there.
+void FocusByKey(Control& control) {
+  if (auto* edit = dynamic_cast<Edit*>(&control)) edit->Select({0, -1});
+  control.SetFocus();
+}
+
 }  // namespace
 
 void HeadlessWindows::MoveFocus(FocusPlace to) {
@@ -26,21 +37,29 @@ void HeadlessWindows::FocusHost() {
   if (host != nodes_.rend()) MoveFocus({host->first, 0});
 }
 
-void HeadlessWindows::FocusNext(HeadlessDialog& dialog) {
-  const auto& controls = dialog.Controls();
-  const Control* current = dialog.Focused();
-  const auto at =
-      std::find_if(controls.begin(), controls.end(), [=](const auto& control) { return control.get() == current; });
-  const std::size_t start = at == controls.end() ? 0 : static_cast<std::size_t>(at - controls.begin()) + 1;
-  for (std::size_t step = 0; step < controls.size(); ++step) {
-    Control& next = *controls[(start + step) % controls.size()];
-    const auto* model = dynamic_cast<const ControlModel*>(&next);
-    if (model == nullptr || !model->CanTakeFocus()) continue;
-    // A key that leads into an edit selects what stands there.
-    if (auto* edit = dynamic_cast<Edit*>(&next)) edit->Select({0, -1});
-    next.SetFocus();
-    return;
+void HeadlessWindows::FocusNext(const HeadlessDialog& dialog, Way way) {
+  WindowHandle outermost = dialog.Handle();
+  for (const Node* node = Find(outermost); node->child && DialogOf(node->parent) != nullptr; node = Find(outermost)) {
+    outermost = node->parent;
   }
+  std::vector<Control*> controls;
+  AddInTabbingOrder(outermost, controls);
+  if (way == Way::backwards) std::reverse(controls.begin(), controls.end());
+  const auto focused =
+      std::find_if(controls.begin(), controls.end(), [](auto* control) { return control->HasFocus(); });
+  if (focused != controls.end()) std::rotate(controls.begin(), focused + 1, controls.end());
+  const auto next = std::find_if(controls.begin(), controls.end(), IsTabStop);
+  if (next != controls.end()) FocusByKey(**next);
+}
+
+// The page that was made last lies over the others, and all of them over what is the window's own.
+void HeadlessWindows::AddInTabbingOrder(WindowHandle window, std::vector<Control*>& controls) const {
+  const HeadlessDialog* dialog = DialogOf(window);
+  if (dialog == nullptr || !dialog->IsVisible() || !dialog->IsEnabled()) return;
+  for (auto node = nodes_.rbegin(); node != nodes_.rend(); ++node) {
+    if (node->second.child && node->second.parent == window) AddInTabbingOrder(node->first, controls);
+  }
+  for (const auto& control : dialog->Controls()) controls.push_back(control.get());
 }
 
 // A hidden control can take the focus by the program; a disabled one, or one in a disabled window, can't.
@@ -73,7 +92,12 @@ void HeadlessWindows::TellFocus(FocusPlace place, EventKind kind) {
 void HeadlessWindows::FocusFirst(WindowHandle window) {
   if (FocusIsInside(window) && focus_.control != 0) return;
   MoveFocus({window, 0});
-  if (HeadlessDialog* dialog = DialogOf(window)) FocusNext(*dialog);
+  const HeadlessDialog* dialog = DialogOf(window);
+  if (dialog == nullptr) return;
+  for (const auto& control : dialog->Controls()) {
+    const auto* model = dynamic_cast<const ControlModel*>(control.get());
+    if (model != nullptr && model->CanTakeFocus()) return FocusByKey(*control);
+  }
 }
 
 // A pop-up that goes gives the focus back where it was, without a word.

@@ -81,42 +81,6 @@ void HeadlessInput::Paste(Edit& edit) {
   if (auto* model = dynamic_cast<EditModel*>(&edit)) model->Paste(holdsText ? text : std::string());
 }
 
-void HeadlessInput::PressKey(Key key) {
-  const WindowHandle window = windows_.Focus().window;
-  HeadlessDialog* dialog = windows_.DialogOf(window);
-  if (dialog == nullptr) return;
-  switch (key) {
-    case Key::enter:
-      PressEnter(window);
-      break;
-    case Key::escape:
-      dialog->Cancel();
-      break;
-    case Key::tab:
-      windows_.FocusNext(*dialog);
-      break;
-  }
-}
-
-// An edit's filter sees the key first, then the dialog: a push button with the focus, the default button, OK.
-void HeadlessInput::PressEnter(WindowHandle window) {
-  const auto* edit = dynamic_cast<EditModel*>(windows_.DialogOf(window)->Focused());
-  if (edit != nullptr && edit->Filter() != nullptr) edit->Filter()->OnEnterKey();
-  const HeadlessDialog* dialog = windows_.DialogOf(window);
-  if (dialog == nullptr) return;
-
-  Control* focused = dialog->Focused();
-  auto* button = dynamic_cast<ControlModel*>(focused);
-  if (dynamic_cast<Button*>(focused) == nullptr || focused->Kind() == ControlKind::pictureButton) {
-    button = dialog->DefaultButton();
-  }
-  if (button == nullptr) {
-    dialog->Accept();
-  } else if (button->CanTakeFocus()) {
-    ClickButton(*button);
-  }
-}
-
 void HeadlessInput::ScrollTo(Control& bar, int code, std::optional<int> position) {
   if (auto* slider = dynamic_cast<SliderModel*>(&bar)) slider->Scroll(code, position);
   if (auto* scrollBar = dynamic_cast<ScrollBarModel*>(&bar)) scrollBar->Scroll(code, position);

@@ -62,8 +62,10 @@ class HeadlessWindows : public Windows {
   // Nowhere when the place can't take it. Tells the edits and combos between which the focus moves.
   void MoveFocus(FocusPlace to);
   void FocusHost();
-  // The next control of the dialog that can take it, in the template's order and going round.
-  void FocusNext(HeadlessDialog& dialog);
+  // By a key: the next tab stop of the outermost dialog around this one, going round. A page in front comes before
+  // the tab bar of the sheet around it.
+  enum class Way { forwards, backwards };
+  void FocusNext(const HeadlessDialog& dialog, Way way);
   // The dialog with this handle, null for none.
   HeadlessDialog* DialogOf(WindowHandle window) const;
   // Which window came last to the front by RaiseToFront, 0 for none.
@@ -127,6 +129,7 @@ class HeadlessWindows : public Windows {
   bool FocusIsInside(WindowHandle window) const { return focus_.window != 0 && IsInside(focus_.window, window); }
   void TellFocus(FocusPlace place, EventKind kind);
   void FocusFirst(WindowHandle window);
+  void AddInTabbingOrder(WindowHandle window, std::vector<Control*>& controls) const;
   void ReturnFocus(WindowHandle window, FocusPlace before);
 
   std::map<WindowHandle, Node> nodes_;  // in order of creation

@@ -19,6 +19,36 @@ std::optional<int> WholeNumber(const std::string& text) {
 
 }  // namespace
 
+void SliderModel::Press(Key key) {
+  const std::int64_t before = Position();
+  const std::int64_t page = std::max<std::int64_t>((std::int64_t{High()} - Low()) / 5, 1);
+  switch (key) {
+    case Key::left:
+    case Key::up:
+      return MoveTo(before - lineSize_, scroll_code::lineLeft);
+    case Key::right:
+    case Key::down:
+      return MoveTo(before + lineSize_, scroll_code::lineRight);
+    case Key::pageUp:
+      return MoveTo(before - page, scroll_code::pageLeft);
+    case Key::pageDown:
+      return MoveTo(before + page, scroll_code::pageRight);
+    case Key::home:
+      return MoveTo(Low(), scroll_code::leftEnd);
+    case Key::end:
+      return MoveTo(High(), scroll_code::rightEnd);
+    default:
+      return;
+  }
+}
+
+void SliderModel::MoveTo(std::int64_t position, int code) {
+  const int before = Position();
+  SetPosition(static_cast<int>(std::clamp<std::int64_t>(position, Low(), High())));
+  if (Position() != before) Raise(Event{.kind = EventKind::scrolled, .code = code});
+  Raise(Event{.kind = EventKind::scrolled, .code = scroll_code::endScroll});
+}
+
 void SpinModel::SetRange(int low, int high) {
   if (!Alive()) return;
   low_ = low;

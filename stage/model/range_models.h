@@ -2,8 +2,10 @@
 #pragma once
 
 #include <algorithm>
+#include <cstdint>
 #include <optional>
 
+#include "stage/input.h"
 #include "stage/model/control_model.h"
 
 namespace set32 {
@@ -44,7 +46,20 @@ class BarModel : public Modelled<Interface> {
   int position_ = 0;
 };
 
-using SliderModel = BarModel<Slider>;
+class SliderModel : public BarModel<Slider> {
+ public:
+  using BarModel::BarModel;
+  void SetLineSize(int size) override { lineSize_ = size; }
+
+  // A person's key: the slider moves by itself before it reports. At an end of its range it reports the end of the
+  // scroll alone.
+  void Press(Key key);
+
+ private:
+  void MoveTo(std::int64_t position, int code);
+
+  int lineSize_ = 1;
+};
 
 // Has an empty range until one is set.
 class ScrollBarModel : public BarModel<ScrollBar> {

@@ -67,10 +67,11 @@ void FrameModel::Draw(const std::function<void(Canvas&)>& drawing) {
   drawing_ = canvas.Drawing();
 }
 
-std::string TooltipModel::ToolText(int controlId) const {
-  const auto tool =
-      std::find_if(tools_.begin(), tools_.end(), [=](const auto& entry) { return entry.first == controlId; });
-  return tool == tools_.end() ? std::string() : tool->second;
+std::string TooltipModel::TextAt(int controlId, int index) const {
+  for (const auto& [id, text] : tools_) {
+    if (id == controlId && index-- == 0) return text;
+  }
+  return {};
 }
 
 }  // namespace set32

@@ -56,12 +56,18 @@ class PictureButtonModel : public ButtonModel<PictureButton> {
 
 class CheckModel : public ButtonModel<CheckButton> {
  public:
-  using ButtonModel::ButtonModel;
-  void SetChecked(bool checked) override { checked_ = checked; }
+  CheckModel(HeadlessDialog& dialog, const ControlTemplate& source, const Rect& place)
+      : ButtonModel(dialog, source, place), startsGroup_((source.flags & control_flag::groupStart) != 0) {}
+  void SetChecked(bool checked) override { isTabStop_ = checked_ = checked; }
   bool IsChecked() const override { return Alive() && checked_; }
+  // Tab leads to the radio button of a group that has the mark.
+  bool IsTabStop() const override { return isTabStop_ || ModelKind() != ControlKind::radio; }
+  bool StartsGroup() const { return startsGroup_; }
 
  private:
+  bool startsGroup_;
   bool checked_ = false;
+  bool isTabStop_ = true;  // until a program sets or clears the mark
 };
 
 class AddressModel : public Modelled<Address> {
@@ -108,7 +114,8 @@ class TooltipModel : public Tooltip {
  public:
   void AddTool(int controlId, std::string_view text) override { tools_.emplace_back(controlId, text); }
   void AddTool(int controlId, const Rect&, std::string_view text) override { AddTool(controlId, text); }
-  std::string ToolText(int controlId) const override;
+  std::string ToolText(int controlId) const override { return TextAt(controlId, 0); }
+  std::string TextAt(int controlId, int index) const override;
 
  private:
   std::vector<std::pair<int, std::string>> tools_;
