@@ -1,11 +1,14 @@
 #include "apps/driver/fake_host.h"
 
+#include <algorithm>
+
 #include "apps/driver/not_possible.h"
 #include "apps/driver/script_text.h"
 #include "apps/driver/settings_fields.h"
 #include "messages.h"
 #include "pointer_word.h"
 #include "profile/config_items.h"
+#include "resources/ids.h"
 #include "ui_fix_setting.h"
 
 namespace set32 {
@@ -42,7 +45,7 @@ HostArguments::HostArguments() : caps(DeviceCaps{}) {
 }
 
 FakeHost::FakeHost(Platform& platform, Input& input, Hear hear)
-    : platform_(platform), input_(input), hear_(std::move(hear)), settings_(MakeSettings(platform.system, {})) {
+    : platform_(platform), input_(input), hear_(std::move(hear)), records_{MakeSettings(platform.system, {})} {
   preview_.MakeBlank(blankPreview, previewDpi);
 }
 
@@ -51,29 +54,36 @@ FakeHost::~FakeHost() {
 }
 
 void FakeHost::SetField(std::string_view name, std::string_view value) {
-  set32::SetField(settings_, name, value);
-  ownFrameWord_ = settings_.frameCommand;
+  set32::SetField(Settings(), name, value);
+  ownFrameWord_ = Settings().frameCommand;
 }
 
 bool FakeHost::Open() {
   if (hostWindow_ == 0) hostWindow_ = input_.MakeHostWindow(hostSize, *this);
   if (parentWindow_ == 0) parentWindow_ = input_.MakeHostWindow(hostSize, parentHandler_);
-  const HostArguments& given = arguments_;
-  page_ = uiFixSetting(parentWindow_, hostWindow_, given.limits ? &*given.limits : nullptr, &settings_,
-                       preview_.Dib(), given.jpegModes, 0, given.bwThreshold, given.outputBits, &given.rect,
-                       given.caps ? &*given.caps : nullptr);
+  if (std::exchange(takesNewRecord_, false)) records_.push_back(ScanSettings(Settings()));
+  const HostArguments given = arguments_;  // inside a message the host may change them
+  const bool inlineStood = IsSettingOpen();
+  moduleLoaded_ = true;
+  ++openings_;
+  const WindowHandle page = uiFixSetting(parentWindow_, hostWindow_, given.limits ? &*given.limits : nullptr,
+                                         &Settings(), preview_.Dib(), given.jpegModes, 0, given.bwThreshold,
+                                         given.outputBits, &given.rect, given.caps ? &*given.caps : nullptr);
+  --openings_;
+  page_ = page;
+  // The flag tells of the inline page alone; where it was set before, this may be the sheet, opened beside.
+  if (IsSettingOpen() && !(inlineStood && SheetStands())) inlinePage_ = page;
   input_.Pump();
   return page_ != 0;
 }
 
 void FakeHost::Close() {
-  const WindowHandle page = RequirePage();
-  if (IsSettingOpen()) {
-    for (Dialog* dialog : platform_.windows.Standing()) {
-      if (dialog->Handle() != page) continue;
-      input_.SendClose(*dialog);
-      break;
-    }
+  const WindowHandle page = openings_ > 0 ? Page() : RequirePage();
+  if (IsPageInline()) {
+    const auto standing = platform_.windows.Standing();
+    const auto found =
+        std::find_if(standing.begin(), standing.end(), [=](auto* dialog) { return dialog->Handle() == page; });
+    if (found != standing.end()) input_.SendClose(**found);
   } else {
     input_.DestroyHostWindow(parentWindow_);
     parentWindow_ = 0;
@@ -81,8 +91,20 @@ void FakeHost::Close() {
   input_.Pump();
 }
 
+void FakeHost::EnablePage(bool enabled) {
+  platform_.windows.Enable(RequirePage(), enabled);
+  input_.Pump();
+}
+
+// To ask would load the module, which reads its file names then.
 bool FakeHost::IsSettingOpen() const {
-  return uiIsSettingOpen() != 0;
+  return moduleLoaded_ && uiIsSettingOpen() != 0;
+}
+
+bool FakeHost::SheetStands() const {
+  const auto standing = platform_.windows.Standing();
+  return std::any_of(standing.begin(), standing.end(),
+                     [](auto* dialog) { return dialog->TemplateId() == dialog::sheet && dialog->IsAlive(); });
 }
 
 WindowHandle FakeHost::Page() const {
@@ -98,7 +120,7 @@ WindowHandle FakeHost::RequirePage() const {
 MessageResult FakeHost::Report(WParam wParam, const std::function<void(ScanSettings&)>& change,
                                std::optional<FrameCommand> frame) {
   const WindowHandle page = RequirePage();
-  ScanSettings report = settings_;
+  ScanSettings report = Settings();
   if (change) change(report);
   report.frameCommand = 0;
   if (frame) {
@@ -118,8 +140,13 @@ MessageResult FakeHost::Send(std::uint32_t message, WParam wParam, LParam lParam
   return result;
 }
 
+void FakeHost::EndProcess() {
+  EndWindows();
+  moduleLoaded_ = false;
+}
+
 void FakeHost::EndWindows() {
-  page_ = 0;
+  page_ = inlinePage_ = 0;
   if (parentWindow_ != 0) input_.DestroyHostWindow(parentWindow_);
   if (hostWindow_ != 0) input_.DestroyHostWindow(hostWindow_);
   parentWindow_ = hostWindow_ = 0;
@@ -130,7 +157,8 @@ MessageResult FakeHost::OnHostMessage(std::uint32_t message, WParam wParam, LPar
       "host " + Hexadecimal(message) + ' ' + SignedWord(wParam) + ' ' + Argument(message, lParam);
   heard_.push_back(line);
   hear_(line);
-  if (message == to_host::unitChosen && storesUnits_) settings_.units = static_cast<std::uint32_t>(wParam);
+  if (message == to_host::unitChosen && storesUnits_) Settings().units = static_cast<std::uint32_t>(wParam);
+  if (inside_) inside_(message);
   if (message != to_host::settingsChanged) return 0;
   const auto answer = answers_.find(wParam);
   return answer != answers_.end() ? answer->second : 1;
@@ -144,7 +172,7 @@ std::string FakeHost::Argument(std::uint32_t message, LParam lParam) {
   if (lParam == 0) return "0";
   if (CarriesRecord(message)) {
     const auto* record = FromParameter<ScanSettings>(lParam);
-    if (record != &settings_) sawForeignRecord_ = true;
+    if (!IsOwn(record)) sawForeignRecord_ = true;
     return Record(message, *record);
   }
   if (message == to_host::frameTabChanged) {
@@ -152,6 +180,13 @@ std::string FakeHost::Argument(std::uint32_t message, LParam lParam) {
   }
   if (message == to_host::deviceSelected) return Quote(FromParameter<char>(lParam));
   return SignedWord(lParam);
+}
+
+// Where both faces stand, one may keep an earlier record.
+bool FakeHost::IsOwn(const ScanSettings* record) const {
+  if (record == &Settings()) return true;
+  return SheetStands() && platform_.windows.IsWindow(inlinePage_) &&
+         std::any_of(records_.begin(), records_.end(), [=](const ScanSettings& own) { return &own == record; });
 }
 
 // A frame command travels with 0x403 alone; in any other message the word is a leftover that nobody follows.

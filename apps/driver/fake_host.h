@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <map>
 #include <optional>
@@ -41,8 +42,14 @@ class FakeHost : private HostWindowHandler {
   FakeHost(const FakeHost&) = delete;
   FakeHost& operator=(const FakeHost&) = delete;
 
-  ScanSettings& Settings() { return settings_; }
-  const ScanSettings& Settings() const { return settings_; }
+  // Called inside each message that the host's window hears, after its line; the panel waits meanwhile.
+  void SetInside(std::function<void(std::uint32_t message)> inside) { inside_ = std::move(inside); }
+
+  // The record that the host holds now; earlier ones stay where they are, since a page may still be bound to one.
+  ScanSettings& Settings() { return records_.back(); }
+  const ScanSettings& Settings() const { return records_.back(); }
+  // The next opening passes a copy of the record, at another address.
+  void TakeNewRecord() { takesNewRecord_ = true; }
   HostArguments& Arguments() { return arguments_; }
   PreviewPicture& Preview() { return preview_; }
 
@@ -56,9 +63,12 @@ class FakeHost : private HostWindowHandler {
 
   // Calls uiFixSetting. Result: whether a page stands.
   bool Open();
-  // Ends the panel as hosts do: a close message to the inline page, the end of the parent window on the sheet face.
-  // Throws NotPossible without a page.
+  // Ends the panel as hosts do: a close message to the inline page, the end of the parent window on the sheet face,
+  // which also can come while the first page is still being opened. Of two faces it ends the one that was opened
+  // last. Throws NotPossible without a page.
   void Close();
+  // Enables or disables the page's window. Throws NotPossible without a page.
+  void EnablePage(bool enabled);
   bool IsSettingOpen() const;
 
   // 0x403 with a copy of the record, in which `change` may alter fields.
@@ -68,8 +78,11 @@ class FakeHost : private HostWindowHandler {
 
   // The window that takes messages, 0 when none stands.
   WindowHandle Page() const;
-  // Ends the windows and forgets the page; the module must have been dropped before.
+  bool IsPageInline() const { return Page() != 0 && page_ == inlinePage_; }
+  // Ends the windows and forgets the page.
   void EndWindows();
+  // The same with all that the host's process knows of the module, which must have been dropped before.
+  void EndProcess();
 
   // The "host" lines since the last call of ForgetHeard.
   const std::vector<std::string>& Heard() const { return heard_; }
@@ -90,18 +103,25 @@ class FakeHost : private HostWindowHandler {
   void OnRepaintAsked() override;
   std::string Argument(std::uint32_t message, LParam lParam);
   std::string Record(std::uint32_t message, const ScanSettings& settings) const;
+  bool IsOwn(const ScanSettings* record) const;
+  bool SheetStands() const;
   WindowHandle RequirePage() const;
 
   Platform& platform_;
   Input& input_;
   Hear hear_;
-  ScanSettings settings_;
+  std::function<void(std::uint32_t)> inside_;
+  std::deque<ScanSettings> records_;  // each keeps its address
+  bool takesNewRecord_ = false;
   HostArguments arguments_;
   PreviewPicture preview_;
   ParentWindow parentHandler_;
   WindowHandle hostWindow_ = 0;
   WindowHandle parentWindow_ = 0;
-  WindowHandle page_ = 0;
+  WindowHandle page_ = 0;        // as the last opening gave it
+  WindowHandle inlinePage_ = 0;  // the last one that was on the inline face
+  int openings_ = 0;             // calls of uiFixSetting that are under way
+  bool moduleLoaded_ = false;
   std::map<WParam, MessageResult> answers_;
   bool storesUnits_ = false;
   LowMemory<FrameCommand> frame_;

@@ -16,6 +16,11 @@ std::uint16_t RequireWord16(const Word& word) {
   return static_cast<std::uint16_t>(RequireInteger(word, 0, std::numeric_limits<std::uint16_t>::max()));
 }
 
+bool RequireYes(const Word& word) {
+  if (word.text != "yes" && word.text != "no") throw NotPossible(Quote(word.text) + " is neither yes nor no");
+  return word.text == "yes";
+}
+
 std::size_t CapabilityWord(const std::string& name) {
   if (name == "restrictedMaxDpi") return DeviceCaps::restrictedMaxDpiWord;
   if (name == "sourceCaps") return DeviceCaps::sourceCapsWord;
@@ -162,8 +167,7 @@ void Interpreter::Net(Words words) {
   SimulatedNetwork& network = session_.Outside().Network();
   const std::string& what = words[1].text;
   if (words[0].text == "loops") {
-    if (what != "yes" && what != "no") throw NotPossible("net loops takes yes or no");
-    network.SetLoops(what == "yes");
+    network.SetLoops(RequireYes(words[1]));
   } else if (words[0].text == "fail") {
     if (what == "nothing") return network.FailNothing();
     for (const auto& [name, step] : steps) {
@@ -192,6 +196,11 @@ void Interpreter::Stores(Words words) {
   session_.Host().SetStoresUnits(words[0].text == "units");
 }
 
+void Interpreter::Record(Words words) {
+  if (words[0].text != "new") throw NotPossible("record takes new");
+  session_.Host().TakeNewRecord();
+}
+
 void Interpreter::Answers(Words words) {
   const auto wParam = RequireInteger(words[0], 0, std::numeric_limits<std::uint32_t>::max());
   session_.Host().SetAnswer(static_cast<WParam>(wParam), RequireInt(words[1]));
@@ -201,8 +210,14 @@ void Interpreter::Open(Words) {
   Print(session_.Open() ? "opened 1" : "opened 0");
 }
 
-void Interpreter::Close(Words) {
-  session_.Host().Close();
+// The person's close box of a dialog has the same word as the host's end of the panel.
+void Interpreter::Close(Words words) {
+  if (words.empty()) return session_.Host().Close();
+  session_.Person().CloseBox(RequireInt(words[0]));
+}
+
+void Interpreter::EnablePage(Words words) {
+  session_.Host().EnablePage(RequireYes(words[0]));
 }
 
 void Interpreter::Report(Words words) {

@@ -5,24 +5,25 @@
 #include "apps/driver/not_possible.h"
 #include "apps/driver/page_drawing.h"
 #include "apps/driver/settings_fields.h"
+#include "resources/dialogs.h"
 
 namespace set32 {
 
 struct Inspector::Row {
   std::string_view name;
-  std::size_t arguments;
+  std::size_t least, most;  // words behind the name
   Shown (Inspector::*show)(std::span<const Word>) const;
 };
 
 std::span<const Inspector::Row> Inspector::Rows() {
   static constexpr std::array rows = {
-      Row{"place", 1, &Inspector::ShowPlace},       Row{"moved", 1, &Inspector::ShowMoved},
-      Row{"title", 1, &Inspector::ShowTitle},       Row{"picture", 1, &Inspector::ShowPicture},
-      Row{"tip", 1, &Inspector::ShowTip},           Row{"focus", 0, &Inspector::ShowFocus},
-      Row{"time", 0, &Inspector::ShowTime},         Row{"page", 0, &Inspector::ShowPage},
-      Row{"settings", 0, &Inspector::ShowSettings}, Row{"open", 0, &Inspector::ShowOpen},
-      Row{"pixel", 2, &Inspector::ShowPixel},       Row{"sum", 0, &Inspector::ShowSum},
-      Row{"drawing", 0, &Inspector::ShowDrawing},   Row{"file", 1, &Inspector::ShowFile},
+      Row{"place", 1, 1, &Inspector::ShowPlace},       Row{"moved", 1, 1, &Inspector::ShowMoved},
+      Row{"title", 1, 1, &Inspector::ShowTitle},       Row{"picture", 1, 1, &Inspector::ShowPicture},
+      Row{"tip", 1, 2, &Inspector::ShowTip},           Row{"focus", 0, 0, &Inspector::ShowFocus},
+      Row{"time", 0, 0, &Inspector::ShowTime},         Row{"page", 0, 0, &Inspector::ShowPage},
+      Row{"settings", 0, 0, &Inspector::ShowSettings}, Row{"open", 0, 0, &Inspector::ShowOpen},
+      Row{"pixel", 2, 2, &Inspector::ShowPixel},       Row{"sum", 0, 0, &Inspector::ShowSum},
+      Row{"drawing", 0, 0, &Inspector::ShowDrawing},   Row{"file", 1, 1, &Inspector::ShowFile},
   };
   return rows;
 }
@@ -40,6 +41,11 @@ ControlName RequireControlName(const Word& word) {
   auto name = ParseControlName(word);
   if (!name) throw NotPossible(Quote(word.text) + " is no control");
   return *std::move(name);
+}
+
+bool IsPopUp(int dialogId) {
+  const DialogTemplate* source = FindDialog(dialogId);
+  return source != nullptr && source->style != DialogStyle::child && source->style != DialogStyle::sheet;
 }
 
 std::string RectText(const Rect& rect) {
@@ -69,7 +75,9 @@ Shown Inspector::Show(std::span<const Word> words) {
   if (!words[0].quoted) {
     for (const Row& row : Rows()) {
       if (row.name != words[0].text) continue;
-      if (words.size() != row.arguments + 1) throw NotPossible("show " + words[0].text + " takes another form");
+      const std::size_t arguments = words.size() - 1;
+      if (arguments < row.least || arguments > row.most)
+        throw NotPossible("show " + words[0].text + " takes another form");
       return (this->*row.show)(words);
     }
   }
@@ -83,8 +91,10 @@ Shown Inspector::ShowControl(const ControlName& name) const {
 }
 
 Shown Inspector::ShowPlace(std::span<const Word> words) const {
-  const Control& control = desk_.Require(RequireControlName(words[1])).control;
-  return Line("place " + words[1].text, RectText(control.Place()));
+  const ControlName name = RequireControlName(words[1]);
+  const bool isDialog = !name.dialog && IsPopUp(name.id);
+  return Line("place " + words[1].text,
+              RectText(isDialog ? desk_.Require(name.id).Place() : desk_.Require(name).control.Place()));
 }
 
 Shown Inspector::ShowMoved(std::span<const Word> words) const {
@@ -117,16 +127,20 @@ Shown Inspector::ShowPicture(std::span<const Word> words) const {
 }
 
 Shown Inspector::ShowTip(std::span<const Word> words) const {
-  const FoundControl found = desk_.Require(RequireControlName(words[1]));
-  return Line("tip " + words[1].text, Quote(found.dialog.Tips().ToolText(found.control.Id())));
+  const auto& [dialog, control] = desk_.Require(RequireControlName(words[1]));
+  const Tooltip& tips = dialog.Tips();
+  if (words.size() == 2) return Line("tip " + words[1].text, Quote(tips.ToolText(control.Id())));
+  const auto index = ParseIndex(words[2]);
+  if (!index) throw NotPossible("show tip takes ID or ID #INDEX");
+  return Line("tip " + words[1].text + ' ' + words[2].text, Quote(tips.TextAt(control.Id(), *index)));
 }
 
 Shown Inspector::ShowFocus(std::span<const Word>) const {
   const auto focus = desk_.Focused();
   if (!focus) return Line("focus", "none");
   const std::string id = std::to_string(focus->control->Id());
-  const int dialog = focus->dialog->TemplateId();
-  return Line("focus", dialog == desk_.DefaultDialog() ? id : std::to_string(dialog) + ':' + id);
+  const bool isOnPage = focus->dialog == desk_.Find(dialog::general);
+  return Line("focus", isOnPage ? id : std::to_string(focus->dialog->TemplateId()) + ':' + id);
 }
 
 Shown Inspector::ShowTime(std::span<const Word>) const {
@@ -138,7 +152,7 @@ Shown Inspector::ShowPage(std::span<const Word>) const {
   const Dialog* page = onPage ? desk_.PageInFront() : &desk_.Require(desk_.DefaultDialog());
   if (page == nullptr) throw NotPossible("no page stands");
   const TabBar* tabs = nullptr;
-  if (const Dialog* sheet = desk_.Find(dialog::sheet); onPage && sheet != nullptr) {
+  if (const Dialog* sheet = desk_.Find(dialog::sheet); onPage && sheet != nullptr && !host_.IsPageInline()) {
     tabs = &sheet->Get<TabBar>(id_sheet::tabs);
   }
   return {DrawInCharacters(*page, tabs), 0, false};
@@ -208,15 +222,11 @@ Inspector::AllPlaces Inspector::PlacesNow() const {
   return all;
 }
 
-void Inspector::BeforeMove() {
-  candidate_ = PlacesNow();
-}
-
-void Inspector::AfterMove() {
-  for (auto& [window, now] : PlacesNow()) {
-    const auto then = candidate_.find(window);
-    if (then == candidate_.end()) {
-      before_[window] = std::move(now);  // new: it stands where it was made
+void Inspector::NoteMoves(const AllPlaces& before) {
+  for (const auto& [window, now] : PlacesNow()) {
+    const auto then = before.find(window);
+    if (then == before.end()) {
+      before_[window] = now;  // new: it stands where it was made
     } else if (then->second != now) {
       before_[window] = then->second;
     }

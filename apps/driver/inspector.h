@@ -37,16 +37,7 @@ class Inspector {
   std::string Describe(const Control& control) const;
   std::string Describe(const ControlName& name) const { return Describe(desk_.Require(name).control); }
 
-  // To be called around everything that may move pages, so that `show moved` knows where all was before.
-  void BeforeMove();
-  void AfterMove();
-
-  // Simulated time counts from here.
-  void StartClock();
-  // The host ended: nothing has moved yet.
-  void ForgetMoves() { before_.clear(); }
-
- private:
+  // Where everything stands. Whoever may move pages takes this before, so that `show moved` knows where all was.
   struct Places {
     Rect page;
     Size client;
@@ -55,7 +46,14 @@ class Inspector {
   };
   using AllPlaces = std::map<WindowHandle, Places>;
   AllPlaces PlacesNow() const;
+  void NoteMoves(const AllPlaces& before);
 
+  // Simulated time counts from here.
+  void StartClock();
+  // The host ended: nothing has moved yet.
+  void ForgetMoves() { before_.clear(); }
+
+ private:
   Shown ShowControl(const ControlName& name) const;
   Shown ShowPlace(std::span<const Word> words) const;
   Shown ShowMoved(std::span<const Word> words) const;
@@ -82,7 +80,6 @@ class Inspector {
   Input& input_;
   SimulatedClock& clock_;
   std::optional<std::uint64_t> start_;
-  AllPlaces candidate_;
   AllPlaces before_;
 };
 

@@ -1,8 +1,9 @@
 // The script language of scan-host.
 //
 // A script drives one session: what the host holds, what host and person do, what is to be seen. Statements inside
-// `when` run while a dialog or a box of the panel stands, called from inside its run, so the interpreter is
-// re-entrant: a failure there is noted, the dialog is ended, and the script stops as soon as the panel has returned.
+// `when` run while a dialog or a box of the panel stands, or while the panel waits for the host's answer to a
+// message, called from inside it, so the interpreter is re-entrant: a failure there is noted, the dialog is ended,
+// and the script stops as soon as the panel has returned.
 #pragma once
 
 #include <cstddef>
@@ -68,10 +69,11 @@ class Interpreter : private SessionListener {
   void OnModalOpened(Dialog& dialog) override;
   void OnModelessOpened(Dialog& dialog) override;
   BoxAnswer OnBox(const ShownBox& box) override;
+  void OnHostMessage(std::uint32_t message) override;
 
-  // Statements inside a dialog or a box run in a place of their own.
+  // Statements inside a dialog, a box or a message to the host run in a place of their own.
   struct Inside {
-    std::string name;              // "dialog 104", "the box"
+    std::string name;              // "dialog 104", "the box", "message 0x403"
     std::string prompt;            // "104> "
     int defaultDialog = 0;         // whose controls need no number
     std::function<bool()> closed;  // whether it is still there to act in
@@ -103,12 +105,14 @@ class Interpreter : private SessionListener {
   void Bytes(Words words);
   void RegistryValue(Words words);
   void Restart(Words words);
+  void Record(Words words);
   void Stores(Words words);
   void Answers(Words words);
 
   // What host and person do.
   void Open(Words words);
   void Close(Words words);
+  void EnablePage(Words words);
   void Report(Words words);
   void Send(Words words);
   void Pick(Words words);
@@ -148,14 +152,14 @@ class Interpreter : private SessionListener {
   Session session_;
   bool failed_ = false;
   bool quit_ = false;
-  int depth_ = 0;  // of runs inside dialogs and boxes
+  const Inside* inside_ = nullptr;  // the innermost run inside a dialog, a box or a message
 
   // The statement that runs, where the next line comes from, and where the outermost ones come from.
   SourceLine current_;
   const LineReader* lines_ = nullptr;
   const LineReader* outermost_ = nullptr;
 
-  std::map<std::string, std::deque<Block>> blocks_;  // by dialog's number, or "box"
+  std::map<std::string, std::deque<Block>> blocks_;  // by dialog's number, "box", or "host" and the message
 
   struct OpenBox {
     std::uint32_t style = 0;

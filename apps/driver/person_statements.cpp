@@ -1,4 +1,7 @@
 // What the person does.
+#include <array>
+#include <utility>
+
 #include "apps/driver/interpreter.h"
 #include "apps/driver/not_possible.h"
 
@@ -113,8 +116,24 @@ void Interpreter::Top(Words words) {
 }
 
 void Interpreter::PressKey(Words words) {
-  if (words[0].text != "enter" && words[0].text != "escape") throw NotPossible("key takes enter or escape");
-  session_.Person().PressKey(words[0].text == "enter" ? Key::enter : Key::escape);
+  static constexpr std::array<std::pair<std::string_view, Key>, 12> keys = {{
+      {"enter", Key::enter},
+      {"escape", Key::escape},
+      {"tab", Key::tab},
+      {"backtab", Key::backtab},
+      {"left", Key::left},
+      {"right", Key::right},
+      {"up", Key::up},
+      {"down", Key::down},
+      {"pageup", Key::pageUp},
+      {"pagedown", Key::pageDown},
+      {"home", Key::home},
+      {"end", Key::end},
+  }};
+  for (const auto& [name, key] : keys) {
+    if (name == words[0].text) return session_.Person().PressKey(key);
+  }
+  throw NotPossible("no key " + Quote(words[0].text));
 }
 
 void Interpreter::Scroll(Words words) {

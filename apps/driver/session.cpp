@@ -46,19 +46,9 @@ void Session::Listen() {
   windows.SetOpeningHook([this](Dialog& dialog) {
     if (dialog.TemplateId() != dialog::message) listener_.OnLine(DialogLine(dialog));
   });
-  windows.SetOpenedHook([this](Dialog& dialog) {
-    if (dialog.TemplateId() == dialog::message) {
-      listener_.OnLine(DialogLine(dialog) + ' ' + Quote(dialog.Title()) + ' ' +
-                       Quote(dialog.Get<Label>(id115::text).Text()));
-    } else if (dialog.IsModal()) {
-      listener_.OnModalOpened(dialog);
-    } else {
-      listener_.OnModelessOpened(dialog);
-    }
-  });
-  windows.SetClosedHook([this](Dialog& dialog, int result) {
-    listener_.OnLine(DialogLine(dialog) + " closed" + (dialog.IsModal() ? ' ' + std::to_string(result) : ""));
-  });
+  windows.SetOpenedHook([this](Dialog& dialog) { OnOpened(dialog); });
+  windows.SetClosedHook([this](const Dialog& dialog, int result) { OnClosed(dialog, result); });
+  host_->SetInside([this](std::uint32_t message) { listener_.OnHostMessage(message); });
   assembly_->TheSystem().OnBeep([this] { listener_.OnLine("beep"); });
   assembly_->TheBoxes().SetListener([this](const ShownBox& box) { listener_.OnLine(BoxLine(box)); });
   assembly_->TheBoxes().SetAnswerer([this](const ShownBox& box) {
@@ -69,27 +59,48 @@ void Session::Listen() {
   });
 }
 
+void Session::OnOpened(Dialog& dialog) {
+  if (dialog.TemplateId() == dialog::message) {
+    listener_.OnLine(DialogLine(dialog) + ' ' + Quote(dialog.Title()) + ' ' +
+                     Quote(dialog.Get<Label>(id115::text).Text()));
+  } else if (dialog.IsModal()) {
+    listener_.OnModalOpened(dialog);
+  } else if (onScreen_.insert(dialog.Handle()).second) {
+    listener_.OnModelessOpened(dialog);
+  }
+}
+
+// A modal dialog gives its result, and the advanced dialog, which stands for one, that of its only way out.
+void Session::OnClosed(const Dialog& dialog, int result) {
+  onScreen_.erase(dialog.Handle());
+  std::string line = DialogLine(dialog) + " closed";
+  if (dialog.IsModal()) line += ' ' + std::to_string(result);
+  if (dialog.TemplateId() == dialog::gamma) line += ' ' + std::to_string(dialog_result::cancel);
+  listener_.OnLine(line);
+}
+
 bool Session::Open() {
   files_.OnModuleLoaded();
   inspector_->StartClock();
-  inspector_->BeforeMove();
+  const Inspector::AllPlaces before = inspector_->PlacesNow();
   const bool stands = host_->Open();
   desk_.SetPage(host_->Page());
-  inspector_->AfterMove();
+  inspector_->NoteMoves(before);
   return stands;
 }
 
 void Session::Resize(Size client) {
-  inspector_->BeforeMove();
+  const Inspector::AllPlaces before = inspector_->PlacesNow();
   user_->Resize(client);
-  inspector_->AfterMove();
+  inspector_->NoteMoves(before);
 }
 
 void Session::Restart() {
   InstallPlatform(nullptr);
-  host_->EndWindows();
+  host_->EndProcess();
   desk_.SetPage(0);
   files_.OnModuleUnloaded();
+  onScreen_.clear();
   inspector_->ForgetMoves();
   InstallPlatform(&assembly_->ThePlatform());
 }

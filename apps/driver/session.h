@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 
 #include "apps/driver/assembly.h"
@@ -24,8 +25,11 @@ class SessionListener {
   virtual void OnLine(const std::string& line) = 0;
   // The modal dialog runs; when this returns and it wasn't ended, it ends with cancel.
   virtual void OnModalOpened(Dialog& dialog) = 0;
+  // It came to the screen; one that is shown once more isn't told again.
   virtual void OnModelessOpened(Dialog& dialog) = 0;
   virtual BoxAnswer OnBox(const ShownBox& box) = 0;
+  // Inside a message that the host hears, after its line.
+  virtual void OnHostMessage(std::uint32_t message) { (void)message; }
 };
 
 class Session {
@@ -54,6 +58,8 @@ class Session {
 
  private:
   void Listen();
+  void OnOpened(Dialog& dialog);
+  void OnClosed(const Dialog& dialog, int result);
 
   SessionListener& listener_;
   std::unique_ptr<Assembly> assembly_;
@@ -62,6 +68,7 @@ class Session {
   std::unique_ptr<FakeHost> host_;
   std::unique_ptr<User> user_;
   std::unique_ptr<Inspector> inspector_;
+  std::set<WindowHandle> onScreen_;  // modeless dialogs
 };
 
 }  // namespace set32

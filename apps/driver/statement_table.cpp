@@ -30,11 +30,13 @@ std::span<const Interpreter::Statement> Interpreter::Statements() {
       Statement{"registry", 3, 3, quiet, &I::RegistryValue, "registry PATH NAME TEXT", "lays a registry value"},
       Statement{"restart", 0, 0, quiet, &I::Restart, "restart", "the host's process ends and starts again"},
       Statement{"stores", 1, 1, quiet, &I::Stores, "stores units | nothing", "what the host does on 0x405"},
+      Statement{"record", 1, 1, quiet, &I::Record, "record new", "the next opening passes a copy of the record"},
       Statement{"answers", 2, 2, quiet, &I::Answers, "answers WPARAM RESULT", "the host's result to 0x403"},
 
       // What host and person do.
       Statement{"open", 0, 0, act, &I::Open, "open", "the host calls uiFixSetting"},
-      Statement{"close", 0, 0, act, &I::Close, "close", "the host ends the panel"},
+      Statement{"close", 0, 1, act, &I::Close, "close [DIALOG]", "the host ends the panel; a dialog's close box"},
+      Statement{"enable", 1, 1, act, &I::EnablePage, "enable yes | no", "the host enables or disables the page"},
       Statement{"report", 1, any, act, &I::Report, "report WPARAM FIELD=VALUE ... [frame=ACTION,INDEX]",
                 "the host sends 0x403"},
       Statement{"send", 1, 3, act, &I::Send, "send MESSAGE [WPARAM [LPARAM]]", "the host sends any message"},
@@ -52,7 +54,9 @@ std::span<const Interpreter::Statement> Interpreter::Statements() {
       Statement{"caret", 2, 3, act, &I::Caret, "caret ID START [END]", "places the caret or selects"},
       Statement{"drop", 1, 1, act, &I::Drop, "drop ID", "opens and closes a combo's list"},
       Statement{"top", 2, 2, act, &I::Top, "top ID INDEX", "scrolls a combo's list"},
-      Statement{"key", 1, 1, act, &I::PressKey, "key enter | escape", "for the control that has the focus"},
+      Statement{"key", 1, 1, act, &I::PressKey,
+                "key enter | escape | tab | backtab | left | right | up | down | pageup | pagedown | home | end",
+                "for the control that has the focus"},
       Statement{"scroll", 2, 3, act, &I::Scroll, "scroll ID CODE [POSITION]", "a bar or slider"},
       Statement{"spin", 2, 2, act, &I::Spin, "spin ID DELTA", "one step of a spin"},
       Statement{"point", 2, 2, act, &I::PointAt, "point X Y", "the pointer moves over the page"},
@@ -60,14 +64,15 @@ std::span<const Interpreter::Statement> Interpreter::Statements() {
       Statement{"resize", 2, 2, act, &I::Resize, "resize WIDTH HEIGHT", "client size of the page in front"},
       Statement{"poke", 1, 1, act, &I::Poke, "poke ID", "the click message that a program sends"},
       Statement{"release", 1, 1, act, &I::Release, "release ID", "the mouse button goes up over a slider"},
-      Statement{"when", 1, 1, act, &I::When, "when DIALOG | box ... end", "what happens inside when it opens"},
+      Statement{"when", 1, 2, act, &I::When, "when DIALOG | box | host MESSAGE ... end",
+                "what happens inside when it opens, or when the host hears it"},
       Statement{"answer", 1, 1, act, &I::Answer, "answer yes | no | ok | cancel", "inside `when box`: the button"},
 
       // What is seen.
       Statement{
           "show", 1, 3, quiet, &I::Show,
-          "show ID | FIELD | settings | page | focus | open | place ID | moved ID | title DIALOG | picture ID | "
-          "tip ID | pixel X Y | sum | drawing | file FILE | time",
+          "show ID | FIELD | settings | page | focus | open | place ID | place DIALOG | moved ID | title DIALOG | "
+          "picture ID | tip ID [#INDEX] | pixel X Y | sum | drawing | file FILE | time",
           "prints what is to be seen"},
       Statement{"expect", 1, any, quiet, &I::Expect, "expect SHOWN is LINE | heard ... end",
                 "an error unless it holds"},

@@ -44,14 +44,18 @@ void User::CheckNothingBefore(const Dialog* dialog) const {
   }
 }
 
-void User::CheckReachable(const FoundControl& found) const {
-  const auto& [dialog, control] = found;
+void User::CheckReachable(const Dialog& dialog) const {
   CheckNothingBefore(&dialog);
   const std::string number = std::to_string(dialog.TemplateId());
   if (!dialog.IsVisible()) {
     throw NotPossible(dialog.IsChild() ? "page " + number + " isn't in front" : "dialog " + number + " is hidden");
   }
   if (!dialog.IsEnabled()) throw NotPossible("dialog " + number + " is disabled");
+}
+
+void User::CheckReachable(const FoundControl& found) const {
+  const auto& [dialog, control] = found;
+  CheckReachable(dialog);
   if (!control.IsVisible()) throw NotPossible(NameOf(control) + " is hidden");
   if (!control.IsEnabled()) throw NotPossible(NameOf(control) + " is disabled");
 }
@@ -198,7 +202,7 @@ void User::SetCaret(const Target& target, TextRange range) {
 void User::PressKey(Key key) {
   const auto focus = desk_.Focused();
   if (!focus) throw NotPossible("no control has the focus");
-  CheckNothingBefore(focus->dialog);
+  CheckReachable(*focus->dialog);
   input_.PressKey(key);
   input_.Pump();
 }
@@ -286,6 +290,16 @@ void User::TurnTo(int pageDialog) {
 
 void User::Resize(Size client) {
   input_.Resize(PageShown(), client);
+  input_.Pump();
+}
+
+void User::CloseBox(int dialogId) {
+  Dialog& dialog = desk_.Require(dialogId);
+  if (dialog.IsChild() || dialogId == dialog::searching) {
+    throw NotPossible("dialog " + std::to_string(dialogId) + " has no close box");
+  }
+  CheckReachable(dialog);
+  input_.SendClose(dialog);
   input_.Pump();
 }
 

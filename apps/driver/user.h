@@ -63,11 +63,13 @@ class User {
   void MovePointer(Point at);
   void TurnTo(int pageDialog);  // dialog::general or dialog::advanced
   void Resize(Size client);
+  void CloseBox(int dialogId);      // of a pop-up's frame
   void Poke(const Target& target);  // what a program can do: it asks for no visibility
 
  private:
   FoundControl Reachable(const Target& target) const;
   void CheckReachable(const FoundControl& found) const;
+  void CheckReachable(const Dialog& dialog) const;
   void CheckNothingBefore(const Dialog* dialog) const;
   FoundControl Entered(const Target& target) const;
   template <typename T>
