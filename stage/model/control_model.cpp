@@ -71,7 +71,8 @@ void ControlModel::Show(bool visible) {
 
 void ControlModel::Put(const Rect& place) {
   if (!Alive()) return;
-  place_ = place;
+  // A window never gets a size below nothing.
+  place_ = {place.left, place.top, std::max(place.left, place.right), std::max(place.top, place.bottom)};
   if (IsCombo(kind_)) place_.bottom = place_.top + closedComboHeight;
 }
 

@@ -71,10 +71,56 @@ WPARAM KeyCode(Key key) {
     case Key::escape:
       return VK_ESCAPE;
     case Key::tab:
+    case Key::backtab:
       return VK_TAB;
+    case Key::left:
+      return VK_LEFT;
+    case Key::right:
+      return VK_RIGHT;
+    case Key::up:
+      return VK_UP;
+    case Key::down:
+      return VK_DOWN;
+    case Key::pageUp:
+      return VK_PRIOR;
+    case Key::pageDown:
+      return VK_NEXT;
+    case Key::home:
+      return VK_HOME;
+    case Key::end:
+      return VK_END;
   }
   return 0;
 }
+
+// The keys of the block between letters and digits say so; those of the digits' block would be these without their
+// lock.
+bool IsExtended(Key key) {
+  return key >= Key::left;
+}
+
+// The shift key, held while this lives.
+class HeldShift {
+ public:
+  explicit HeldShift(bool held) : held_(held) {
+    if (held_) Put(0x80);
+  }
+  ~HeldShift() {
+    if (held_) Put(0);
+  }
+  HeldShift(const HeldShift&) = delete;
+  HeldShift& operator=(const HeldShift&) = delete;
+
+ private:
+  static void Put(BYTE state) {
+    std::array<BYTE, 256> keys{};
+    GetKeyboardState(keys.data());
+    keys[VK_SHIFT] = keys[VK_LSHIFT] = state;
+    SetKeyboardState(keys.data());
+  }
+
+  bool held_;
+};
 
 }  // namespace
 
@@ -157,22 +203,23 @@ void Win32Input::ClickRow(List& list, int row) {
     real.EnsureVisible(row);
     const Size size = real.ClientSize();
     const Point at = row < 0 ? Point{size.width / 2, size.height - 1} : MiddleOf(real.RowPlace(row));
-    if (real.RowAt(at) == row) return ClickAt(real.Window(), at);
+    const bool isInside = Rect{0, 0, size.width, size.height}.Contains(at);
+    if (isInside && real.RowAt(at) == row) return ClickAt(real.Window(), at);
     if (row < 0) {
       real.SelectNone();
     } else {
       real.SelectAndFocus(row);
     }
-    NMITEMACTIVATE click{};
-    click.iItem = row;
-    if (real.Exists()) Notify(real.Window(), static_cast<UINT>(NM_CLICK), click);
+    if (real.Exists()) real.TellClicked(row);
   });
 }
 
 void Win32Input::ArrowTo(List& list, int row) {
   FocusAnd<win32::RealList>(list, [=](win32::RealList& real) {
     if (real.StateOf(row) == RowState{true, true}) return;
-    if (row > 0 && real.StateOf(row - 1).focused) {
+    if (real.StateOf(row).focused) {
+      PressIn(real.Window(), VK_SPACE);  // no arrow selects the row where the focus already is
+    } else if (row > 0 && real.StateOf(row - 1).focused) {
       PressIn(real.Window(), VK_DOWN);
     } else if (real.StateOf(row + 1).focused) {
       PressIn(real.Window(), VK_UP);
@@ -251,8 +298,11 @@ void Win32Input::Paste(Edit& edit) {
 void Win32Input::PressKey(Key key) {
   const HWND focus = GetFocus();
   if (focus == nullptr) return;
-  PostMessageW(focus, WM_KEYDOWN, KeyCode(key), 1);
-  PostMessageW(focus, WM_KEYUP, KeyCode(key), static_cast<LPARAM>(0xC0000001));
+  constexpr UINT once = 1, extended = 1U << 24, released = 0xC0000000U;
+  const UINT pressed = once | (IsExtended(key) ? extended : 0U);
+  const HeldShift shift(key == Key::backtab);
+  PostMessageW(focus, WM_KEYDOWN, KeyCode(key), static_cast<LPARAM>(pressed));
+  PostMessageW(focus, WM_KEYUP, KeyCode(key), static_cast<LPARAM>(pressed | released));
   MSG message{};
   while (PeekMessageW(&message, nullptr, WM_KEYFIRST, WM_KEYLAST, PM_REMOVE)) {
     TranslateMessage(&message);

@@ -1,8 +1,12 @@
 #include "platform/win32/list_control.h"
 
+#include <utility>
+
 #include "platform/win32/code_page.h"
 #include "platform/win32/rects.h"
 #include "platform/win32/win32_dialog.h"
+
+#include <windowsx.h>
 
 namespace set32::win32 {
 
@@ -114,12 +118,22 @@ LRESULT RealList::OnNotify(const NMHDR& header) {
       break;
     }
     case NM_CLICK:
-      Raise(Event{.kind = EventKind::rowClicked, .row = reinterpret_cast<const NMITEMACTIVATE&>(header).iItem});
+      TellClicked(std::exchange(pressed_, {}).value_or(reinterpret_cast<const NMITEMACTIVATE&>(header).iItem));
       break;
     default:
       break;
   }
   return 0;
+}
+
+// The press selects a row, and what its report does can move the rows away under the pointer before the button is up.
+std::optional<LRESULT> RealList::OnMessage(UINT message, WPARAM, LPARAM lParam) {
+  if (message == WM_LBUTTONDOWN) pressed_ = RowAt({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+  return {};
+}
+
+void RealList::TellClicked(int row) const {
+  Raise(Event{.kind = EventKind::rowClicked, .row = row});
 }
 
 int RealList::RowAt(Point at) const {

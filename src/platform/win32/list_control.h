@@ -27,6 +27,9 @@ class RealList : public Real<List> {
   int ColumnWidth() const override { return AskNumber(LVM_GETCOLUMNWIDTH); }
 
   LRESULT OnNotify(const NMHDR& header) override;
+  std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+  // As a click on a row does, or beside the rows with -1.
+  void TellClicked(int row) const;
   // Client coordinates of a row, empty for none.
   Rect RowPlace(int row) const;
   // The row that a click there meets, -1 beside the rows.
@@ -38,6 +41,7 @@ class RealList : public Real<List> {
   std::optional<LVITEMW> Item(int row, UINT mask) const;
 
   OwnedImageList icons_;
+  std::optional<int> pressed_;  // the row that the mouse button went down on
 };
 
 }  // namespace set32::win32
