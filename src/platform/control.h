@@ -270,6 +270,8 @@ class List : public Control {
   virtual int TopRow() const { return 0; }
   // How many whole rows the list can show at once.
   virtual int RowsPerPage() const { return 0; }
+  // Pixels inside the border, a vertical scroll bar counted in.
+  virtual int InnerWidth() const { return 0; }
   virtual void SetColumnWidth(int pixels) { (void)pixels; }
   virtual int ColumnWidth() const { return 0; }
 };

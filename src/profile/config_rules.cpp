@@ -46,11 +46,12 @@ int ModeIcon(std::uint32_t mode) {
   }
 }
 
-int ColumnWidthFor(int listWidth, int row, int rowsPerPage, int textWidth) {
+int ColumnWidthFor(const ColumnRoom& room, int row, int rowsPerPage, int textWidth) {
   constexpr int border = 5;
   constexpr int borderAndScrollBar = 19;
-  if (textWidth > listWidth + borderAndScrollBar) return textWidth;
-  return listWidth - (row + 1 <= rowsPerPage ? border : borderAndScrollBar);
+  if (textWidth > room.window + borderAndScrollBar) return textWidth;
+  if (row + 1 <= rowsPerPage) return std::min(room.window - border, room.inside);
+  return std::min(room.window - borderAndScrollBar, room.inside - room.scrollBar);
 }
 
 void CutLengths(ScanSettings& settings) {

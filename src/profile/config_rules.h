@@ -44,9 +44,17 @@ RowButtons ButtonsOf(const RowFlags& row);
 // Place of a mode's icon in the list's image list.
 int ModeIcon(std::uint32_t mode);
 
-// Width of the list's one column for a row: the window's, less room for a scroll bar once the rows don't fit, or the
-// text's where that is much wider. Pixels.
-int ColumnWidthFor(int listWidth, int row, int rowsPerPage, int textWidth);
+// What a list has for its one column: its window's width, what its border leaves of it, what a scroll bar would take
+// of that. Pixels.
+struct ColumnRoom {
+  int window = 0;
+  int inside = 0;
+  int scrollBar = 0;
+};
+
+// Width of the list's one column for a row: as much as the list shows at once, with a vertical scroll bar once the rows
+// don't fit, so that there is no horizontal one; or the text's width where that is much wider. Pixels.
+int ColumnWidthFor(const ColumnRoom& room, int row, int rowsPerPage, int textWidth);
 
 // Lengths of a record as a click takes them: cut to two decimals.
 void CutLengths(ScanSettings& settings);

@@ -30,7 +30,7 @@ void CConfigStore::SetUpList() {
   }
   List& rows = Rows();
   rows.SetIcons(icons);
-  rows.SetColumnWidth(ColumnWidthFor(rows.Place().Width(), 0, 1, 0));
+  rows.SetColumnWidth(ColumnWidthFor(RoomForColumn(), 0, 1, 0));
 }
 
 void CConfigStore::WriteFreshProfile() {
@@ -77,8 +77,11 @@ void CConfigStore::BuildConfigList(std::uint32_t source) {
 
 void CConfigStore::FitColumnTo(int row) {
   List& rows = Rows();
-  rows.SetColumnWidth(
-      ColumnWidthFor(rows.Place().Width(), row, rows.RowsPerPage(), rows.TextWidth(rows.RowText(row))));
+  rows.SetColumnWidth(ColumnWidthFor(RoomForColumn(), row, rows.RowsPerPage(), rows.TextWidth(rows.RowText(row))));
+}
+
+ColumnRoom CConfigStore::RoomForColumn() const {
+  return {Rows().Place().Width(), Rows().InnerWidth(), state_.platform.windows.ScrollBarWidth()};
 }
 
 void CConfigStore::FitColumn() {

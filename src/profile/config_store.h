@@ -81,6 +81,7 @@ class CConfigStore {
   RowFlags FlagsOf(int row) const;
   const ScanConfigItem* ItemOf(int row) const;
   void FitColumnTo(int row);
+  ColumnRoom RoomForColumn() const;
 
   ModuleState& state_;
   Dialog* dialog_ = nullptr;

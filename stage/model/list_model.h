@@ -25,6 +25,7 @@ class ListModel : public Modelled<List> {
   void ScrollBy(int pixels) override;
   int TopRow() const override { return top_; }
   int RowsPerPage() const override;
+  int InnerWidth() const override { return Alive() ? Inside().width : 0; }
   void SetColumnWidth(int pixels) override;
   int ColumnWidth() const override { return columnWidth_; }
   void Perish() override;

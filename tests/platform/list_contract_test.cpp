@@ -133,6 +133,21 @@ TEST(ListContract, ScrollsByRowsWithinWhatThereIs) {
   EXPECT_EQ(l.ColumnWidth(), 140);
 }
 
+TEST(ListContract, AColumnAsWideAsWhatTheListShowsNeedsNoHorizontalBar) {
+  for (const int rows : {1, 40}) {
+    SCOPED_TRACE(rows);
+    Stage stage(page);
+    List& l = TheList(stage);
+    const int inside = l.InnerWidth();
+    l.SetColumnWidth(10);
+    Fill(stage, rows);
+    EXPECT_EQ(l.InnerWidth(), inside);
+    const int shownAtOnce = l.RowsPerPage();
+    l.SetColumnWidth(rows > shownAtOnce ? inside - stage.TheWindows().ScrollBarWidth() : inside);
+    EXPECT_EQ(l.RowsPerPage(), shownAtOnce);
+  }
+}
+
 // The page fills its list anew inside a report of it.
 TEST(ListContract, ARefillInsideAReportEndsTheChange) {
   Stage stage(page);

@@ -56,10 +56,12 @@ TEST(ConfigRules, RowZeroIsNeverTheReasonToStop) {
 }
 
 TEST(ConfigRules, ColumnLeavesRoomForAScrollBarOnceTheRowsDoNotFit) {
-  EXPECT_EQ(ColumnWidthFor(200, 3, 4, 50), 195);
-  EXPECT_EQ(ColumnWidthFor(200, 4, 4, 50), 181);
-  EXPECT_EQ(ColumnWidthFor(200, 4, 4, 219), 181);
-  EXPECT_EQ(ColumnWidthFor(200, 0, 4, 220), 220);
+  constexpr ColumnRoom narrowBar{200, 196, 12}, usualBar{200, 196, 17}, thickBorder{200, 190, 17};
+  EXPECT_EQ(ColumnWidthFor(narrowBar, 3, 4, 50), 195);
+  EXPECT_EQ(ColumnWidthFor(narrowBar, 4, 4, 50), 181);
+  EXPECT_EQ(ColumnWidthFor(usualBar, 4, 4, 219), 179);
+  EXPECT_EQ(ColumnWidthFor(thickBorder, 3, 4, 50), 190);
+  EXPECT_EQ(ColumnWidthFor(usualBar, 0, 4, 220), 220);
 }
 
 TEST(ConfigRules, ClickCutsLengthsToHundredths) {

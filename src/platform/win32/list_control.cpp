@@ -103,6 +103,10 @@ void RealList::EnsureVisible(int row) {
   if (Holds(row)) Ask(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
 }
 
+int RealList::InnerWidth() const {
+  return ClientSize().width + (HasStyle(WS_VSCROLL) ? GetSystemMetrics(SM_CXVSCROLL) : 0);
+}
+
 void RealList::SetColumnWidth(int pixels) {
   Ask(LVM_SETCOLUMNWIDTH, 0, pixels < 0 ? 0 : pixels);
 }

@@ -23,6 +23,7 @@ class RealList : public Real<List> {
   void ScrollBy(int pixels) override { Ask(LVM_SCROLL, 0, pixels); }
   int TopRow() const override { return AskNumber(LVM_GETTOPINDEX); }
   int RowsPerPage() const override { return AskNumber(LVM_GETCOUNTPERPAGE); }
+  int InnerWidth() const override;
   void SetColumnWidth(int pixels) override;
   int ColumnWidth() const override { return AskNumber(LVM_GETCOLUMNWIDTH); }
 
