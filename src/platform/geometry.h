@@ -1,6 +1,7 @@
 // Places and colours, free of any window system.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 namespace set32 {
@@ -24,13 +25,28 @@ struct Rect {
   int right = 0;
   int bottom = 0;
 
-  int Width() const { return right - left; }
-  int Height() const { return bottom - top; }
+  constexpr int Width() const { return right - left; }
+  constexpr int Height() const { return bottom - top; }
   bool Contains(Point point) const {
     return point.x >= left && point.x < right && point.y >= top && point.y < bottom;
   }
   bool operator==(const Rect&) const = default;
 };
+
+// The rectangle, moved as little as needed to lie inside an area; from the area's upper left corner on where it is
+// larger.
+constexpr Rect MovedInto(const Rect& area, const Rect& place) {
+  const int left = std::max(std::min(place.left, area.right - place.Width()), area.left);
+  const int top = std::max(std::min(place.top, area.bottom - place.Height()), area.top);
+  return {left, top, left + place.Width(), top + place.Height()};
+}
+
+// A rectangle of this size in the middle of an area.
+constexpr Rect CentredIn(const Rect& area, Size size) {
+  const int left = area.left + (area.Width() - size.width) / 2;
+  const int top = area.top + (area.Height() - size.height) / 2;
+  return {left, top, left + size.width, top + size.height};
+}
 
 struct Colour {
   std::uint8_t red = 0;

@@ -131,6 +131,8 @@ class Dialog {
   // Centre over the parent, or on the screen's full-screen area.
   virtual void CentreOverParent() = 0;
   virtual void CentreOnScreen() = 0;
+  // Centre under the pointer, moved as little as needed to lie wholly on the screen.
+  virtual void CentreOnPointer() = 0;
 
   // The dialog's tips, made at the first call; a Tooltip that does nothing when they can't be.
   virtual Tooltip& Tips() = 0;

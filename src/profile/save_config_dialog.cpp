@@ -27,6 +27,7 @@ int CSaveConfigDlg::Run(WindowHandle owner) {
 void CSaveConfigDlg::OnInit(Dialog& dialog) {
   constexpr int longestTyped = 128;  // characters
   dialog_ = &dialog;
+  dialog.CentreOnPointer();
   Edit& edit = dialog.Get<Edit>(id104::nameEdit);
   edit.SetText(name);
   edit.SetLimit(longestTyped);

@@ -91,17 +91,21 @@ void HeadlessDialog::CentreOverParent() {
   }
   Rect over = windows_->OnScreen(parent);
   if (child_) over = {0, 0, over.Width(), over.Height()};
-  const int left = over.left + (over.Width() - place_.Width()) / 2;
-  const int top = over.top + (over.Height() - place_.Height()) / 2;
-  place_ = {left, top, left + place_.Width(), top + place_.Height()};
+  place_ = CentredIn(over, {place_.Width(), place_.Height()});
 }
 
 void HeadlessDialog::CentreOnScreen() {
   if (!IsAlive()) return;
   const Size screen = windows_->FullScreen();
-  const int left = (screen.width - place_.Width()) / 2;
-  const int top = (screen.height - place_.Height()) / 2;
-  place_ = {left, top, left + place_.Width(), top + place_.Height()};
+  place_ = CentredIn({0, 0, screen.width, screen.height}, {place_.Width(), place_.Height()});
+}
+
+void HeadlessDialog::CentreOnPointer() {
+  if (!IsAlive()) return;
+  const Size screen = windows_->FullScreen();
+  const Point at = windows_->Pointer();
+  const Rect centred = CentredIn({at.x, at.y, at.x, at.y}, {place_.Width(), place_.Height()});
+  place_ = MovedInto({0, 0, screen.width, screen.height}, centred);
 }
 
 Tooltip& HeadlessDialog::Tips() {

@@ -53,6 +53,7 @@ class HeadlessDialog : public Dialog {
   void Update() override;
   void CentreOverParent() override;
   void CentreOnScreen() override;
+  void CentreOnPointer() override;
   Tooltip& Tips() override;
   void EndModal(int result) override;
   bool HasEnded() const override { return ended_; }

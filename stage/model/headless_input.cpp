@@ -99,7 +99,7 @@ void HeadlessInput::Poke(Control& button) {
 }
 
 void HeadlessInput::MovePointer(Dialog& dialog, Point at) {
-  windows_.Tell(dialog.Handle(), [at](DialogHandler& handler) { handler.OnPointerMoved(at); });
+  if (HeadlessDialog* model = windows_.DialogOf(dialog.Handle())) windows_.MovePointer(*model, at);
 }
 
 void HeadlessInput::Resize(Dialog& dialog, Size client) {

@@ -23,7 +23,8 @@ HeadlessWindows::Delivery::~Delivery() {
   --graveyard_.deliveries;
 }
 
-HeadlessWindows::HeadlessWindows() : graveyard_(std::make_shared<Graveyard>()) {}
+HeadlessWindows::HeadlessWindows()
+    : pointer_{screen.width / 2, screen.height / 2}, graveyard_(std::make_shared<Graveyard>()) {}
 
 HeadlessWindows::~HeadlessWindows() {
   for (auto& [handle, node] : nodes_) {
@@ -107,6 +108,12 @@ std::vector<Dialog*> HeadlessWindows::Standing() const {
     if (node.dialog != nullptr) standing.push_back(node.dialog);
   }
   return standing;
+}
+
+void HeadlessWindows::MovePointer(HeadlessDialog& dialog, Point at) {
+  const Rect place = OnScreen(dialog.Handle());
+  pointer_ = {place.left + at.x, place.top + at.y};
+  Tell(dialog.Handle(), [at](DialogHandler& handler) { handler.OnPointerMoved(at); });
 }
 
 WindowHandle HeadlessWindows::MakeHost(Size client, HostWindowHandler& handler) {

@@ -68,6 +68,9 @@ class HeadlessWindows : public Windows {
   void FocusNext(const HeadlessDialog& dialog, Way way);
   // The dialog with this handle, null for none.
   HeadlessDialog* DialogOf(WindowHandle window) const;
+  // On the screen; in its middle until it is moved.
+  Point Pointer() const { return pointer_; }
+  void MovePointer(HeadlessDialog& dialog, Point at);
   // Which window came last to the front by RaiseToFront, 0 for none.
   WindowHandle RaisedLast() const { return raised_; }
 
@@ -136,6 +139,7 @@ class HeadlessWindows : public Windows {
   WindowHandle lastHandle_ = 0;
   WindowHandle raised_ = 0;
   FocusPlace focus_;
+  Point pointer_;
   std::function<void(Dialog&)> opening_, opened_;
   std::function<void(Dialog&, int result)> closed_;
   std::shared_ptr<Graveyard> graveyard_;

@@ -145,6 +145,42 @@ TEST_F(DialogContract, AModelessPopUpIsHiddenByOkAndShownAgain) {
   EXPECT_THAT(popUp.Take(), ElementsAre("destroying", "destroyed"));
 }
 
+TEST_F(DialogContract, APopUpCentresOnThePointerWithinTheScreen) {
+  const auto placeAt = [&](Point pointer) {
+    stage.Hands().MovePointer(*stage.dialog, pointer);
+    RecordingHandler handler;
+    handler.init = [](Dialog& dialog) { dialog.CentreOnPointer(); };
+    return stage.TheWindows().Create(modeless, stage.host, handler)->Place();
+  };
+  const Rect first = placeAt({200, 210});
+  const Rect second = placeAt({240, 230});
+  EXPECT_EQ(second.left - first.left, 40);
+  EXPECT_EQ(second.top - first.top, 20);
+  EXPECT_EQ(placeAt({-500, 210}).left, 0);
+  EXPECT_EQ(placeAt({200, -500}).top, 0);
+  const Rect corner = placeAt({30000, 30000});
+  EXPECT_GT(corner.left, second.left);
+  EXPECT_LE(corner.right, stage.TheWindows().FullScreen().width);
+}
+
+TEST_F(DialogContract, AModelessPopUpIsMovedOnTheScreenAndKeepsItsKeys) {
+  const auto dialog = stage.TheWindows().Create(modeless, stage.host, popUp);
+  const Rect place = dialog->Place();
+  dialog->Move({70, 80, 70 + place.Width(), 80 + place.Height()});
+  EXPECT_EQ(dialog->Place(), (Rect{70, 80, 70 + place.Width(), 80 + place.Height()}));
+  dialog->SetVisible(true);
+  stage.Hands().PressKey(Key::tab);
+  EXPECT_TRUE(dialog->Find(dialog_result::ok)->HasFocus());
+  stage.Hands().PressKey(Key::tab);
+  EXPECT_TRUE(dialog->Find(field)->HasFocus());
+  popUp.Take();
+  popUp.runDefaults = false;
+  stage.Hands().PressKey(Key::escape);
+  stage.Hands().SendClose(*dialog);
+  EXPECT_THAT(popUp.Take(), ElementsAre("cancel", "cancel"));
+  EXPECT_THAT(stage.Heard(), IsEmpty());
+}
+
 TEST_F(DialogContract, APopUpWithoutControlsTakesTheFocusItself) {
   stage.Get<Edit>(edit).SetFocus();
   stage.Heard();

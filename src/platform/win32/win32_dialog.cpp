@@ -131,10 +131,24 @@ void Win32Dialog::CentreOnScreen() {
   if (IsAlive()) Centre({0, 0, GetSystemMetrics(SM_CXFULLSCREEN), GetSystemMetrics(SM_CYFULLSCREEN)});
 }
 
+void Win32Dialog::CentreOnPointer() {
+  POINT pointer{};
+  MONITORINFO screen{};
+  screen.cbSize = sizeof screen;
+  if (!IsAlive() || !GetCursorPos(&pointer)) return;
+  if (!GetMonitorInfoW(MonitorFromPoint(pointer, MONITOR_DEFAULTTONEAREST), &screen)) return;
+  const Rect place = Place();
+  const Rect centred = CentredIn({pointer.x, pointer.y, pointer.x, pointer.y}, {place.Width(), place.Height()});
+  PutAt(MovedInto(win32::FromRECT(screen.rcWork), centred));
+}
+
 void Win32Dialog::Centre(const Rect& over) {
   const Rect place = Place();
-  SetWindowPos(window_, nullptr, over.left + (over.Width() - place.Width()) / 2,
-               over.top + (over.Height() - place.Height()) / 2, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  PutAt(CentredIn(over, {place.Width(), place.Height()}));
+}
+
+void Win32Dialog::PutAt(const Rect& place) const {
+  SetWindowPos(window_, nullptr, place.left, place.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 Tooltip& Win32Dialog::Tips() {

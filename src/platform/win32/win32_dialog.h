@@ -49,6 +49,7 @@ class Win32Dialog : public Dialog {
   void Update() override;
   void CentreOverParent() override;
   void CentreOnScreen() override;
+  void CentreOnPointer() override;
   Tooltip& Tips() override;
   void EndModal(int result) override;
   bool HasEnded() const override { return ended_; }
@@ -104,6 +105,7 @@ class Win32Dialog : public Dialog {
   void DestroyOwned() const;
   bool FocusIsInside() const;
   void Centre(const Rect& over);
+  void PutAt(const Rect& place) const;
 
   std::shared_ptr<win32::DeskState> desk_;
   int templateId_;
