@@ -36,6 +36,8 @@
 //                                                                   position), then scrolled with code 8
 //   slider  U a key                                                 it moves, then scrolled with its code, unless it
 //                                                                   stood at that end; then scrolled 8
+//   slider  U the mouse wheel                                       it stays; for each notch scrolled with code 1
+//                                                                   (away from the person) or 0, then with code 8
 //   scroll  P position or range set                                 nothing
 //   spin    P position set to another value, with a buddy           on the buddy: editUpdate, editChanged
 //   spin    U arrow                                                 spinDelta (may be refused), on the buddy:

@@ -184,7 +184,7 @@ class Windows {
   // The whole client area is to be erased and painted.
   virtual void Invalidate(WindowHandle window) = 0;
   virtual void Enable(WindowHandle window, bool enabled) = 0;
-  // Topmost, and at once not topmost.
+  // Topmost, and at once not topmost; neither moved nor activated.
   virtual void RaiseToFront(WindowHandle window) = 0;
 
   // The screen without the task bar.

@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-#include "platform/win32/keyboard_hook.h"
+#include "platform/win32/loop_hook.h"
 #include "platform/win32/windows_api.h"
 #include "platform/windows.h"
 
@@ -31,7 +31,7 @@ struct DeskState {
   std::vector<std::vector<std::unique_ptr<Control>>> graveyard;
 
   // Stands while a dialog does.
-  std::unique_ptr<KeyboardHook> keyboard;
+  std::unique_ptr<LoopHook> loopHook;
 };
 
 class Delivery {

@@ -48,7 +48,7 @@ bool Win32Dialog::MakeWindow(const DialogTemplate& source) {
   window_ = window;
   client_ = win32::ClientSizeOf(window);
   desk_->standing.push_back(this);
-  if (desk_->keyboard == nullptr) desk_->keyboard = std::make_unique<win32::KeyboardHook>();
+  if (desk_->loopHook == nullptr) desk_->loopHook = std::make_unique<win32::LoopHook>();
   TakeControls(source);
   // A page lies over the tab bar of the sheet around it.
   if (child_ && Of(parent_) != nullptr)
@@ -157,6 +157,7 @@ void Win32Dialog::ReturnFocus(HWND before) {
 void Win32Dialog::TellShown(bool shown) {
   if (shown_ == shown || (!shown && child_ && destroying_)) return;
   shown_ = shown;
+  repaintDue_ = shown;
   Tell([shown](DialogHandler& handler) { handler.OnShown(shown); });
 }
 
@@ -267,7 +268,7 @@ void Win32Dialog::OnWindowGone() {
   tips_.reset();
   const std::shared_ptr<win32::DeskState> desk = desk_;
   std::erase(desk->standing, this);
-  if (desk->standing.empty()) desk->keyboard.reset();
+  if (desk->standing.empty()) desk->loopHook.reset();
   // So that the loop of its run looks, which a message sent from outside would not wake.
   if (modal_) PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
   if (silent_) return;

@@ -1,4 +1,6 @@
 // What a dialog's window hears, and how it reaches the handler.
+#include <utility>
+
 #include "platform/win32/rects.h"
 #include "platform/win32/simple_controls.h"
 #include "platform/win32/win32_dialog.h"
@@ -33,7 +35,8 @@ bool IsPointerMessage(WORD message) {
   }
 }
 
-// The full position of a thumb; the message itself has room for 16 bits.
+// The full position of a thumb; the message itself has room for 16 bits. A message that wasn't made by a drag has
+// nothing else.
 int ThumbPosition(HWND bar, WPARAM wParam) {
   const WORD code = LOWORD(wParam);
   const int told = static_cast<short>(HIWORD(wParam));
@@ -41,7 +44,7 @@ int ThumbPosition(HWND bar, WPARAM wParam) {
   SCROLLINFO info{};
   info.cbSize = sizeof info;
   info.fMask = SIF_TRACKPOS;
-  const bool dragged = GetCapture() == bar && GetScrollInfo(bar, SB_CTL, &info);
+  const bool dragged = GetScrollInfo(bar, SB_CTL, &info) && LOWORD(info.nTrackPos) == HIWORD(wParam);
   return dragged ? info.nTrackPos : told;
 }
 
@@ -81,6 +84,9 @@ INT_PTR Win32Dialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return OnColour(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam));
     case WM_SETCURSOR:
       return OnCursor(HIWORD(lParam));
+    case WM_ERASEBKGND:
+      SpareFrames(reinterpret_cast<HDC>(wParam));
+      return FALSE;
     case WM_PAINT:
       return OnPaint();
     case WM_SIZE:
@@ -140,6 +146,8 @@ INT_PTR Win32Dialog::Answer(HWND window, LRESULT result) {
   return TRUE;
 }
 
+// A label without a colour of its own, and every other text of a dialog, keeps the system's: black by default, and in
+// a contrast theme the one that the person chose, which a black laid over it would make unreadable.
 INT_PTR Win32Dialog::OnColour(HDC dc, HWND window) const {
   const auto* label = dynamic_cast<const win32::RealLabel*>(ControlAround(window));
   if (label == nullptr || !label->OwnColour()) return FALSE;
@@ -156,17 +164,28 @@ INT_PTR Win32Dialog::OnCursor(WORD mouseMessage) const {
   return FALSE;
 }
 
-INT_PTR Win32Dialog::OnPaint() const {
+// Frames show what was last drawn on them by themselves. Under a background that is erased first they would flicker.
+void Win32Dialog::SpareFrames(HDC dc) const {
+  for (const std::unique_ptr<Control>& control : controls_) {
+    if (control->Kind() != ControlKind::frame || !control->IsVisible()) continue;
+    const Rect place = control->Place();
+    ExcludeClipRect(dc, place.left, place.top, place.right, place.bottom);
+  }
+}
+
+// A window that is merely uncovered needs no new drawing.
+INT_PTR Win32Dialog::OnPaint() {
   PAINTSTRUCT paint{};
   BeginPaint(window_, &paint);
   EndPaint(window_, &paint);
-  Deliver(Event{.kind = EventKind::paint});
+  if (std::exchange(repaintDue_, false)) Deliver(Event{.kind = EventKind::paint});
   return TRUE;
 }
 
 void Win32Dialog::OnSize(WPARAM how, Size client) {
   if (client == client_ || how == SIZE_MINIMIZED) return;
   client_ = client;
+  repaintDue_ = true;
   const ResizeKind kind = how == SIZE_MAXIMIZED ? ResizeKind::maximised : ResizeKind::restored;
   const HWND window = window_;
   Tell([=](DialogHandler& handler) { handler.OnResize(kind, client); });

@@ -1,5 +1,8 @@
 #include "platform/win32/range_controls.h"
 
+#include <cstdint>
+#include <cstdlib>
+
 #include "platform/win32/win32_dialog.h"
 
 namespace set32::win32 {
@@ -15,11 +18,33 @@ Event Scrolled(WORD code, int position) {
 void RealSlider::SetRange(int low, int high) {
   Ask(TBM_SETRANGEMIN, FALSE, low);
   Ask(TBM_SETRANGEMAX, TRUE, high);
+  // A thumb whose number stays would stand where the old range had it.
+  const int position = Position();
+  Ask(TBM_SETPOS, FALSE, position == high ? low : high);
+  Ask(TBM_SETPOS, TRUE, position);
 }
 
 // The message carries 16 bits alone; the slider's own position is whole.
 void RealSlider::OnScroll(WORD code, int) {
   Raise(Scrolled(code, Position()));
+}
+
+std::optional<LRESULT> RealSlider::OnMessage(UINT message, WPARAM wParam, LPARAM) {
+  if (message != WM_MOUSEWHEEL) return {};
+  TurnWheel(GET_WHEEL_DELTA_WPARAM(wParam));
+  return 0;
+}
+
+// A notch is one line, and where it leads is the dialog's to say. Fine wheels turn by parts of a notch.
+void RealSlider::TurnWheel(int delta) {
+  const Delivery delivery(Owner().Desk());
+  if (std::int64_t{turned_} * delta < 0) turned_ = 0;
+  turned_ += delta;
+  const WORD code = turned_ > 0 ? scroll_code::lineRight : scroll_code::lineLeft;
+  for (; std::abs(turned_) >= WHEEL_DELTA; turned_ -= turned_ > 0 ? WHEEL_DELTA : -WHEEL_DELTA) {
+    if (Exists()) Raise(Scrolled(code, 0));
+    if (Exists()) Raise(Scrolled(scroll_code::endScroll, 0));
+  }
 }
 
 LRESULT RealSlider::OnNotify(const NMHDR& header) {

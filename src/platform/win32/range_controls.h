@@ -20,6 +20,12 @@ class RealSlider : public Real<Slider> {
 
   LRESULT OnNotify(const NMHDR& header) override;
   void OnScroll(WORD code, int position) override;
+  std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+ private:
+  void TurnWheel(int delta);
+
+  int turned_ = 0;  // of the wheel, less than a notch
 };
 
 class RealScrollBar : public Real<ScrollBar> {

@@ -1,7 +1,5 @@
 #include "platform/win32/real_tooltip.h"
 
-#include <algorithm>
-
 #include "platform/win32/code_page.h"
 #include "platform/win32/rects.h"
 
@@ -51,10 +49,11 @@ void RealTooltip::Add(int controlId, const Rect* part, std::string_view text) {
   tools_.emplace_back(controlId, text);
 }
 
-std::string RealTooltip::ToolText(int controlId) const {
-  const auto tool =
-      std::find_if(tools_.begin(), tools_.end(), [=](const auto& entry) { return entry.first == controlId; });
-  return tool == tools_.end() ? std::string() : tool->second;
+std::string RealTooltip::TextAt(int controlId, int index) const {
+  for (const auto& [id, text] : tools_) {
+    if (id == controlId && index-- == 0) return text;
+  }
+  return {};
 }
 
 }  // namespace set32::win32

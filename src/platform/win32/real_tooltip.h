@@ -20,7 +20,8 @@ class RealTooltip : public Tooltip {
   void SetDelay(int milliseconds) override;
   void AddTool(int controlId, std::string_view text) override;
   void AddTool(int controlId, const Rect& part, std::string_view text) override;
-  std::string ToolText(int controlId) const override;
+  std::string ToolText(int controlId) const override { return TextAt(controlId, 0); }
+  std::string TextAt(int controlId, int index) const override;
 
  private:
   void Add(int controlId, const Rect* part, std::string_view text);

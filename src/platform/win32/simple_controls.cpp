@@ -30,6 +30,12 @@ void ClickedIn(const Win32Dialog& dialog, int id) {
   }
 }
 
+// A radio button without its mark counts the focus alone as a click, which Tab and a dialog that appears would give it.
+RealCheck::RealCheck(Win32Dialog& dialog, HWND window, const ControlTemplate& source)
+    : RealClickable(dialog, window, source) {
+  if (source.kind == ControlKind::radio) Ask(BM_SETDONTCLICK, TRUE);
+}
+
 void RealPictureButton::SetPictures(const ButtonPictures& pictures) {
   if (!Exists()) return;
   pictures_ = pictures;

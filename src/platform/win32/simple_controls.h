@@ -37,7 +37,7 @@ using RealButton = RealClickable<Button>;
 
 class RealCheck : public RealClickable<CheckButton> {
  public:
-  using RealClickable::RealClickable;
+  RealCheck(Win32Dialog& dialog, HWND window, const ControlTemplate& source);
   void SetChecked(bool checked) override { Ask(BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED); }
   bool IsChecked() const override { return Ask(BM_GETCHECK) == BST_CHECKED; }
 };

@@ -104,7 +104,9 @@ Control* Win32Dialog::Focused() const {
 }
 
 void Win32Dialog::Invalidate() {
-  if (IsAlive()) InvalidateRect(window_, nullptr, TRUE);
+  if (!IsAlive()) return;
+  repaintDue_ = true;
+  InvalidateRect(window_, nullptr, TRUE);
 }
 
 void Win32Dialog::Update() {

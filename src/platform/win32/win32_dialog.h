@@ -88,7 +88,8 @@ class Win32Dialog : public Dialog {
   INT_PTR OnHostMessage(UINT message, WPARAM wParam, LPARAM lParam);
   INT_PTR OnColour(HDC dc, HWND control) const;
   INT_PTR OnCursor(WORD mouseMessage) const;
-  INT_PTR OnPaint() const;
+  void SpareFrames(HDC dc) const;
+  INT_PTR OnPaint();
   void OnSize(WPARAM how, Size client);
   static INT_PTR Answer(HWND window, LRESULT result);
   void OnWindowDestroying();
@@ -120,6 +121,7 @@ class Win32Dialog : public Dialog {
   bool onScreen_ = false;    // a pop-up was shown and has not left yet
   bool shown_ = false;       // as the handler knows it
   bool focusPlaced_ = false;
+  bool repaintDue_ = false;  // by the handler
   int result_ = dialog_result::cancel;
   Size client_;  // as the handler knows it
   HWND focusBefore_ = nullptr;

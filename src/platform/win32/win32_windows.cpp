@@ -95,7 +95,11 @@ MessageResult Win32Windows::Send(WindowHandle window, std::uint32_t message, WPa
 
 void Win32Windows::Invalidate(WindowHandle window) {
   if (!IsWindow(window)) return;
-  InvalidateRect(WindowOf(window), nullptr, TRUE);
+  if (Win32Dialog* dialog = Win32Dialog::Of(WindowOf(window))) {
+    dialog->Invalidate();
+  } else {
+    InvalidateRect(WindowOf(window), nullptr, TRUE);
+  }
   if (desk_->repaintAsked) desk_->repaintAsked(window);
 }
 
@@ -106,7 +110,7 @@ void Win32Windows::Enable(WindowHandle window, bool enabled) {
 void Win32Windows::RaiseToFront(WindowHandle window) {
   if (!IsWindow(window)) return;
   for (const HWND place : {HWND_TOPMOST, HWND_NOTOPMOST})
-    SetWindowPos(WindowOf(window), place, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    SetWindowPos(WindowOf(window), place, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 Size Win32Windows::FullScreen() const {

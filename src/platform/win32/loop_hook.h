@@ -1,20 +1,22 @@
-// Keys in a loop that knows nothing of dialogs.
+// Keys and the mouse wheel in a loop that knows nothing of dialogs.
 //
 // The host's message loop only translates and dispatches. While a dialog stands, a hook on its thread offers the key
 // messages that the loop takes to the dialog in which they would land; what the dialog uses the loop never sees, and
 // what it has no use for, such as the keys of the host's own commands, goes the loop's way. Enter and Escape stay in
 // the innermost dialog, all other keys move in the outermost, so that Tab runs through a sheet, and through a dialog
 // of the host's around it.
+//
+// The wheel goes to the slider under the pointer, if there is one, and not to the control that has the focus.
 #pragma once
 
 #include "platform/win32/handle.h"
 
 namespace set32::win32 {
 
-class KeyboardHook {
+class LoopHook {
  public:
   // On the calling thread.
-  KeyboardHook();
+  LoopHook();
 
  private:
   OwnedHook hook_;

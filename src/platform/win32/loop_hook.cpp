@@ -1,8 +1,11 @@
-#include "platform/win32/keyboard_hook.h"
+#include "platform/win32/loop_hook.h"
 
 #include "platform/win32/edit_control.h"
+#include "platform/win32/range_controls.h"
 #include "platform/win32/simple_controls.h"
 #include "platform/win32/win32_dialog.h"
+
+#include <windowsx.h>
 
 namespace set32::win32 {
 
@@ -46,11 +49,15 @@ bool WantsForItself(MSG& message) {
   return (wants & DLGC_WANTMESSAGE) != 0;
 }
 
+bool IsArrow(const MSG& message) {
+  return message.message == WM_KEYDOWN && message.wParam >= VK_LEFT && message.wParam <= VK_DOWN;
+}
+
 // What a dialog answers by itself. Every other key is the host's first, since its loop may know it as one of its own.
 bool IsDialogKey(const MSG& message) {
   switch (message.message) {
     case WM_KEYDOWN:
-      return message.wParam == VK_TAB || (message.wParam >= VK_LEFT && message.wParam <= VK_DOWN);
+      return message.wParam == VK_TAB || IsArrow(message);
     case WM_SYSKEYDOWN:
       return message.wParam == VK_MENU;  // shows the mnemonics
     case WM_CHAR:
@@ -72,9 +79,28 @@ void TakeEnterOrEscape(const Win32Dialog& dialog, MSG& message) {
   }
 }
 
+bool IsRadioButton(const RealControl* control) {
+  const auto* button = dynamic_cast<const RealCheck*>(control);
+  return button != nullptr && button->Kind() == ControlKind::radio;
+}
+
+// The arrows go round among the radio buttons of a group, and click the one that they reach.
+bool MovedAmongRadioButtons(const Win32Dialog& dialog, const MSG& message) {
+  if (!IsArrow(message) || !IsRadioButton(dialog.ControlAround(message.hwnd))) return false;
+  const bool back = message.wParam == VK_LEFT || message.wParam == VK_UP;
+  const HWND window = dialog.Window();
+  const HWND next = GetNextDlgGroupItem(window, message.hwnd, back);
+  if (next == nullptr || next == message.hwnd || !IsRadioButton(dialog.ControlAround(next))) return true;
+  const int id = GetDlgCtrlID(next);
+  SetFocus(next);
+  if (Win32Dialog::Of(window) == &dialog && GetFocus() == next) ClickedIn(dialog, id);
+  return true;
+}
+
 bool TakeKey(MSG& message) {
   const Surroundings around = AroundWindow(message.hwnd);
   if (around.inner == nullptr) return false;
+  if (MovedAmongRadioButtons(*around.inner, message)) return true;
   if (message.message <= WM_CHAR && (message.wParam == VK_RETURN || message.wParam == VK_ESCAPE)) {
     TakeEnterOrEscape(*around.inner, message);
     return true;
@@ -90,9 +116,19 @@ bool KeysBelongToTheSystem() {
   return GetGUIThreadInfo(GetCurrentThreadId(), &info) && (info.flags & busy) != 0;
 }
 
+// Older systems send the wheel to the window that has the focus; there a combo would take it for itself.
+void AimWheel(MSG& message) {
+  const HWND under = WindowFromPoint({GET_X_LPARAM(message.lParam), GET_Y_LPARAM(message.lParam)});
+  const Win32Dialog* dialog = under == nullptr ? nullptr : Win32Dialog::Of(GetParent(under));
+  const auto* slider = dialog == nullptr ? nullptr : dynamic_cast<RealSlider*>(dialog->ControlAround(under));
+  const bool isUsable = slider != nullptr && slider->IsEnabled() && IsWindowEnabled(GetAncestor(under, GA_ROOT));
+  if (isUsable && dialog->IsEnabled()) message.hwnd = under;
+}
+
 LRESULT CALLBACK OnMessageTaken(int code, WPARAM removed, LPARAM lParam) {
   if (code == HC_ACTION && removed == PM_REMOVE) {
     auto& message = *reinterpret_cast<MSG*>(lParam);
+    if (message.message == WM_MOUSEWHEEL) AimWheel(message);
     const bool isKey = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
     if (isKey && !KeysBelongToTheSystem() && TakeKey(message)) {
       message.message = WM_NULL;
@@ -105,7 +141,7 @@ LRESULT CALLBACK OnMessageTaken(int code, WPARAM removed, LPARAM lParam) {
 
 }  // namespace
 
-KeyboardHook::KeyboardHook()
+LoopHook::LoopHook()
     : hook_(SetWindowsHookExW(WH_GETMESSAGE, OnMessageTaken, nullptr, GetCurrentThreadId())) {}
 
 }  // namespace set32::win32
