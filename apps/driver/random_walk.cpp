@@ -7,60 +7,14 @@
 #include <system_error>
 #include <vector>
 
-#include "apps/driver/interpreter.h"
-#include "apps/driver/session_folder.h"
 #include "apps/driver/walk_acts.h"
-#include "apps/driver/walk_checks.h"
+#include "apps/driver/walker.h"
 
 namespace set32 {
 
 namespace {
 
 constexpr int stepsALeg = 500;
-
-// One run of the panel in a folder of its own.
-class Walker {
- public:
-  Walker()
-      : interpreter_(Outside(), {},
-                     {[](const std::string&) {}, [this](const std::string& line) { complaint_ = line; }}) {}
-
-  Session& TheSession() { return interpreter_.TheSession(); }
-
-  enum class Result { held, notPossible, failed };
-  struct Outcome {
-    Result result = Result::held;
-    std::string why;
-  };
-
-  Outcome Do(const Chunk& chunk) {
-    complaint_.clear();
-    std::size_t next = 0;
-    interpreter_.Run([&](const std::string&) -> std::optional<SourceLine> {
-      if (next >= chunk.size()) return {};
-      ++next;
-      return SourceLine{static_cast<int>(next), chunk[next - 1]};
-    });
-    // A control can go between the look and the act: a person would shrug. A dialog that nobody serves is a fault.
-    const bool unserved = complaint_.find("waits for it") != std::string::npos;
-    if (interpreter_.Forgive() && unserved) return {Result::failed, complaint_};
-    if (auto finding = checks_.Check(TheSession(), chunk.back())) return {Result::failed, *finding};
-    return {complaint_.empty() ? Result::held : Result::notPossible, complaint_};
-  }
-
- private:
-  AssemblyOptions Outside() const {
-    AssemblyOptions options;
-    options.folder = folder_.Path();
-    options.quickFiles = true;
-    return options;
-  }
-
-  SessionFolder folder_;
-  std::string complaint_;
-  Interpreter interpreter_;
-  WalkChecks checks_;
-};
 
 std::optional<std::string> Replay(const std::vector<Chunk>& chunks) {
   Walker walker;

@@ -19,6 +19,7 @@
 #include "apps/driver/interpreter.h"
 #include "apps/driver/not_possible.h"
 #include "apps/driver/random_walk.h"
+#include "apps/driver/recorded_walk.h"
 #include "apps/driver/session_folder.h"
 
 namespace {
@@ -26,7 +27,7 @@ namespace {
 constexpr int exitUsage = 2;
 constexpr char usage[] =
     "scan-host [--dir DIR] [--language LANGID] [--network simulated|real] [--echo] [SCRIPT]\n"
-    "scan-host --random SEED STEPS\n"
+    "scan-host --random SEED STEPS [--record SCRIPT]\n"
     "\n"
     "Opens the scan settings panel as a data source does and plays the person at it. Statements come from SCRIPT, "
     "or\n"
@@ -36,7 +37,9 @@ constexpr char usage[] =
     "  --language ID    the system's default language id, 0x0404 unless given\n"
     "  --network KIND   simulated: what the script declares (default); real: this machine's network and devices\n"
     "  --echo           prints each statement behind \"> \"\n"
-    "  --random         acts at random, checks what must always hold, and writes random-SEED.scn when it doesn't\n";
+    "  --random         acts at random, checks what must always hold, and writes random-SEED.scn when it doesn't\n"
+    "  --record SCRIPT  writes the random acts that could be done, and looks at everything between them, as a "
+    "script\n";
 
 struct CommandLine {
   std::string folder;
@@ -45,6 +48,7 @@ struct CommandLine {
   bool echo = false;
   bool help = false;
   std::optional<set32::WalkOptions> walk;
+  std::string record;
   std::string script;
 };
 
@@ -75,6 +79,10 @@ std::optional<CommandLine> Parse(const std::vector<std::string_view>& arguments)
       const auto steps = value();
       line.walk = ParseWalk(seed.value_or(""), steps.value_or(""));
       if (!line.walk) return {};
+    } else if (argument == "--record") {
+      const auto script = value();
+      if (!script || script->empty()) return {};
+      line.record = *script;
     } else if (argument == "--dir") {
       const auto folder = value();
       if (!folder || folder->empty()) return {};
@@ -93,6 +101,10 @@ std::optional<CommandLine> Parse(const std::vector<std::string_view>& arguments)
     } else {
       line.script = argument;
     }
+  }
+  if (!line.record.empty()) {
+    if (!line.walk) return {};
+    line.walk->scriptPath = line.record;
   }
   return line;
 }
@@ -162,7 +174,8 @@ int main(int count, char** values) {
     return 0;
   }
   try {
-    if (line->walk) return set32::WalkAtRandom(*line->walk, Print);
+    if (line->walk)
+      return line->record.empty() ? set32::WalkAtRandom(*line->walk, Print) : set32::RecordWalk(*line->walk, Print);
     if (line->script.empty()) return RunSession(*line, std::cin, IsTerminal());
     std::ifstream script(line->script, std::ios::binary);
     if (!script) {

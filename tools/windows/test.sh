@@ -1,6 +1,6 @@
 #!/bin/bash
-# Builds for Windows and runs everything there: the suites on real controls, and the scripts. With --64 the 64-bit
-# programs, which otherwise run only where 32-bit wine can't be had.
+# Builds for Windows and runs everything there: the suites on real controls, the scripts, and random walks beside the
+# model of windows. With --64 the 64-bit programs, which otherwise run only where 32-bit wine can't be had.
 #
 #   tools/windows/test.sh [--64]
 #
@@ -17,6 +17,7 @@ say "running the $preset programs, log in ${log#"$project/"}"
 on_windows "$preset" "$tools/run-all.sh" "$build/bin" 2>&1 | tee "$log" |
   { grep --line-buffered -E '^(ran|failed|skipped) ' || true; } ||
   { grep -E -B 12 '^\[  FAILED|^failed |Failure$' "$log" | tail -n 60 >&2 || true; fail "$preset: failed ($chosen)"; }
+"$tools/compare-walks.sh" "$preset"
 "$tools/check-dlls.sh"
 "$tools/check-install.sh" "$preset"
 "$tools/check-silence.sh" "$preset"
