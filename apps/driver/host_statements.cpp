@@ -105,7 +105,8 @@ void Interpreter::Preview(Words words) {
   } else {
     Platform& platform = session_.Outside().ThePlatform();
     const std::string beside = options_.scriptFolder + words[0].text;
-    const bool useBeside = !platform.files.Exists(words[0].text) && platform.files.Exists(beside);
+    const bool useBeside = platform.files.PresenceOf(words[0].text) == Presence::absent &&
+                           platform.files.PresenceOf(beside) == Presence::present;
     preview.ReadFile(platform.files, platform.boxes, useBeside ? beside : words[0].text);
   }
 }

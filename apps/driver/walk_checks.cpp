@@ -123,7 +123,7 @@ WalkChecks::Finding WalkChecks::CheckLengths(Session& session) const {
 WalkChecks::Finding WalkChecks::CheckProfile(Session& session) {
   Platform& platform = session.Outside().ThePlatform();
   const std::string path = session.TheFiles().PathOf(ModuleFile::profile);
-  if (!platform.files.Exists(path)) return {};
+  if (platform.files.PresenceOf(path) != Presence::present) return {};
   std::map<std::string, std::string> factory;
   for (const ConfigEntry& entry : ReadConfigEntries(platform.profiles, path)) {
     ScanConfigItem item{};

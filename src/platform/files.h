@@ -7,9 +7,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace set32 {
 
@@ -27,6 +29,10 @@ class File {
   virtual std::uint64_t Size() = 0;
 };
 
+// Whether something stands at a path. What the system wouldn't tell is `unknown`, and so is a link that leads
+// nowhere: nobody may take either for a free place.
+enum class Presence { absent, present, unknown };
+
 // Holds a lock between processes until it is released. Locks of one thread don't nest.
 class FileLock {
  public:
@@ -37,8 +43,13 @@ class Files {
  public:
   virtual ~Files() = default;
 
-  // False for what isn't there, and when that can't be told.
-  virtual bool Exists(std::string_view path) = 0;
+  virtual Presence PresenceOf(std::string_view path) = 0;
+  // Where a new file must go to take the place of the one at this path: the path itself, or what a link leads to.
+  // Nothing where none may take its place: it is read-only, no plain file, or a link to what isn't the user's own.
+  virtual std::optional<std::string> PlaceToReplace(std::string_view path) = 0;
+  // Of the files beside this path whose names begin with its own: what stands behind it in each name. Empty also when
+  // the folder can't be read.
+  virtual std::vector<std::string> EndingsBeside(std::string_view path) = 0;
   // Null when the file isn't there or can't be read.
   virtual std::unique_ptr<File> OpenToRead(std::string_view path) = 0;
   // Creates or empties. Null on failure.
@@ -48,16 +59,19 @@ class Files {
   virtual bool Replace(std::string_view from, std::string_view to) = 0;
   // A failure is of no consequence to the callers.
   virtual bool Remove(std::string_view path) = 0;
-  // Waits for at most `milliseconds` for the lock that belongs to this path (a file beside it, which stays); null
-  // when it wasn't had, and at once where no waiting would help. Other processes and other threads that ask for the
-  // same path wait meanwhile.
+  // Waits for the lock that belongs to this path (a file beside it, which stays): for `milliseconds` while nothing
+  // moves, and anew whenever the file at the path has given way to another, since then the others get on with it.
+  // Null when it wasn't had, and at once where no waiting would help. Whoever gives a lock back lets those that wait
+  // go before it asks again.
   virtual std::unique_ptr<FileLock> Lock(std::string_view path, int milliseconds) = 0;
 };
 
 class ForwardingFiles : public Files {
  public:
   explicit ForwardingFiles(Files& target) : target_(target) {}
-  bool Exists(std::string_view path) override { return target_.Exists(path); }
+  Presence PresenceOf(std::string_view path) override { return target_.PresenceOf(path); }
+  std::optional<std::string> PlaceToReplace(std::string_view path) override { return target_.PlaceToReplace(path); }
+  std::vector<std::string> EndingsBeside(std::string_view path) override { return target_.EndingsBeside(path); }
   std::unique_ptr<File> OpenToRead(std::string_view path) override { return target_.OpenToRead(path); }
   std::unique_ptr<File> OpenToWrite(std::string_view path) override { return target_.OpenToWrite(path); }
   bool Replace(std::string_view from, std::string_view to) override { return target_.Replace(from, to); }

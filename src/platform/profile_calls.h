@@ -43,6 +43,10 @@ class ProfileCalls {
 
   // The file's whole content in one step, or nothing at all.
   virtual bool ReplaceFile(const char* file, std::span<const char> content) = 0;
+
+  // The same where no file stands; one that does, or about which that can't be told, is left alone. Result: whether
+  // this call made it.
+  virtual bool CreateIfAbsent(const char* file, std::span<const char> content) = 0;
 };
 
 class ForwardingProfileCalls : public ProfileCalls {
@@ -63,6 +67,9 @@ class ForwardingProfileCalls : public ProfileCalls {
   }
   bool ReplaceFile(const char* file, std::span<const char> content) override {
     return target_.ReplaceFile(file, content);
+  }
+  bool CreateIfAbsent(const char* file, std::span<const char> content) override {
+    return target_.CreateIfAbsent(file, content);
   }
 
  private:

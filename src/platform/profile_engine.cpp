@@ -4,8 +4,9 @@
 #include <array>
 #include <atomic>
 #include <chrono>
-#include <optional>
+#include <functional>
 #include <string>
+#include <utility>
 
 #include "platform/profile_text.h"
 
@@ -51,11 +52,31 @@ class PackedListWriter {
   std::size_t wanted_ = 0;
 };
 
-// No two writers share a name, even where the lock failed them.
-std::string TemporaryName(std::string_view file) {
+std::int64_t Milliseconds() {
+  using std::chrono::milliseconds;
+  return std::chrono::duration_cast<milliseconds>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
+// ".NUMBER.NUMBER.tmp": no two writers share a name, even where the lock failed them.
+std::string TemporaryEnding() {
   static std::atomic<std::uint32_t> counter{0};
   const auto ticks = static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count());
-  return std::string(file) + "." + std::to_string(ticks) + "." + std::to_string(counter++) + ".tmp";
+  std::string ending;
+  for (const std::uint64_t number : {ticks, std::uint64_t{counter++}})
+    ending.append(".").append(std::to_string(number));
+  return ending.append(".tmp");
+}
+
+// Nothing but two numbers: the new file of another one whose name begins alike is none of this one's.
+bool IsTemporaryEnding(std::string_view ending) {
+  for (int number = 0; number < 2; ++number) {
+    if (!ending.starts_with('.')) return false;
+    ending.remove_prefix(1);
+    const std::size_t digits = std::min(ending.find_first_not_of("0123456789"), ending.size());
+    if (digits == 0) return false;
+    ending.remove_prefix(digits);
+  }
+  return ending == ".tmp";
 }
 
 // Without a name there is no file to lock either: its lock would lie wherever the process stands.
@@ -91,7 +112,7 @@ bool CanCarry(const char* section, const char* key, const char* value) {
 ProfileEngine::ReadResult ProfileEngine::Read(const char* file, Content& content) {
   if (!IsName(file)) return ReadResult::missing;
   const std::unique_ptr<File> opened = files_.OpenToRead(file);
-  if (!opened) return files_.Exists(file) ? ReadResult::failed : ReadResult::missing;
+  if (!opened) return files_.PresenceOf(file) == Presence::absent ? ReadResult::missing : ReadResult::failed;
   const std::uint64_t size = opened->Size();
   if (size > largestFile) return ReadResult::failed;
 
@@ -151,32 +172,70 @@ std::size_t ProfileEngine::GetSection(const char* section, std::span<char> out, 
 }
 
 bool ProfileEngine::WriteString(const char* section, const char* key, const char* value, const char* file) {
-  if (section == nullptr || !IsName(file) || !CanCarry(section, key, value)) return false;
-  const std::unique_ptr<FileLock> lock = files_.Lock(file, lockMilliseconds);
-  if (!lock) return false;
+  if (section == nullptr || !CanCarry(section, key, value)) return false;
+  const std::optional<Claim> claim = ClaimFile(file);
+  if (!claim) return false;
   Content content;
-  if (Read(file, content) == ReadResult::failed) return false;
+  if (Read(claim->place.c_str(), content) == ReadResult::failed) return false;
   const std::string_view text = content.Text();
   const auto edit = EditFor(text, section, key, value);
   if (!edit) return true;
   if (text.size() + edit->insert.size() > largestFile) return false;
-  return Replace(file,
+  return Replace(*claim,
                  std::array{text.substr(0, edit->begin), std::string_view(edit->insert), text.substr(edit->end)});
 }
 
 bool ProfileEngine::ReplaceFile(const char* file, std::span<const char> content) {
-  if (!IsName(file)) return false;
-  const std::unique_ptr<FileLock> lock = files_.Lock(file, lockMilliseconds);
-  return lock && Replace(file, std::array{std::string_view(content.data(), content.size())});
+  const std::optional<Claim> claim = ClaimFile(file);
+  return claim && Replace(*claim, std::array{std::string_view(content.data(), content.size())});
 }
 
-bool ProfileEngine::Replace(std::string_view file, std::span<const std::string_view> pieces) {
-  const std::string temporary = TemporaryName(file);
+bool ProfileEngine::CreateIfAbsent(const char* file, std::span<const char> content) {
+  // The look before the lock spares the usual start a wait; the one behind it decides.
+  if (!IsName(file) || files_.PresenceOf(file) != Presence::absent) return false;
+  const std::optional<Claim> claim = ClaimFile(file);
+  return claim && files_.PresenceOf(claim->place) == Presence::absent &&
+         Replace(*claim, std::array{std::string_view(content.data(), content.size())});
+}
+
+std::optional<ProfileEngine::Claim> ProfileEngine::ClaimFile(const char* file) {
+  if (!IsName(file)) return std::nullopt;
+  std::optional<std::string> place = files_.PlaceToReplace(file);
+  if (!place) return std::nullopt;
+  std::unique_ptr<FileLock> lock = LockPatiently(*place);
+  if (!lock) return std::nullopt;
+  RemoveLeftBehind(*place);
+  return Claim{std::move(*place), std::move(lock)};
+}
+
+std::unique_ptr<FileLock> ProfileEngine::LockPatiently(const std::string& place) {
+  const std::int64_t start = Milliseconds();
+  const std::size_t name = std::hash<std::string>()(place);
+  const bool isRestrained = stuckPlace_ == name && start < restrainedUntil_;
+  std::unique_ptr<FileLock> lock = files_.Lock(place, isRestrained ? 0 : patience_.wait);
+  if (lock) {
+    if (isRestrained) restrainedUntil_ = 0;
+  } else if (!isRestrained && Milliseconds() - start >= patience_.wait) {
+    stuckPlace_ = name;
+    restrainedUntil_ = Milliseconds() + patience_.restraint;
+  }
+  return lock;
+}
+
+// Who holds the lock is the only writer, so every new file that lies there is one that nobody will use.
+void ProfileEngine::RemoveLeftBehind(const std::string& place) {
+  for (const std::string& ending : files_.EndingsBeside(place)) {
+    if (IsTemporaryEnding(ending)) files_.Remove(place + ending);
+  }
+}
+
+bool ProfileEngine::Replace(const Claim& claim, std::span<const std::string_view> pieces) {
+  const std::string temporary = claim.place + TemporaryEnding();
   std::unique_ptr<File> fresh = files_.OpenToWrite(temporary);
   if (!fresh) return false;
   const bool written = WritePieces(*fresh, pieces);
   fresh.reset();
-  if (written && files_.Replace(temporary, file)) return true;
+  if (written && files_.Replace(temporary, claim.place)) return true;
   files_.Remove(temporary);
   return false;
 }

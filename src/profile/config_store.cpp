@@ -34,9 +34,9 @@ void CConfigStore::SetUpList() {
 }
 
 void CConfigStore::WriteFreshProfile() {
-  if (state_.platform.files.Exists(state_.profilePath)) return;
+  // Of several hosts that start at once only the first lays it; what the others already stored stays.
   const std::string text = FreshProfile(state_.platform.system);
-  state_.platform.profiles.ReplaceFile(state_.profilePath.c_str(), text);
+  state_.platform.profiles.CreateIfAbsent(state_.profilePath.c_str(), text);
 }
 
 // The pointer in a stored record means nothing.

@@ -5,10 +5,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
+#include <future>
 #include <optional>
 #include <string>
+#include <thread>
+#include <utility>
+#include <vector>
 
 #include "tests/support/faulty_files.h"
 #include "tests/support/memory_files.h"
@@ -19,6 +24,7 @@ namespace set32 {
 namespace {
 
 using testing::ElementsAre;
+using testing::UnorderedElementsAre;
 using namespace std::string_literals;
 
 class ProfileContract : public testing::TestWithParam<ProfilePeer> {
@@ -157,7 +163,7 @@ TEST(ProfileEngineWrite, TouchesNothingButItsLine) {
     ProfileEngine engine(SystemFiles());
     if (c.before) folder.Write("p.ini", *c.before);
     EXPECT_TRUE(engine.WriteString(c.section, c.key, c.value, folder.Path("p.ini").c_str()));
-    EXPECT_EQ(SystemFiles().Exists(folder.Path("p.ini")), c.after.has_value());
+    EXPECT_EQ(SystemFiles().PresenceOf(folder.Path("p.ini")), c.after ? Presence::present : Presence::absent);
     EXPECT_EQ(folder.Read("p.ini"), c.after.value_or("")) << c.before.value_or("no file");
   }
 }
@@ -259,6 +265,112 @@ TEST(ProfileEngineFaults, TouchNothingWithoutAName) {
   EXPECT_EQ(files.locks, 0);
 }
 
+// What another one lays while the lock is waited for is its own, and what can't be told is no free place.
+TEST(ProfileEngineCreate, MakesAFileWhereNoneStands) {
+  class Untold : public ForwardingFiles {
+   public:
+    using ForwardingFiles::ForwardingFiles;
+    Presence PresenceOf(std::string_view) override { return Presence::unknown; }
+  };
+  class LaidMeanwhile : public ForwardingFiles {
+   public:
+    using ForwardingFiles::ForwardingFiles;
+    std::unique_ptr<FileLock> Lock(std::string_view path, int milliseconds) override {
+      const auto other = OpenToWrite(path);
+      other->Write(std::array<std::uint8_t, 1>{'x'});
+      return ForwardingFiles::Lock(path, milliseconds);
+    }
+  };
+  const std::string_view fresh = "[s]\n";
+  MemoryFiles files;
+  EXPECT_TRUE(ProfileEngine(files).CreateIfAbsent("p.ini", fresh));
+  EXPECT_FALSE(ProfileEngine(files).CreateIfAbsent("p.ini", std::string_view("[t]\n")));
+  EXPECT_EQ(files.content["p.ini"], fresh);
+  EXPECT_EQ(files.locks, 1) << "who finds a file needs no lock";
+  Untold untold(files);
+  EXPECT_FALSE(ProfileEngine(untold).CreateIfAbsent("q.ini", fresh));
+  LaidMeanwhile meanwhile(files);
+  EXPECT_FALSE(ProfileEngine(meanwhile).CreateIfAbsent("r.ini", fresh));
+  EXPECT_EQ(files.content["r.ini"], "x");
+  EXPECT_EQ(files.content.size(), 2U);
+}
+
+TEST(ProfileEngineWrite, RemovesWhatKilledWritersLeft) {
+  const ScratchFolder folder;
+  for (const char* name : {"p.ini", "p.ini.12.3.tmp", "p.ini.4.0.tmp", "p.ini.5.tmp", "p.ini.1.2.3.tmp",
+                           "p.ini.a.1.tmp", "q.ini.1.2.tmp", "p.ini.1.2.tmp.bak"}) {
+    folder.Write(name, "");
+  }
+  ASSERT_TRUE(ProfileEngine(SystemFiles()).WriteString("s", "gone", nullptr, folder.Path("p.ini").c_str()));
+  EXPECT_THAT(folder.Names(), UnorderedElementsAre("p.ini", "p.ini.5.tmp", "p.ini.1.2.3.tmp", "p.ini.a.1.tmp",
+                                                   "q.ini.1.2.tmp", "p.ini.1.2.tmp.bak"));
+}
+
+// Whoever holds the lock was stopped: the host's thread is held up once, not at each change.
+TEST(ProfileEngineLock, IsWaitedForInVainOnlyOnce) {
+  class Held : public ForwardingFiles {
+   public:
+    using ForwardingFiles::ForwardingFiles;
+    std::unique_ptr<FileLock> Lock(std::string_view path, int milliseconds) override {
+      waits.push_back(milliseconds);
+      if (path != stuck) return ForwardingFiles::Lock(path, milliseconds);
+      std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+      return nullptr;
+    }
+    std::string stuck = "p.ini";
+    std::vector<int> waits;
+  };
+  MemoryFiles memory;
+  Held files(memory);
+  ProfileEngine engine(files, {.wait = 20, .restraint = 300});
+  const auto write = [&](const char* path) { return engine.WriteString("s", "k", "v", path); };
+  EXPECT_FALSE(write("p.ini"));
+  EXPECT_FALSE(write("p.ini"));
+  EXPECT_TRUE(write("q.ini")) << "another file isn't held";
+  EXPECT_FALSE(write("p.ini"));
+  EXPECT_THAT(std::exchange(files.waits, {}), ElementsAre(20, 0, 20, 0));
+  files.stuck.clear();
+  EXPECT_TRUE(write("p.ini"));
+  EXPECT_TRUE(write("p.ini"));
+  EXPECT_THAT(std::exchange(files.waits, {}), ElementsAre(0, 20)) << "who holds it goes on, and is waited for again";
+  files.stuck = "p.ini";
+  EXPECT_FALSE(write("p.ini"));
+  std::this_thread::sleep_for(std::chrono::milliseconds(320));
+  EXPECT_FALSE(write("p.ini"));
+  EXPECT_THAT(files.waits, ElementsAre(20, 20));
+}
+
+// Many writers on a busy disk: none waits in vain while the others get on, and none is kept out by one in a hurry.
+TEST(ProfileEngineLock, ComesToEachWriterOnABusyDisk) {
+  class BusyDisk : public ForwardingFiles {
+   public:
+    using ForwardingFiles::ForwardingFiles;
+    bool Replace(std::string_view from, std::string_view to) override {
+      std::this_thread::sleep_for(std::chrono::milliseconds(50));
+      return ForwardingFiles::Replace(from, to);
+    }
+  };
+  constexpr int writers = 8, writes = 5;
+  const ScratchFolder folder;
+  const std::string path = folder.Path("p.ini");
+  BusyDisk files(SystemFiles());
+  ProfileEngine engine(files, {.wait = 300, .restraint = 0});
+  std::vector<std::future<int>> failures;
+  for (int writer = 0; writer < writers; ++writer) {
+    failures.push_back(std::async(std::launch::async, [&, writer] {
+      int failed = 0;
+      for (int i = 0; i < writes; ++i) {
+        const std::string key = std::to_string(writer * writes + i);
+        failed += engine.WriteString("s", key.c_str(), "v", path.c_str()) ? 0 : 1;
+      }
+      return failed;
+    }));
+  }
+  for (std::future<int>& failed : failures) EXPECT_EQ(failed.get(), 0);
+  const std::string content = folder.Read("p.ini");
+  EXPECT_EQ(std::count(content.begin(), content.end(), '\n'), 1 + writers * writes);
+}
+
 // Another writer will be done soon; a folder that was cleaned away won't come back.
 TEST(ProfileEngineFaults, WaitForALockOnlyWhereItCanBeHad) {
   using std::chrono::milliseconds;
@@ -271,7 +383,7 @@ TEST(ProfileEngineFaults, WaitForALockOnlyWhereItCanBeHad) {
   const auto held = SystemFiles().Lock(folder.Path("p.ini"), 0);
   ASSERT_TRUE(held);
   EXPECT_TRUE(lastsAtLeast(milliseconds(40), [&] { EXPECT_FALSE(SystemFiles().Lock(folder.Path("p.ini"), 50)); }));
-  EXPECT_FALSE(lastsAtLeast(milliseconds(ProfileEngine::lockMilliseconds / 2), [&] {
+  EXPECT_FALSE(lastsAtLeast(milliseconds(WriterPatience().wait / 2), [&] {
     ProfileEngine engine(SystemFiles());
     EXPECT_FALSE(engine.WriteString("s", "k", "v", folder.Path("gone/p.ini").c_str()));
     EXPECT_FALSE(engine.ReplaceFile(folder.Path("gone/p.ini").c_str(), std::string_view("[s]\n")));

@@ -1,4 +1,5 @@
 // A process that is killed in the middle of saving leaves a whole profile behind.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/wait.h>
@@ -78,6 +79,8 @@ TEST(KilledSave, LeavesWholeItemsAndLosesNoneThatWasDone) {
       EXPECT_LE(number, done + 1) << entry.name;
     }
   }
+  StoreConfigItem(profiles, path, "last", ItemOf(0));
+  EXPECT_THAT(folder.Names(), testing::ElementsAre("profile.ini")) << "what killed writers left";
   EXPECT_GT(kills, 0);
   EXPECT_GT(done, 0);
   RecordProperty("kills", kills);

@@ -110,6 +110,21 @@ TEST(StoreReliability, LeavesTheOldProfileOrTheNewOneWhenAnyFileOperationFails) 
   }
 }
 
+// A page that opens finds out whether a profile is there; whatever fails then, the one that is stays.
+TEST(StoreReliability, OpensOnAStandingProfileWithoutReplacingIt) {
+  const std::string own = "[Config Items]\nmine=00\n";
+  for (int operation = 0;; ++operation) {
+    MemoryFiles disk;
+    disk.content[MemoryWorld::profilePath] = own;
+    FaultyFiles files(disk);
+    files.FailAt(operation);
+    Panel panel(files);
+    panel.Open();
+    EXPECT_EQ(ProfileOf(disk), own) << "operation " << operation;
+    if (!files.HasFailed()) break;
+  }
+}
+
 // What a file of a few kilobytes repeats must not be kept, nor worked on, as often as it says so.
 TEST(StoreReliability, KeepsOnceWhatAFileRepeats) {
   MemoryFiles disk;

@@ -15,7 +15,12 @@ class FaultyFiles : public ForwardingFiles {
   void FailAt(int operation) { left_ = operation; }
   bool HasFailed() const { return failed_; }
 
-  bool Exists(std::string_view path) override { return !Fails() && ForwardingFiles::Exists(path); }
+  Presence PresenceOf(std::string_view path) override {
+    return Fails() ? Presence::unknown : ForwardingFiles::PresenceOf(path);
+  }
+  std::optional<std::string> PlaceToReplace(std::string_view path) override {
+    return Fails() ? std::nullopt : ForwardingFiles::PlaceToReplace(path);
+  }
   std::unique_ptr<File> OpenToRead(std::string_view path) override {
     return Fails() ? nullptr : Wrap(ForwardingFiles::OpenToRead(path));
   }

@@ -17,7 +17,17 @@ class MemoryFiles : public Files {
   std::size_t diskLeft = SIZE_MAX;                          // bytes that can still be written
   int locks = 0;                                            // how often one was asked for
 
-  bool Exists(std::string_view path) override { return content.contains(path); }
+  Presence PresenceOf(std::string_view path) override {
+    return content.contains(path) ? Presence::present : Presence::absent;
+  }
+  std::optional<std::string> PlaceToReplace(std::string_view path) override { return std::string(path); }
+  std::vector<std::string> EndingsBeside(std::string_view path) override {
+    std::vector<std::string> endings;
+    for (auto at = content.upper_bound(path); at != content.end() && at->first.starts_with(path); ++at) {
+      endings.push_back(at->first.substr(path.size()));
+    }
+    return endings;
+  }
   std::unique_ptr<File> OpenToRead(std::string_view path) override {
     const auto found = content.find(path);
     return found != content.end() ? std::make_unique<Open>(*this, found->second) : nullptr;

@@ -7,7 +7,9 @@ namespace set32 {
 
 class Win32Files : public Files {
  public:
-  bool Exists(std::string_view path) override;
+  Presence PresenceOf(std::string_view path) override;
+  std::optional<std::string> PlaceToReplace(std::string_view path) override;
+  std::vector<std::string> EndingsBeside(std::string_view path) override;
   std::unique_ptr<File> OpenToRead(std::string_view path) override;
   std::unique_ptr<File> OpenToWrite(std::string_view path) override;
   bool Replace(std::string_view from, std::string_view to) override;

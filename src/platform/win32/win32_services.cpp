@@ -13,13 +13,17 @@ using win32::ModuleText;
 
 namespace {
 
+constexpr DWORD longestPath = 0x8000;  // units that the system knows, with the terminator
+
 // A path in the module's code page. Where that lacks a character of it (another alphabet in a user's name), the path
 // that older programs take names the same file.
 std::string NarrowPath(const std::wstring& path) {
   if (ModuleText().HoldsWide(path)) return ModuleText().Narrow(path);
-  std::array<wchar_t, MAX_PATH> shorter{};
-  const DWORD units = GetShortPathNameW(path.c_str(), shorter.data(), static_cast<DWORD>(shorter.size()));
-  return ModuleText().Narrow(units > 0 && units < shorter.size() ? shorter.data() : path);
+  std::wstring shorter(longestPath, L'\0');
+  const DWORD units = GetShortPathNameW(path.c_str(), shorter.data(), longestPath);
+  if (units == 0 || units >= longestPath) return ModuleText().Narrow(path);
+  shorter.resize(units);
+  return ModuleText().Narrow(shorter);
 }
 
 }  // namespace
@@ -55,15 +59,18 @@ std::size_t Win32System::CharacterLength(std::string_view text) {
 }
 
 std::string Win32Paths::ModuleFile() {
-  std::wstring path(0x8000, L'\0');
-  path.resize(GetModuleFileNameW(win32::ModuleInstance(), path.data(), static_cast<DWORD>(path.size())));
+  std::wstring path(longestPath, L'\0');
+  path.resize(GetModuleFileNameW(win32::ModuleInstance(), path.data(), longestPath));
   return NarrowPath(path);
 }
 
 std::string Win32Paths::TemporaryFolder() {
-  std::array<wchar_t, MAX_PATH + 1> path{};
-  const DWORD units = GetTempPathW(static_cast<DWORD>(path.size()), path.data());
-  return units == 0 || units >= path.size() ? std::string() : NarrowPath(path.data());
+  std::wstring path(longestPath, L'\0');
+  // A system that has a longer one than it gives tells how long it is: there is none then.
+  const DWORD units = GetTempPathW(longestPath, path.data());
+  if (units == 0 || units >= longestPath) return {};
+  path.resize(units);
+  return NarrowPath(path);
 }
 
 BoxAnswer Win32Boxes::Show(WindowHandle owner, std::string_view text, std::string_view caption, std::uint32_t style) {

@@ -28,6 +28,9 @@ class SystemProfileCalls : public ProfileCalls {
   bool ReplaceFile(const char* file, std::span<const char> content) override {
     return ProfileEngine(SystemFiles()).ReplaceFile(file, content);
   }
+  bool CreateIfAbsent(const char* file, std::span<const char> content) override {
+    return ProfileEngine(SystemFiles()).CreateIfAbsent(file, content);
+  }
 };
 
 }  // namespace
