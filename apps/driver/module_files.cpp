@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "apps/driver/not_possible.h"
+#include "profile/options.h"
 
 namespace set32 {
 
@@ -66,15 +67,8 @@ std::string ModuleFiles::ModuleFolder() const {
   return file.substr(0, file.find_last_of("/\\") + 1);
 }
 
-ModuleFiles::Names ModuleFiles::ReadNames() const {
-  const std::string settings = ModuleFolder() + "QUIRNMFP.ini";
-  const auto read = [&](const char* key, const char* fallback) {
-    std::array<char, 50> name{};
-    const std::size_t size = platform_.profiles.GetString("INIFiles", key, fallback, name, settings.c_str());
-    return std::string(name.data(), size);
-  };
-  return {read("QUIRNHTEMP_INI", "QUIRNHTp.INI"), read("QUIRNMFP_PROFILE", "QUIRNPrf.ini"),
-          read("QUIRNSCANNERLIST", "QUIRNSLT.dat")};
+FileNames ModuleFiles::ReadNames() const {
+  return ModuleSettings(platform_.profiles, platform_.system, ModuleFolder() + "QUIRNMFP.ini").Names();
 }
 
 void ModuleFiles::OnModuleLoaded() {
@@ -84,10 +78,10 @@ void ModuleFiles::OnModuleLoaded() {
 std::string ModuleFiles::PathOf(ModuleFile file) const {
   if (file == ModuleFile::module) return ModuleFolder() + "QUIRNMFP.ini";
   if (file == ModuleFile::hardware) return ModuleFolder() + "QUIRNHW.ini";
-  const Names names = loaded_ ? *loaded_ : ReadNames();
+  const FileNames names = loaded_ ? *loaded_ : ReadNames();
   const std::string folder = platform_.paths.TemporaryFolder();
-  if (file == ModuleFile::options) return folder + names.options;
-  return folder + (file == ModuleFile::profile ? names.profile : names.list);
+  if (file == ModuleFile::options) return folder + names.runtimeOptions;
+  return folder + (file == ModuleFile::profile ? names.profile : names.scannerList);
 }
 
 void ModuleFiles::WriteKey(ModuleFile file, const std::string& section, const std::string& key,

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/platform.h"
+#include "profile/file_names.h"
 
 namespace set32 {
 
@@ -33,14 +34,11 @@ class ModuleFiles {
   std::vector<std::string> Lines(ModuleFile file) const;
 
  private:
-  struct Names {
-    std::string options, profile, list;
-  };
-  Names ReadNames() const;
+  FileNames ReadNames() const;
   std::string ModuleFolder() const;
 
   Platform& platform_;
-  std::optional<Names> loaded_;
+  std::optional<FileNames> loaded_;
 };
 
 }  // namespace set32

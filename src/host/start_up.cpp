@@ -17,16 +17,14 @@ std::string FolderOf(const std::string& path) {
 void StartUp(ModuleState& state) {
   state.moduleDir = FolderOf(state.platform.paths.ModuleFile());
   const ModuleSettings settings(state.platform.profiles, state.platform.system, state.ModuleSettingsPath());
-  const std::string runtimeIni = settings.RuntimeOptionsName();
-  const std::string profile = settings.ProfileName();
-  const std::string scannerList = settings.ScannerListName();
+  const FileNames names = settings.Names();
   state.driverType = settings.DriverType();
   // Without a folder of the user's there are no files: a bare name would lie wherever the process happens to stand.
   const std::string folder = state.platform.paths.TemporaryFolder();
   if (folder.empty()) return;
-  state.profilePath = folder + profile;
-  state.scannerListPath = folder + scannerList;
-  state.runtimeIniPath = folder + runtimeIni;
+  state.profilePath = folder + names.profile;
+  state.scannerListPath = folder + names.scannerList;
+  state.runtimeIniPath = folder + names.runtimeOptions;
 }
 
 }  // namespace set32

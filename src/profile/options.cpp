@@ -30,6 +30,12 @@ std::optional<int> TakeNumber(std::string_view& text) {
 
 }  // namespace
 
+FileNames ModuleSettings::Names() const {
+  return SettleFileNames(system_, {.runtimeOptions = file_.Read(module_key::runtimeOptionsName),
+                                   .profile = file_.Read(module_key::profileName),
+                                   .scannerList = file_.Read(module_key::scannerListName)});
+}
+
 std::optional<Point> HardwareOptions::DialogPlace() const {
   const std::string text = file_.Read(hardware_key::dialogPlace);
   std::string_view rest = text;

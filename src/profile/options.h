@@ -14,6 +14,7 @@
 #include "boundary/adjustment_defaults.h"
 #include "boundary/option_file.h"
 #include "platform/geometry.h"
+#include "profile/file_names.h"
 #include "profile/profile_file.h"
 
 namespace set32 {
@@ -21,15 +22,16 @@ namespace set32 {
 // The module settings, beside the module.
 class ModuleSettings {
  public:
-  ModuleSettings(ProfileCalls& calls, System& system, std::string path) : file_(calls, system, std::move(path)) {}
+  ModuleSettings(ProfileCalls& calls, System& system, std::string path)
+      : system_(system), file_(calls, system, std::move(path)) {}
 
-  std::string RuntimeOptionsName() const { return file_.Read(module_key::runtimeOptionsName); }
-  std::string ProfileName() const { return file_.Read(module_key::profileName); }
-  std::string ScannerListName() const { return file_.Read(module_key::scannerListName); }
+  // Each fit to be joined with a folder.
+  FileNames Names() const;
   // Bits driver_type::; the key's low byte.
   std::uint8_t DriverType() const { return static_cast<std::uint8_t>(file_.Read(module_key::driverType)); }
 
  private:
+  System& system_;
   OptionFile file_;
 };
 

@@ -59,8 +59,7 @@ TEST_F(PosixFilesTest, WritersOfDifferentKeysLoseNothing) {
   EXPECT_TRUE(Succeeded(second));
   const std::string content = folder.Read("p.ini");
   EXPECT_EQ(std::count(content.begin(), content.end(), '\n'), 121);
-  for (const std::string key : {"a0=", "a59=", "b0=", "b59="})
-    EXPECT_NE(content.find(key), std::string::npos) << key;
+  for (const std::string key : {"a0=", "a59=", "b0=", "b59="}) EXPECT_NE(content.find(key), std::string::npos) << key;
 }
 
 TEST_F(PosixFilesTest, AReaderNeverSeesHalfAFile) {

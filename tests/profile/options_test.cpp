@@ -26,6 +26,11 @@ class Options : public testing::Test {
     return ReadAdjustmentDefaults(profile, mode);
   }
 
+  static std::string Named(const ModuleSettings& module) {
+    const FileNames names = module.Names();
+    return names.runtimeOptions + ' ' + names.profile + ' ' + names.scannerList;
+  }
+
   ScratchFolder folder_;
   SimulatedClock clock_;
   HeadlessSystem system_{clock_, 0x0404};
@@ -35,9 +40,7 @@ class Options : public testing::Test {
 TEST_F(Options, HaveTheirDefaultsWithoutAFile) {
   const std::string none = folder_.Path("none");
   const ModuleSettings module(engine_, system_, none);
-  EXPECT_EQ(module.RuntimeOptionsName(), "QUIRNHTp.INI");
-  EXPECT_EQ(module.ProfileName(), "QUIRNPrf.ini");
-  EXPECT_EQ(module.ScannerListName(), "QUIRNSLT.dat");
+  EXPECT_EQ(Named(module), "QUIRNHTp.INI QUIRNPrf.ini QUIRNSLT.dat");
   EXPECT_EQ(module.DriverType(), 3);
 
   const HardwareOptions hardware(engine_, system_, none);
@@ -66,13 +69,65 @@ TEST_F(Options, ChooseTheFaceAndTheName) {
 
 TEST_F(Options, CutTextsBetweenCharacters) {
   const auto cut = [&](std::size_t count, const char* end) {
-    return From<ModuleSettings>("[INIFiles]\nQUIRNMFP_PROFILE=" + std::string(count, 'n') + end).ProfileName();
+    return From<ModuleSettings>("[INIFiles]\nQUIRNMFP_PROFILE=" + std::string(count, 'n') + end).Names().profile;
   };
   EXPECT_EQ(cut(60, "\n"), std::string(49, 'n'));
   EXPECT_EQ(cut(48, "\u7DE8x\n"), std::string(48, 'n')) << "a character of three bytes that has no room";
   EXPECT_EQ(cut(46, "\u7DE8x\n"), std::string(46, 'n') + "\u7DE8");
   EXPECT_EQ(From<OptionFile>("[Device]\nDefault=" + std::string(300, 'd') + "\n").Read(option_key::defaultDevice),
             std::string(255, 'd'));
+}
+
+// Whoever writes the module settings names files of one folder, and no other thing.
+TEST_F(Options, NameFilesOfTheFolderAndEachItsOwn) {
+  const auto profileNamed = [&](const std::string& name) {
+    return From<ModuleSettings>("[INIFiles]\nQUIRNMFP_PROFILE='" + name + "'\n").Names().profile;
+  };
+  for (const char* name : {"",
+                           ".",
+                           "..",
+                           "../a.ini",
+                           "/a",
+                           "a/b",
+                           "..\\a",
+                           "a\\b",
+                           "C:a",
+                           "a:stream",
+                           "nul",
+                           "Con.ini",
+                           "AUX .x",
+                           "com1",
+                           "LPT9.ini",
+                           "conin$",
+                           "a ",
+                           "a.",
+                           "a.LOCK",
+                           ".tmp",
+                           "p.Tmp",
+                           "quirnht.INI.tmp",
+                           "QUIRNSLT.DAT",
+                           "quirnhtp.ini",
+                           "quirnmfp.ini",
+                           "QUIRNHW.INI"}) {
+    EXPECT_EQ(profileNamed(name), "QUIRNPrf.ini") << name;
+  }
+  for (const char* name :
+       {"own.ini", "...a", "com", "com10.ini", "nullify", "lock", "a.tmp.ini", "quirnprf.INI", "\u7DE8.ini"}) {
+    EXPECT_EQ(profileNamed(name), name);
+  }
+  const struct {
+    const char *options, *profile, *list, *names;
+  } cases[] = {
+      {"a", "A", "a", "a QUIRNPrf.ini QUIRNSLT.dat"},
+      {"a", "b", "B", "a b QUIRNSLT.dat"},
+      {"QUIRNPrf.ini", "QUIRNSLT.dat", "QUIRNHTp.INI", "QUIRNHTp.INI QUIRNPrf.ini QUIRNSLT.dat"},
+      {"..", "a", "b", "QUIRNHTp.INI a b"},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(Named(From<ModuleSettings>(std::string("[INIFiles]\nQUIRNHTEMP_INI=") + c.options +
+                                         "\nQUIRNMFP_PROFILE=" + c.profile + "\nQUIRNSCANNERLIST=" + c.list + '\n')),
+              c.names);
+  }
 }
 
 TEST_F(Options, RestrictHighBitsToListedApplications) {
