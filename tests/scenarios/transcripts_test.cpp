@@ -1,10 +1,13 @@
-// Every script in data/scripts prints what lies beside it.
+// Every script in data/scripts is played. FILE.out beside it holds what it prints. FILE.err holds how it fails: each
+// of its parts, between lines of "#----", is a script of its own and ends with one of the lines. A script with
+// neither proves itself by its `expect` lines.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <sstream>
 
 #include "apps/driver/script_text.h"
@@ -35,12 +38,21 @@ std::vector<std::string> RawWords(const std::string& line) {
   return words;
 }
 
-// These lines depend on more than what a script is about, so its transcript leaves them out.
-bool IsLeftOut(const std::string& line) {
+// Lines that depend on more than what most scripts are about. A transcript that holds one of a kind holds all of
+// them.
+std::string KindLeftOut(const std::string& line) {
   const auto words = RawWords(line);
-  if (words.empty()) return false;
-  return words[0] == "repaint" || words[0] == "beep" ||
-         (words[0] == "dialog" && words.size() > 1 && (words[1] == "115" || words[1] == "120"));
+  if (words.empty()) return {};
+  if (words[0] == "repaint" || words[0] == "beep") return words[0];
+  if (words[0] != "dialog" || words.size() < 2) return {};
+  return words[1] == "115" || words[1] == "120" ? words[1] : std::string();
+}
+
+std::vector<std::string> LinesOf(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream rest(text);
+  for (std::string line; std::getline(rest, line);) lines.push_back(line);
+  return lines;
 }
 
 // '*' stands for any word; a word may hold one as well ("index=*").
@@ -57,24 +69,70 @@ bool LineFits(const std::string& expected, const std::string& seen) {
   return std::equal(expectedWords.begin(), expectedWords.end(), seenWords.begin(), seenWords.end(), WordFits);
 }
 
-class Transcripts : public testing::TestWithParam<fs::path> {};
-
-TEST_P(Transcripts, PrintWhatLiesBeside) {
-  const fs::path script = GetParam();
-  const ScriptRun run = RunScript(WholeFile(script), script.parent_path().string() + '/');
-  EXPECT_EQ(run.complaints, std::vector<std::string>{});
-
-  std::vector<std::string> seen;
-  std::remove_copy_if(run.printed.begin(), run.printed.end(), std::back_inserter(seen), IsLeftOut);
-  std::vector<std::string> expected;
-  std::istringstream transcript(WholeFile(fs::path(script).replace_extension(".out")));
-  for (std::string line; std::getline(transcript, line);) expected.push_back(line);
+void ExpectTranscript(const std::vector<std::string>& expected, const std::vector<std::string>& printed) {
   ASSERT_FALSE(expected.empty());
-
+  std::set<std::string> kinds = {""};
+  for (const std::string& line : expected) kinds.insert(KindLeftOut(line));
+  std::vector<std::string> seen;
+  std::copy_if(printed.begin(), printed.end(), std::back_inserter(seen),
+               [&](const std::string& line) { return kinds.contains(KindLeftOut(line)); });
   for (std::size_t i = 0; i < std::max(expected.size(), seen.size()); ++i) {
     const std::string want = i < expected.size() ? expected[i] : "(nothing)";
     const std::string got = i < seen.size() ? seen[i] : "(nothing)";
-    EXPECT_TRUE(LineFits(want, got)) << "line " << i + 1 << "\n  want " << want << "\n  got  " << got;
+    ASSERT_TRUE(LineFits(want, got)) << "line " << i + 1 << "\n  want " << want << "\n  got  " << got;
+  }
+}
+
+// The parts of a script that fails, each behind as many empty lines as keep its line numbers.
+std::vector<std::string> PartsOf(const std::string& script) {
+  std::vector<std::string> parts(1);
+  std::string above;
+  for (const std::string& line : LinesOf(script)) {
+    above += '\n';
+    if (line == "#----") {
+      parts.push_back(above);
+    } else {
+      parts.back() += line + '\n';
+    }
+  }
+  return parts;
+}
+
+void ExpectFailures(const std::string& script, const std::vector<std::string>& expected, const std::string& folder) {
+  const std::vector<std::string> parts = PartsOf(script);
+  ASSERT_EQ(parts.size(), expected.size());
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    const ScriptRun run = RunScript(parts[i], folder);
+    ASSERT_EQ(run.complaints.size(), 1U) << expected[i];
+    EXPECT_EQ(LinesOf(run.complaints.front()).front(), expected[i]);
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(std::ranges::count(run.printed, "dpi=100"), 0) << "what stands behind the failure was played";
+  }
+}
+
+class Transcripts : public testing::TestWithParam<fs::path> {
+ protected:
+  static std::string Beside(const char* extension) {
+    const fs::path file = fs::path(GetParam()).replace_extension(extension);
+    return fs::exists(file) ? WholeFile(file) : std::string();
+  }
+};
+
+TEST_P(Transcripts, Hold) {
+  const std::string script = WholeFile(GetParam());
+  const std::string folder = GetParam().parent_path().string() + '/';
+  const std::vector<std::string> transcript = LinesOf(Beside(".out"));
+  if (const std::vector<std::string> failures = LinesOf(Beside(".err")); !failures.empty()) {
+    return ExpectFailures(script, failures, folder);
+  }
+  const bool echo = !transcript.empty() && transcript.front().starts_with("> ");
+  const ScriptRun run = RunScript(script, folder, echo);
+  ASSERT_EQ(run.complaints, std::vector<std::string>{});
+  EXPECT_EQ(run.status, 0);
+  if (transcript.empty()) {
+    EXPECT_NE(script.find("\nexpect "), std::string::npos) << "it proves nothing";
+  } else {
+    ExpectTranscript(transcript, run.printed);
   }
 }
 
