@@ -143,6 +143,13 @@ TEST_F(EarlyEnd, UnderADialogAndABox) {
   Person().Click(id::saveButton);
   EXPECT_EQ(Changed(before), "Active | Tmp");
 
+  StartAfresh();
+  Open();
+  WhenDialog(dialog::addScanner, [this] { Host().EndWindows(); });
+  Person().Pick(id::scannerCombo, 0);
+  EXPECT_EQ(Heard(), std::vector<std::string>{});
+  EXPECT_TRUE(TheSession().TheDesk().Standing().empty());
+
   for (const int button : {id::deleteButton, id::saveButton}) {
     StartAfresh();
     Record() = {};
@@ -167,8 +174,9 @@ TEST_F(EarlyEnd, OfAWindowTakesWhatWasTyped) {
   Person().Type(id::widthEdit, "4.25");
   Forget();
   Host().Close();
-  EXPECT_EQ(Told(), "409/1 402 402");
-  EXPECT_EQ(Value("width"), "4.25");
+  const std::string area = "host 0x402 0 settings";
+  EXPECT_EQ(Heard(), (std::vector<std::string>{"host 0x409 1 settings", area, area}));
+  EXPECT_EQ(Record().width, 4.25);
 }
 
 }  // namespace
