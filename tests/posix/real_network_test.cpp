@@ -1,6 +1,7 @@
 // The searches over real sockets: on the loopback, and between two network namespaces that the test makes for itself,
 // so that a broadcast is really sent and heard and nothing leaves them.
 #include <arpa/inet.h>
+#include <gmock/gmock.h>
 #include <signal.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
@@ -9,13 +10,14 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <thread>
 
 #include "platform/posix/file_handle.h"
 #include "platform/posix/posix_sockets.h"
 #include "platform/posix/posix_system.h"
 #include "scanner/nets.h"
-#include "tests/scanner/scanner_desk.h"
+#include "tests/support/scratch_folder.h"
 
 namespace set32 {
 namespace {
@@ -196,10 +198,8 @@ struct RealNetwork {
   PosixSystem system;
 };
 
-class NetworkNamespaces : private RealNetwork, public ScannerDesk {
+class NetworkNamespaces : public testing::Test, protected RealNetwork {
  protected:
-  NetworkNamespaces() : ScannerDesk(&sockets, &system) {}
-
   static bool IsInside() { return !OtherNetwork().empty(); }
 
   // Runs the current test once more with a network of its own and another beside it.
@@ -214,53 +214,49 @@ class NetworkNamespaces : private RealNetwork, public ScannerDesk {
     EXPECT_NE(output.find("[  PASSED  ] 1 test."), output.npos) << output;
   }
 
-  RealNetwork& Real() { return *this; }
+  // The console host plays a script on the real network, in a folder that stays until the test ends.
+  void Play(const char* script) {
+    std::string command = Beside("scan-host");
+    command.append(" --network real --dir ").append(folder_.Path("dir"));
+    command.append(" '" SET32_TEST_DATA "/").append(script).append("'");
+    const auto [status, output] = RunProgram(command);
+    EXPECT_EQ(status, 0) << output;
+  }
+
+ private:
+  ScratchFolder folder_;
 };
 
 TEST_F(NetworkNamespaces, TypedScannerIsHiddenWhileSilentAndShownAgain) {
   if (!IsInside()) return RunInside();
-  driverType_ = driver_type::network;
-  files_.content["temp/list.dat"] = {'D', 'L', 0, 0};
-  StartPage();
   // No search finds it: it answers with the kind of a request.
-  std::optional<Answerer> shy;
-  const auto answerAgain = [&] {
-    shy.emplace(std::vector<std::string>{"--address", "10.77.0.3", "--bytes", "4e4554531000000000000000"});
+  const auto whileAnswering = [this](const char* script) {
+    const Answerer shy({"--address", "10.77.0.3", "--bytes", "4e4554531000000000000000"});
+    Play(script);
   };
-  answerAgain();
-  WhenAddDialogOpensEnter(10, 77, 0, 3);
-  Pick(addEntry);
-  EXPECT_THAT(Entries(), ElementsAre("10.77.0.3", addEntry));
-  shy.reset();
-  Refresh();
-  EXPECT_THAT(Entries(), ElementsAre(addEntry));
-  answerAgain();
-  Refresh();
-  EXPECT_THAT(Entries(), ElementsAre("10.77.0.3", addEntry));
-  EXPECT_THAT(Heard(), ElementsAre("0 10.77.0.3", "1 " + addEntry, "0 10.77.0.3"));
+  whileAnswering("real_typed.scn");
+  Play("real_silent.scn");
+  whileAnswering("real_again.scn");
 }
 
 TEST_F(NetworkNamespaces, ConsoleHostFindsChoosesAndRemembersTheScanner) {
   if (!IsInside()) return RunInside();
   const Answerer scanner({"--address", "10.77.0.2"});
-  const auto [status, output] =
-      RunProgram("'" + Beside("scan-host") + "' --network real '" SET32_TEST_DATA "/real_network.scn'");
-  EXPECT_EQ(status, 0) << output;
+  Play("real_network.scn");
 }
 
 TEST_F(NetworkNamespaces, FloodOfAMillionDatagramsMovesNothing) {
   if (!IsInside()) return RunInside();
   const Answerer flooding({"--address", "10.77.0.4", "--flood", "1000000"});
   CScannerList list;
-  EXPECT_LE(Lasts([&] { BroadcastDiscovery(Real().sockets, Real().system, list); }), milliseconds(4500));
+  EXPECT_LE(Lasts([&] { BroadcastDiscovery(sockets, system, list); }), milliseconds(4500));
   ASSERT_EQ(list.Count(), 1);
   EXPECT_EQ(list.Head()->record.Name(), "10.77.0.4");
   DistinctRecords added(1);
   ScannerRecord record;
   record.SetName("10.77.0.4");
   added.Put(record);
-  EXPECT_LE(Lasts([&] { CheckAddedScanners(Real().sockets, Real().system, added, networkScannerPort); }),
-            milliseconds(3500));
+  EXPECT_LE(Lasts([&] { CheckAddedScanners(sockets, system, added, networkScannerPort); }), milliseconds(3500));
 }
 
 }  // namespace
