@@ -102,7 +102,9 @@ TEST_F(Dib, ReadsPlainPixelsAndBeginsWithNeutralValues) {
   EXPECT_EQ(dib.palette, nullptr);
   EXPECT_EQ(reinterpret_cast<std::uint8_t*>(dib.colourTable), reinterpret_cast<std::uint8_t*>(dib.header) + 40);
   EXPECT_EQ(dib.ownsDisplay, 1);
+  dib.bitmapHandle = &dib;  // no system takes it for a bitmap
   dib.Empty();
+  EXPECT_EQ(dib.bitmapHandle, nullptr) << "or it would be released twice";
   EXPECT_EQ(dib.GetDimensions().width, 0);
   EXPECT_EQ(dib.sourcePixels, nullptr);
   EXPECT_EQ(dib.pixelOwner, 0U);

@@ -23,7 +23,8 @@ constexpr ToneCase cases[] = {
     ToneCase{0, -100, 1.0, 0, 127, 127}, ToneCase{0, -100, 1.0, 128, 255, 128}, ToneCase{0, 0, 2.0, 64, 64, 127},
     ToneCase{0, 0, 2.0, 128, 128, 180}, ToneCase{0, 0, 0.5, 64, 64, 16}, ToneCase{0, 0, 0.5, 128, 128, 64},
     ToneCase{0, 50, 1.0, 64, 64, 32}, ToneCase{0, 50, 1.0, 192, 192, 224}, ToneCase{0, -50, 1.0, 64, 64, 89},
-    ToneCase{0, -50, 1.0, 192, 192, 166}, ToneCase{50, 0, 1.0, 0, 0, 126}, ToneCase{-50, 0, 1.0, 128, 128, 64},
+    ToneCase{0, -50, 1.0, 192, 192, 166}, ToneCase{0, -50, 1.0, 5, 5, 24}, ToneCase{50, 0, 1.0, 0, 0, 126},
+    ToneCase{-50, 0, 1.0, 128, 128, 64},
     // The last entry follows the one before it.
     ToneCase{0, 0, 1.0, 254, 255, 254},
     // Records from anywhere: values beyond the scale, gammas that say nothing.

@@ -5,17 +5,8 @@
 #include "controls/message_dialog.h"
 #include "controls/modal_to_modeless.h"
 #include "controls/thread_message.h"
-#include "platform/profile_engine.h"
-#include "resources/ids.h"
-#include "stage/model/folder_paths.h"
-#include "stage/model/folder_registry.h"
-#include "stage/model/headless_boxes.h"
 #include "stage/model/headless_dialog.h"
-#include "stage/model/headless_system.h"
-#include "stage/model/simulated_network.h"
-#include "stage/model/simulated_usb.h"
-#include "tests/support/memory_files.h"
-#include "tests/support/stage.h"
+#include "tests/support/scenario.h"
 
 namespace set32 {
 namespace {
@@ -41,105 +32,81 @@ class MutexRecorder : public Threads {
   };
 };
 
-class MessagesTest : public testing::Test {
+class Messages : public Scenario {
  protected:
-  MessagesTest() {
-    state_.runtimeIniPath = "options.ini";
+  Messages() {
+    state_.runtimeIniPath = TheSession().TheFiles().PathOf(ModuleFile::options);
     state_.productName = "Scan Desk";
-    boxes_.SetListener([this](const ShownBox& box) { shown_.push_back(box); });
   }
 
-  Dialog* MessageWindow() {
-    for (Dialog* dialog : stage_.TheWindows().Standing()) {
-      if (dialog->TemplateId() == dialog::message) return dialog;
-    }
-    return nullptr;
-  }
+  Dialog* MessageWindow() { return TheSession().TheDesk().Find(dialog::message); }
+  std::string Shown() { return MessageWindow()->Title() + ": " + Seen("115:1033"); }
   static std::string IconOf(Dialog& window) {
     const auto* modelled = dynamic_cast<HeadlessDialog*>(&window);
     return modelled == nullptr ? "" : modelled->Icon().name;
   }
 
-  static constexpr DialogTemplate page{1, "", {100, 100}, "Sans", 8, DialogStyle::child, {}};
-  Stage stage_{page};
-  SimulatedClock clock_;
-  HeadlessSystem system_{clock_, 0x0404};
-  SimulatedNetwork network_{clock_};
-  SimulatedUsb usb_;
-  MemoryFiles files_;
-  ProfileEngine profiles_{files_};
-  FolderRegistry registry_{"/no/such/folder"};
-  FolderPaths paths_{"/no/such/folder"};
-  HeadlessBoxes boxes_;
-  MutexRecorder threads_;
-  Platform platform_{
-      stage_.TheWindows(),         boxes_,  files_, paths_, profiles_, system_, network_, usb_, registry_,
-      stage_.desk->TheClipboard(), threads_};
-  ModuleState state_{platform_};
-  std::vector<ShownBox> shown_;
+  ModuleState state_{TheSession().Outside().ThePlatform()};
+  CMessageDlg message_{state_};
 };
 
-TEST_F(MessagesTest, TheDialogIsUsedAgain) {
-  CMessageDlg message(state_);
-  message.Show(stage_.dialog->Handle(), "first", "one");
+TEST_F(Messages, TheDialogIsUsedAgain) {
+  message_.Show(0, "first", "one");
   Dialog* window = MessageWindow();
   ASSERT_NE(window, nullptr);
   window->Move({0, 0, 50, 50});
-  message.Show(stage_.dialog->Handle(), "second", "two");
+  message_.Show(0, "second", "two");
   EXPECT_EQ(MessageWindow(), window);
-  EXPECT_EQ(window->Title(), "second");
-  EXPECT_EQ(window->Get<Label>(id115::text).Text(), "two");
+  EXPECT_EQ(Shown(), "second: label visible enabled text=\"two\"");
   const Rect place = window->Place();
-  const Size screen = stage_.TheWindows().FullScreen();
+  const Size screen = TheSession().Outside().ThePlatform().windows.FullScreen();
   EXPECT_EQ(place.left, (screen.width - place.Width()) / 2);
   EXPECT_EQ(place.top, (screen.height - place.Height()) / 2);
 
-  stage_.Hands().Click(window->Get<Button>(id::ok));
+  Person().Click({dialog::message, id::ok});
   EXPECT_TRUE(window->IsAlive());
   EXPECT_FALSE(window->IsVisible());
-  message.Show(stage_.dialog->Handle(), "third", "three");
+  message_.Show(0, "third", "three");
   EXPECT_TRUE(window->IsVisible());
 }
 
-TEST_F(MessagesTest, TheDialogComesBackAfterItsOwnerDied) {
-  CMessageDlg message(state_);
-  message.Show(stage_.dialog->Handle(), "first", "one");
-  stage_.Hands().DestroyHostWindow(stage_.host);
+TEST_F(Messages, TheDialogComesBackAfterItsOwnerDied) {
+  Open();
+  message_.Show(Host().Page(), "first", "one");
+  Host().Close();
   ASSERT_EQ(MessageWindow(), nullptr);
-  message.Show(0, "second", "two");
+  message_.Show(0, "second", "two");
   ASSERT_NE(MessageWindow(), nullptr);
   EXPECT_EQ(MessageWindow()->Title(), "second");
 }
 
-TEST_F(MessagesTest, AMakersEditionHasItsOwnIcon) {
-  CMessageDlg message(state_);
-  message.Show(0, "", "");
+TEST_F(Messages, AMakersEditionHasItsOwnIcon) {
+  message_.Show(0, "", "");
   ASSERT_NE(MessageWindow(), nullptr);
   const std::string ordinary = IconOf(*MessageWindow());
-  profiles_.WriteString("Option", "OEM", "1", "options.ini");
-  message.Show(0, "", "");
+  WriteKey(ModuleFile::options, "Option", "OEM", "1");
+  message_.Show(0, "", "");
   if (ordinary.empty()) GTEST_SKIP() << "a real window doesn't name its icon";
   EXPECT_EQ(ordinary, picture::windowIcon);
   EXPECT_EQ(IconOf(*MessageWindow()), picture::windowIconOem);
 }
 
-TEST_F(MessagesTest, EachErrorHasABoxWithItsOwnText) {
-  state_.boxOwner = 0;
+TEST_F(Messages, EachErrorHasABoxWithItsOwnText) {
+  std::vector<WindowHandle> owners;
+  std::string shown;
+  TheSession().Outside().TheBoxes().SetListener([&](const ShownBox& box) {
+    owners.push_back(box.owner);
+    shown += box.caption + '/' + std::to_string(box.style) + (box.onThread ? "/thread/" : "/") + box.text + '\n';
+  });
   ShowMessageOnThread(state_, "first");
-  state_.boxOwner = stage_.dialog->Handle();
+  Open();
+  state_.boxOwner = Host().Page();
   std::string longText;
   while (longText.size() < 300) longText += "\xC3\xA9";
   ShowMessageOnThread(state_, longText);
-  ASSERT_EQ(shown_.size(), 2U);
-  EXPECT_EQ(shown_[0].text, "first");
-  EXPECT_EQ(shown_[0].owner, 0U);
-  EXPECT_EQ(shown_[1].owner, stage_.dialog->Handle());
-  EXPECT_EQ(shown_[1].text, longText.substr(0, 254)) << "cut at a character";
-  for (const ShownBox& box : shown_) {
-    EXPECT_EQ(box.caption, "Scan Desk");
-    EXPECT_EQ(box.style, 16U);
-    EXPECT_TRUE(box.onThread);
-  }
+  EXPECT_THAT(owners, testing::ElementsAre(0U, Host().Page()));
+  EXPECT_EQ(shown,
+            "Scan Desk/16/thread/first\nScan Desk/16/thread/" + longText.substr(0, 254) + '\n');  // a character
 }
 
 class FakeDialog : public ModelessDialog {
@@ -156,7 +123,12 @@ class FakeDialog : public ModelessDialog {
   std::function<void()> whenOpening;
 };
 
-TEST_F(MessagesTest, ARunHoldsItsMutexFromStartToEnd) {
+class ModelessRun : public testing::Test {
+ protected:
+  MutexRecorder threads_;
+};
+
+TEST_F(ModelessRun, HoldsItsMutexFromStartToEnd) {
   CDlgModalToModeless run(threads_);
   FakeDialog dialog;
   dialog.run = &run;
@@ -170,7 +142,7 @@ TEST_F(MessagesTest, ARunHoldsItsMutexFromStartToEnd) {
   EXPECT_TRUE(run.Start(dialog, 0)) << "and it can be started again";
 }
 
-TEST_F(MessagesTest, ARunWithoutWindowIsNone) {
+TEST_F(ModelessRun, WithoutWindowIsNone) {
   CDlgModalToModeless run(threads_);
   FakeDialog dialog;
   dialog.opens = false;

@@ -125,28 +125,6 @@ TEST(TypedSize, IsJudgedInInches) {
   EXPECT_EQ(InchesOf(std::string(254, '0') + "12", unit::inch, 100), 1.0) << "255 characters are read";
 }
 
-TEST(TypedSize, RangesOfTyping) {
-  struct Case {
-    Dimension dimension;
-    std::uint32_t source, units;
-    double low, high;
-  };
-  const Case cases[] = {
-      {Dimension::width, flatbed, unit::inch, 0.3, 8.5},
-      {Dimension::width, positive, unit::centimetre, 0.762, 21.59},
-      {Dimension::height, flatbed, unit::centimetre, 0.762, 29.6926},
-      {Dimension::height, feeder, unit::centimetre, 0.762, 35.56},
-      {Dimension::height, negative, unit::inch, 0.3, 11.69},
-      {Dimension::height, flatbed, unit::pixel, 60.0, 2338.0},
-      {Dimension::height, feeder, unit::pixel, 60.0, 2800.0},
-  };
-  for (const Case& one : cases) {
-    const TypingRange range = SizeTypingRange(one.dimension, one.source, one.units, 200);
-    EXPECT_DOUBLE_EQ(range.low, one.low);
-    EXPECT_DOUBLE_EQ(range.high, one.high);
-  }
-}
-
 TEST(TypedSize, MessagesNameTheirRange) {
   struct Case {
     Dimension dimension;
@@ -201,6 +179,7 @@ TEST(Preview, ResolutionAndEdges) {
   EXPECT_EQ(PreviewDpi(3937), 100);  // 99.9998
   EXPECT_EQ(PreviewDpi(2953), 75);   // 75.0062
   EXPECT_EQ(PreviewDpi(3917), 99);   // 99.4918
+  EXPECT_EQ(PreviewDpi(2500), 63);   // 63.5: only more than a half counts
   EXPECT_EQ(PreviewDpi(-1), 0);
 
   constexpr PreviewFacts page{850, 1169, 100};
@@ -208,6 +187,7 @@ TEST(Preview, ResolutionAndEdges) {
   EXPECT_TRUE(FitsPreview(99.0, 0, width, page)) << "an area at the origin is never asked";
   EXPECT_TRUE(FitsPreview(7.49, 100, width, page)) << "749 + 100 + 1";
   EXPECT_FALSE(FitsPreview(7.5, 100, width, page));
+  EXPECT_FALSE(FitsPreview(7.4949999, 100, width, page)) << "7.49500 first, then 750";
   EXPECT_TRUE(FitsPreview(10.68, 100, Dimension::height, page));
   EXPECT_FALSE(FitsPreview(infinite, 1, width, page));
   EXPECT_TRUE(FitsPreview(1.0, -2147483647, width, page));

@@ -204,6 +204,18 @@ TEST(ProfileEngineRead, LeavesAFileOfAbsurdSizeAlone) {
   EXPECT_EQ(std::filesystem::file_size(path), absurd);
 }
 
+TEST(ProfileEngineWrite, RefusesAFileThatWouldBeTooLarge) {
+  const std::string added = "k=v\r\n";
+  for (const bool fits : {true, false}) {
+    MemoryFiles files;
+    std::string before = "[t]\r\nx=";
+    before.append(ProfileEngine::largestFile - before.size() - 2 - added.size() + (fits ? 0 : 1), '1').append("\r\n");
+    files.content["p.ini"] = before;
+    EXPECT_EQ(ProfileEngine(files).WriteString("t", "k", "v", "p.ini"), fits);
+    EXPECT_TRUE(files.content["p.ini"] == (fits ? before + added : before));
+  }
+}
+
 // Each step of each kind of write fails once. What stands afterwards is the old file, whole, and nothing beside it; a
 // result of true means the new one.
 TEST(ProfileEngineFaults, LeaveTheOldFileOrTheNewOne) {

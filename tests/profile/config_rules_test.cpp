@@ -64,18 +64,5 @@ TEST(ConfigRules, ColumnLeavesRoomForAScrollBarOnceTheRowsDoNotFit) {
   EXPECT_EQ(ColumnWidthFor(usualBar, 0, 4, 220), 220);
 }
 
-TEST(ConfigRules, ClickCutsLengthsToHundredths) {
-  ScanSettings settings{};
-  settings.width = 8.279999;
-  settings.height = 11.0;
-  settings.customWidth = -1.239;
-  settings.customHeight = 1e300;
-  CutLengths(settings);
-  EXPECT_DOUBLE_EQ(settings.width, 8.27);
-  EXPECT_DOUBLE_EQ(settings.height, 11.0);
-  EXPECT_DOUBLE_EQ(settings.customWidth, -1.23);
-  EXPECT_DOUBLE_EQ(settings.customHeight, 1e300);
-}
-
 }  // namespace
 }  // namespace set32

@@ -13,7 +13,7 @@ ScriptRun RunScript(std::string_view text, const std::string& folder, bool echo)
   InterpreterOptions options;
   options.echo = echo;
   options.scriptFolder = folder;
-  Interpreter interpreter({place.Path()}, options,
+  Interpreter interpreter({.folder = place.Path(), .quickFiles = true}, options,
                           {[&run](const std::string& line) { run.printed.push_back(line); },
                            [&run](const std::string& line) { run.complaints.push_back(line); }});
   std::istringstream lines{std::string(text)};
