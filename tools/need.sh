@@ -17,22 +17,26 @@ quietly() {
   return "$status"
 }
 
+# need_lists: the newest lists of packages, once. A source that can't be reached is no matter as long as the packages can
+# be had.
+need_lists() {
+  as_root=()
+  [[ $(id -u) -eq 0 ]] || as_root=(sudo)
+  if [[ -z ${updated:-} ]]; then quietly build/install.log "${as_root[@]}" apt-get update -q || true; fi
+  updated=1
+}
+
 # need COMMAND-OR-FILE PACKAGE...: installs the packages unless the command or file is there.
 need() {
-  local what=$1 log=build/install.log as_root=()
+  local what=$1 log=build/install.log as_root
   shift
   if command -v "$what" > /dev/null 2>&1 || [[ -e "$what" ]]; then return; fi
-  if [[ $(id -u) -ne 0 ]]; then
-    command -v sudo > /dev/null || {
-      echo "Missing here, and only root can install it: apt-get install --no-install-recommends $*" >&2
-      exit 1
-    }
-    as_root=(sudo)
+  if [[ $(id -u) -ne 0 ]] && ! command -v sudo > /dev/null; then
+    echo "Missing here, and only root can install it: apt-get install --no-install-recommends $*" >&2
+    exit 1
   fi
   echo "Installing $* ..." >&2
-  # A source that can't be reached is no matter as long as the packages can be had.
-  if [[ -z ${updated:-} ]]; then quietly "$log" "${as_root[@]}" apt-get update -q || true; fi
-  updated=1
+  need_lists
   quietly "$log" "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
     apt-get install -y -q -o DPkg::Lock::Timeout=300 --no-install-recommends "$@" ||
     { tail -n 5 "$log" >&2; exit 1; }

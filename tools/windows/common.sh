@@ -4,6 +4,8 @@ tools=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 project=$(cd "$tools/../.." && pwd)
 root=${SET32_WINE_ROOT:-$project/build/windows/root}
 prefix64=$project/build/windows/prefix64
+prefix_version=2  # counts up whenever make-prefix.sh or what it lays changes
+symbols=$project/build/windows/marlett.ttf
 cd "$project"
 source tools/need.sh
 
@@ -32,8 +34,30 @@ choose_windows() {
   need xauth xauth
   need /usr/share/fonts/truetype/wqy/wqy-microhei.ttc fontconfig fonts-wqy-microhei
   mkdir -p "$(dirname "$prefix64")"
-  [ -e "$prefix64/.ready" ] || in_wine64 "$tools/make-prefix.sh" "$prefix64" > "$prefix64.log" 2>&1 ||
+  is_current "$prefix64" && return
+  need_symbols
+  in_wine64 "$tools/make-prefix.sh" "$prefix64" "$prefix_version" "$symbols" > "$prefix64.log" 2>&1 ||
     fail "the prefix could not be made, see $prefix64.log"
+}
+
+# is_current PREFIX: it stands, with all that this version lays.
+is_current() {
+  local version
+  version=$(cat "$1/.ready" 2> /dev/null) && [ "${version:-0}" -ge "$prefix_version" ]
+}
+
+# The signs on the buttons of captions. Of the package that holds them only that font: a prefix that has its others too
+# shows texts in bitmaps without Chinese letters.
+need_symbols() {
+  local folder=$project/build/windows/fonts
+  [ -s "$symbols" ] && return
+  mkdir -p "$folder"
+  need_lists
+  (cd "$folder" && quietly download.log apt-get download fonts-wine) ||
+    fail "the package fonts-wine can't be had, see ${folder#"$project/"}/download.log"
+  dpkg-deb --fsys-tarfile "$folder"/fonts-wine_*.deb | tar -xO ./usr/share/wine/fonts/marlett.ttf > "$symbols.new"
+  mv "$symbols.new" "$symbols"
+  rm -r "$folder"
 }
 
 # build_for PRESET [TARGET...]: builds, and prints the folder.

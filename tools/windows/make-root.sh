@@ -1,7 +1,7 @@
 #!/bin/bash
 # Makes the folder in which 32-bit Windows programs run: a small Debian of its own with wine, since 32-bit wine often
-# can't be installed beside a machine's newer 64-bit libraries. Does nothing when the folder stands already, fails where
-# there can be none.
+# can't be installed beside a machine's newer 64-bit libraries. Does nothing when the folder stands already but bring its
+# prefix up to date, fails where there can be none.
 #
 # The folder is $SET32_WINE_ROOT, by default build/windows/root. Its mirror is the machine's own package source.
 set -euo pipefail
@@ -9,7 +9,16 @@ source "$(dirname "$0")/common.sh"
 
 [ "$(id -u)" = 0 ] || fail "32-bit wine stands in a folder that only root can make and enter"
 unshare --mount --propagation private true || fail "32-bit wine needs mounts of its own, which aren't allowed here"
+
+# make_prefix FOLDER
+make_prefix() {
+  need_symbols
+  quietly "$root.log" inside_root "$1" "$tools/make-prefix.sh" /root/prefix "$prefix_version" "$symbols" ||
+    { tail -5 "$root.log" >&2; fail "the prefix could not be made, see $root.log"; }
+}
+
 if [ -e "$root/.ready" ]; then
+  is_current "$root/root/prefix" || make_prefix "$root"
   say "32-bit wine stands in $root"
   exit 0
 fi
@@ -43,8 +52,7 @@ quietly "$root.log" unshare --mount --propagation private debootstrap --arch=i38
   --include=wine32,wine,xvfb,xauth,fontconfig,fonts-wqy-microhei "$release" "$made" "$mirror" ||
   { tail -5 "$root.log" >&2; fail "debootstrap failed, see $root.log"; }
 rm -rf "$made"/var/cache/apt/archives/*.deb
-quietly "$root.log" inside_root "$made" "$tools/make-prefix.sh" /root/prefix ||
-  { tail -5 "$root.log" >&2; fail "the prefix could not be made, see $root.log"; }
+make_prefix "$made"
 touch "$made/.ready"
 rm -rf "$root"
 mv "$made" "$root"
