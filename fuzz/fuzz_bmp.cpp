@@ -1,5 +1,5 @@
-// Any bytes as a bitmap file. What is read is turned into a picture of 24 bits, refreshed with every stage, counted,
-// and written; the written file is read again and gives the same picture.
+// Any bytes as a bitmap file. What is read is refreshed with every stage, counted, and written; the written file is
+// read again and gives the same picture.
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -10,7 +10,6 @@
 #include "adjust/histogram.h"
 #include "adjust/own_image_library.h"
 #include "adjust/preview.h"
-#include "apps/scan-desk/pixels/true_colour.h"
 #include "stage/model/headless_windows.h"
 
 namespace {
@@ -63,9 +62,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     return 0;
   }
   if (dib.imageSize > MostClaimed(size)) std::abort();
-  CDib turned;
-  const bool made = scan_desk::MakeTrueColour(dib, turned) == scan_desk::TrueColour::made;
-  if (made != (turned.header != nullptr)) std::abort();
   RefreshInEveryMode(dib);
   Sink sink;
   CDib again;

@@ -1,6 +1,6 @@
 // A windowed host for the panel.
 //
-//   scan-desk.exe [--page N] [--network usb|real] [--snapshot FILE.png] [--once] [PREVIEW.bmp]
+//   scan-desk.exe [--page N] [--network usb|real] [--snapshot FILE.png] [--once] [PREVIEW]
 //
 // With --snapshot it writes a picture of itself as soon as the panel stands, turned to page N of its sheet (0 or 1);
 // with --once it ends then. The exit status is 0, 1 when there is no panel or no snapshot, 2 for a wrong command

@@ -143,50 +143,22 @@ TEST_F(Desk, TurnsThePanelsPagesByKeysAlone) {
   EXPECT_TRUE(IsWindowVisible(GetFocus())) << "a control of the page in front";
 }
 
-std::string BitmapOf(std::uint16_t bits, int width, int height, std::size_t tableBytes, std::size_t pixelBytes) {
-  BITMAPFILEHEADER file{};
-  file.bfType = 0x4D42;
-  file.bfOffBits = DWORD{sizeof file + sizeof(BITMAPINFOHEADER)} + static_cast<DWORD>(tableBytes);
-  BITMAPINFOHEADER info{};
-  info.biSize = sizeof info;
-  info.biWidth = width;
-  info.biHeight = height;
-  info.biPlanes = 1;
-  info.biBitCount = bits;
-  return std::string(reinterpret_cast<const char*>(&file), sizeof file) +
-         std::string(reinterpret_cast<const char*>(&info), sizeof info) +
-         std::string(tableBytes + pixelBytes, '\x55');
-}
-
-TEST_F(Desk, OpensBitmapsOfEveryDepthAndKeepsThePictureWhenOneIsBroken) {
-  folder_.Write("1.bmp", BitmapOf(1, 300, 200, 8, 40 * 200));
-  folder_.Write("4.bmp", BitmapOf(4, 300, 200, 64, 152 * 200));
-  folder_.Write("8.bmp", BitmapOf(8, 300, 200, 1024, 300 * 200));
-  folder_.Write("24.bmp", BitmapOf(24, 300, 200, 0, 900 * 200));
-  folder_.Write("32.bmp", BitmapOf(32, 300, 200, 0, 1200 * 200));
-  folder_.Write("empty.bmp", "");
-  folder_.Write("text.bmp", "no bitmap at all, but longer than a header of one, so that its first letters tell");
-  folder_.Write("huge.bmp", BitmapOf(24, 60000, 60000, 0, 100));
-  folder_.Write("2.bmp", BitmapOf(2, 300, 200, 16, 80 * 200));
+TEST_F(Desk, ShowsAnotherPictureAndKeepsItWhenOneIsBroken) {
+  const std::wstring good = LR"(samples\flatbed-colour-100dpi.bmp)", broken = Wide(folder_.Write("text.png", "none"));
   ASSERT_TRUE(Open(Wide(folder_.Path("missing.bmp")))) << "white paper then";
   ASSERT_THAT(said_, ElementsAre(HasSubstr(L"missing.bmp")));
   EXPECT_EQ(Text(desk_->Window()), L"Scan desk");
-  for (const char* good : {"1.bmp", "4.bmp", "8.bmp", "24.bmp", "32.bmp"}) {
-    said_.clear();
-    Press(VK_INSERT);
-    desk_->ShowPicture(Wide(folder_.Path(good)));
-    EXPECT_THAT(said_, ElementsAre()) << good;
-    EXPECT_EQ(Text(desk_->Window()), Wide(good) + L" - Scan desk");
-    EXPECT_EQ(Tabs(), 1) << good;
-    EXPECT_EQ(Reported(), L"frame 0 added, 300 x 200 at 0, 0") << good;
+  said_.clear();
+  Press(VK_INSERT);
+  desk_->ShowPicture(good);
+  EXPECT_THAT(said_, ElementsAre());
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(Text(desk_->Window()), L"flatbed-colour-100dpi.bmp - Scan desk");
+    EXPECT_EQ(Tabs(), 1);
+    EXPECT_EQ(Reported(), L"frame 0 added, 850 x 1169 at 0, 0") << "the panel heard of no other picture";
+    desk_->ShowPicture(broken);
   }
-  for (const char* broken : {"missing.bmp", "empty.bmp", "text.bmp", "huge.bmp", "2.bmp", "."}) {
-    said_.clear();
-    desk_->ShowPicture(Wide(folder_.Path(broken)));
-    EXPECT_THAT(said_, ElementsAre(HasSubstr(Wide(folder_.Path(broken))))) << broken;
-    EXPECT_EQ(Text(desk_->Window()), L"32.bmp - Scan desk");
-    EXPECT_EQ(Reported(), L"frame 0 added, 300 x 200 at 0, 0") << "the panel heard of no other picture";
-  }
+  EXPECT_THAT(said_, ElementsAre(HasSubstr(broken), HasSubstr(broken)));
 }
 
 TEST_F(Desk, SaysWhenThereIsNoPanel) {

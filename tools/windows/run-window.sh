@@ -3,7 +3,7 @@
 # is none. Leaves a picture of it in build/scan-desk.png. On a display it runs until the person closes it; on a virtual
 # one it ends as soon as the picture is taken.
 #
-#   tools/windows/run-window.sh [--page N] [--network real] [PREVIEW.bmp]
+#   tools/windows/run-window.sh [--page N] [--network real] [PREVIEW]
 #
 # N is the sheet's page on the picture: 0 (General) or 1 (Advanced). Scanners are searched on USB alone, unless --network
 # real lets the panel ask every machine in the network.

@@ -21,7 +21,7 @@ using OwnedWords = set32::win32::Owned<wchar_t**, FreeWords>;
 }  // namespace
 
 const wchar_t usage[] =
-    L"scan-desk [--page N] [--network usb|real] [--snapshot FILE.png] [--once] [PREVIEW.bmp]\n\n"
+    L"scan-desk [--page N] [--network usb|real] [--snapshot FILE.png] [--once] [PREVIEW]\n\n"
     L"--network real lets the panel search this machine's network, where every machine hears it; else it searches on "
     L"USB alone. "
     L"--snapshot writes a picture of the window as soon as the panel stands, turned to page N of its sheet, 0 or 1; "

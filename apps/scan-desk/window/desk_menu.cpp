@@ -75,7 +75,7 @@ const wchar_t keyLegend[] =
     L"Everywhere\n"
     L"F6, Shift+F6: picture, panel and log in turn\n"
     L"Tab: the same, but the panel's controls within the panel\n"
-    L"Ctrl+O: open a bitmap as the preview\n"
+    L"Ctrl+O: open a picture as the preview\n"
     L"Ctrl+L: show or hide the log\n"
     L"Ctrl+P: close the panel, or open it again\n"
     L"Ctrl+R: report the frame as an automatic crop\n"

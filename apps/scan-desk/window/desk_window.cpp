@@ -250,7 +250,7 @@ void DeskWindow::AskForPicture() {
   OPENFILENAMEW ask{};
   ask.lStructSize = sizeof ask;
   ask.hwndOwner = Window();
-  ask.lpstrFilter = L"Bitmaps (*.bmp)\0*.bmp;*.dib\0All files\0*.*\0";
+  ask.lpstrFilter = L"Pictures\0*.bmp;*.dib;*.png;*.jpg;*.jpeg;*.tif;*.tiff\0All files\0*.*\0";
   ask.lpstrFile = path.data();
   ask.nMaxFile = static_cast<DWORD>(path.size());
   ask.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_DONTADDTORECENT;

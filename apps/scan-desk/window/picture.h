@@ -13,7 +13,7 @@ class Picture {
  public:
   // White paper, A4 at 100 dots an inch. False when memory is short.
   bool MakeBlank();
-  // A bitmap file of any depth. On false the picture is as it was and `trouble` is a sentence that says why.
+  // Any file that the system can decode. On false the picture is as it was and `trouble` is a sentence that says why.
   bool Open(const std::wstring& path, std::wstring& trouble);
 
   set32::CDib& Dib() { return dib_; }
@@ -22,7 +22,7 @@ class Picture {
   double DotsPerInch() const;
 
  private:
-  bool Take(const set32::CDib& held, std::wstring& trouble);
+  void TakeOver(set32::CDib& from);
 
   set32::CDib dib_;
 };
