@@ -1,8 +1,11 @@
 // The geometry of the windowed host: frames on a picture and the picture in its window.
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <limits>
+#include <vector>
 
+#include "apps/scan-desk/frames/auto_crop.h"
 #include "apps/scan-desk/frames/frames.h"
 #include "apps/scan-desk/frames/view_scale.h"
 
@@ -47,13 +50,6 @@ TEST(ViewScaleTest, HoldsTheEdgesNearThePointer) {
   EXPECT_EQ(GripAt({10, 10, 11, 11}, {10, 10}, 4), (Grip{.right = true, .bottom = true})) << "so that it can grow";
 }
 
-TEST(ViewScaleTest, KeepsResizedFramesInsideAndTheRightWayRound) {
-  constexpr Rect frame{100, 100, 200, 200};
-  EXPECT_EQ(Resized(frame, {.left = true}, {500, 0}, picture), (Rect{199, 100, 200, 200}));
-  EXPECT_EQ(Resized(frame, {.right = true, .bottom = true}, {-9, 9999}, picture), (Rect{100, 100, 101, 1169}));
-  EXPECT_EQ(Resized(frame, {.top = true}, {0, -50}, picture), (Rect{100, 0, 200, 200}));
-}
-
 TEST(ViewScaleTest, MakesAFrameOfWhateverARecordHolds) {
   constexpr double huge = std::numeric_limits<double>::infinity();
   constexpr double none = std::numeric_limits<double>::quiet_NaN();
@@ -84,12 +80,44 @@ TEST(FramesTest, KeepsACurrentFrameWhicheverGoes) {
   EXPECT_EQ(one.Under({5, 5}), -1);
 }
 
-TEST(FramesTest, MovesAndStretchesWithinThePicture) {
+TEST(FramesTest, MovesAndSizesWithinThePictureAndNotTooSmall) {
   Frames frames;
-  frames.SetArea(picture);
-  EXPECT_EQ(frames.Between({900, -5}, {300, 20}), (Rect{300, 0, 850, 20}));
+  frames.SetArea(picture, 30);
+  EXPECT_EQ(frames.Between({900, -5}, {300, 20}), (Rect{300, 0, 850, 30}));
+  EXPECT_EQ(frames.Between({840, 500}, {845, 495}), (Rect{820, 470, 850, 500}));
   EXPECT_EQ(frames.Moved({0, 0, 100, 100}, -10, 5000), (Rect{0, 1069, 100, 1169}));
-  EXPECT_EQ(frames.Stretched({10, 10, 20, 20}, -50, 5), (Rect{10, 10, 11, 25}));
+  EXPECT_EQ(frames.Stretched({10, 10, 90, 90}, -100, 5), (Rect{10, 10, 40, 95}));
+  const struct {
+    const char* what;
+    Grip grip;
+    Point to;
+    Rect sized;
+  } cases[] = {{"past the right edge", {.left = true}, {500, 0}, {200, 100, 500, 200}},
+               {"past both", {.right = true, .bottom = true}, {-9, 9999}, {0, 100, 100, 1169}},
+               {"upwards", {.top = true}, {0, -50}, {100, 0, 200, 200}},
+               {"near the other edge", {.left = true}, {190, 0}, {170, 100, 200, 200}},
+               {"just past it", {.left = true, .top = true}, {205, 201}, {200, 200, 230, 230}},
+               {"onto it", {.right = true}, {100, 0}, {100, 100, 130, 200}}};
+  for (const auto& [what, grip, to, sized] : cases)
+    EXPECT_EQ(frames.Resized({100, 100, 200, 200}, grip, to), sized) << what;
+  EXPECT_EQ(frames.Resized({810, 0, 840, 40}, {.left = true}, {845, 0}), (Rect{820, 0, 850, 40})) << "at the border";
+  frames.SetArea({20, 20}, 30);
+  EXPECT_EQ(frames.Between({5, 5}, {9, 1}), (Rect{0, 0, 20, 20})) << "a picture smaller than the least";
+}
+
+TEST(AutoCropTest, FindsWhatStandsOutFromTheGround) {
+  constexpr int width = 5, height = 4;
+  constexpr std::size_t stride = 16;
+  std::vector<std::uint8_t> pixels(stride * height, 240);
+  const auto put = [&](int x, int y, std::uint8_t blue) {
+    pixels[static_cast<std::size_t>(height - 1 - y) * stride + 3 * static_cast<std::size_t>(x)] = blue;
+  };
+  put(0, 3, 200);  // a shadow
+  EXPECT_EQ(ContentOf(pixels, {width, height}, stride), (Rect{0, 0, width, height}));
+  put(3, 1, 100);
+  put(1, 2, 0);
+  EXPECT_EQ(ContentOf(pixels, {width, height}, stride), (Rect{1, 1, 4, 3}));
+  EXPECT_EQ(ContentOf({}, {}, 0), Rect{});
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "apps/scan-desk/frames/frame_drag.h"
 
+#include <cstdlib>
 #include <utility>
 
 #include "host_records.h"
@@ -8,14 +9,14 @@ namespace scan_desk {
 
 namespace {
 
-constexpr int smallestFrame = 4;  // pixels of the picture; a shorter drag is a click
+constexpr int shortest = 4;  // pixels of the picture; a shorter drag is a click
 
 }  // namespace
 
 void FrameDrag::Begin(Frames& frames, set32::Point at, Grip grip, bool wantsNew) {
   const int under = frames.Under(at);
   before_ = frames.Current();
-  start_ = at;
+  start_ = end_ = at;
   grip_ = wantsNew ? Grip{} : grip;
   if (grip_.Any()) {
     kind_ = Kind::resizes;
@@ -29,6 +30,7 @@ void FrameDrag::Begin(Frames& frames, set32::Point at, Grip grip, bool wantsNew)
 }
 
 void FrameDrag::To(const Frames& frames, set32::Point now) {
+  end_ = now;
   switch (kind_) {
     case Kind::draws:
       shape_ = frames.Between(start_, now);
@@ -37,7 +39,7 @@ void FrameDrag::To(const Frames& frames, set32::Point now) {
       shape_ = frames.Moved(frames.At(frames.Current()), now.x - start_.x, now.y - start_.y);
       break;
     case Kind::resizes:
-      shape_ = Resized(frames.At(frames.Current()), grip_, now, frames.Area());
+      shape_ = frames.Resized(frames.At(frames.Current()), grip_, now);
       break;
     case Kind::none:
       break;
@@ -48,7 +50,7 @@ std::optional<FrameChange> FrameDrag::End(Frames& frames) {
   const Kind kind = std::exchange(kind_, Kind::none);
   if (kind == Kind::none) return {};
   if (kind == Kind::draws) {
-    if (shape_.Width() < smallestFrame || shape_.Height() < smallestFrame) return {};
+    if (std::abs(end_.x - start_.x) < shortest || std::abs(end_.y - start_.y) < shortest) return {};
     if (!frames.IsUntouched()) return FrameChange{frames.Add(shape_), set32::frame_action::added};
     frames.Put(0, shape_);  // in the place of the one that nobody drew
     return FrameChange{0, set32::frame_action::select};

@@ -36,7 +36,7 @@ class FrameDrag {
  private:
   Kind kind_ = Kind::none;
   int before_ = -1;  // the current frame when the button went down
-  set32::Point start_;
+  set32::Point start_, end_;
   set32::Rect shape_;
   Grip grip_;
 };

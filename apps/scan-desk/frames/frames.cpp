@@ -1,14 +1,34 @@
 #include "apps/scan-desk/frames/frames.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace scan_desk {
 
 using set32::Point;
 using set32::Rect;
 
-void Frames::SetArea(set32::Size area) {
+namespace {
+
+struct Span {
+  int low, high;
+};
+
+// From an edge that stays to one that moves, inside 0 to `limit` and at least so long; where both are at one place
+// the moving edge keeps its side.
+Span SpanOf(int stays, int moves, bool movesLow, int least, int limit) {
+  const int to = std::clamp(moves, 0, limit);
+  const bool isLow = to == stays ? movesLow : to < stays;
+  const int length = std::min(std::max(std::abs(to - stays), least), limit);
+  const int low = std::clamp(isLow ? stays - length : stays, 0, limit - length);
+  return {low, low + length};
+}
+
+}  // namespace
+
+void Frames::SetArea(set32::Size area, int least) {
   area_ = area;
+  least_ = least;
 }
 
 void Frames::Lay(const Rect& frame) {
@@ -51,11 +71,20 @@ int Frames::Under(Point point) const {
   return -1;
 }
 
-Rect Frames::Between(Point one, Point other) const {
-  const auto across = [this](int x) { return std::clamp(x, 0, area_.width); };
-  const auto down = [this](int y) { return std::clamp(y, 0, area_.height); };
-  return {across(std::min(one.x, other.x)), down(std::min(one.y, other.y)), across(std::max(one.x, other.x)),
-          down(std::max(one.y, other.y))};
+Rect Frames::Between(Point from, Point to) const {
+  const Span across = SpanOf(std::clamp(from.x, 0, area_.width), to.x, false, least_, area_.width);
+  const Span down = SpanOf(std::clamp(from.y, 0, area_.height), to.y, false, least_, area_.height);
+  return {across.low, down.low, across.high, down.high};
+}
+
+Rect Frames::Resized(const Rect& frame, Grip grip, Point to) const {
+  const Span across = grip.left    ? SpanOf(frame.right, to.x, true, least_, area_.width)
+                      : grip.right ? SpanOf(frame.left, to.x, false, least_, area_.width)
+                                   : Span{frame.left, frame.right};
+  const Span down = grip.top      ? SpanOf(frame.bottom, to.y, true, least_, area_.height)
+                    : grip.bottom ? SpanOf(frame.top, to.y, false, least_, area_.height)
+                                  : Span{frame.top, frame.bottom};
+  return {across.low, down.low, across.high, down.high};
 }
 
 Rect Frames::Moved(const Rect& frame, int across, int down) const {
@@ -66,8 +95,9 @@ Rect Frames::Moved(const Rect& frame, int across, int down) const {
 
 Rect Frames::Stretched(const Rect& frame, int across, int down) const {
   Rect stretched = frame;
-  stretched.right = std::clamp(frame.right + across, frame.left + 1, std::max(area_.width, frame.left + 1));
-  stretched.bottom = std::clamp(frame.bottom + down, frame.top + 1, std::max(area_.height, frame.top + 1));
+  const int right = frame.left + least_, bottom = frame.top + least_;
+  stretched.right = std::clamp(frame.right + across, right, std::max(area_.width, right));
+  stretched.bottom = std::clamp(frame.bottom + down, bottom, std::max(area_.height, bottom));
   return stretched;
 }
 

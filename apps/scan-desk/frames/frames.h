@@ -3,14 +3,15 @@
 
 #include <vector>
 
+#include "apps/scan-desk/frames/view_scale.h"
 #include "platform/geometry.h"
 
 namespace scan_desk {
 
 class Frames {
  public:
-  // New frames lie inside this area from now on.
-  void SetArea(set32::Size area);
+  // What a hand draws or sizes lies inside this area from now on, and is at least so wide and high.
+  void SetArea(set32::Size area, int least = 1);
   set32::Size Area() const { return area_; }
   // One frame alone, which nobody drew: a given one, or one over the whole area.
   void Lay(const set32::Rect& frame);
@@ -33,17 +34,20 @@ class Frames {
   // The frame under a point, the current one before others; -1 for none.
   int Under(set32::Point point) const;
 
-  // A rectangle from two corners in any order, cut to the area.
-  set32::Rect Between(set32::Point one, set32::Point other) const;
+  // A rectangle from one corner towards another, in any direction.
+  set32::Rect Between(set32::Point from, set32::Point to) const;
+  // A frame whose held edges went to a point; past the opposite edge the frame turns over.
+  set32::Rect Resized(const set32::Rect& frame, Grip grip, set32::Point to) const;
   // The frame moved as far as the area lets it.
   set32::Rect Moved(const set32::Rect& frame, int across, int down) const;
-  // Right and bottom edge moved, at least one pixel left of the frame.
+  // Right and bottom edge moved.
   set32::Rect Stretched(const set32::Rect& frame, int across, int down) const;
 
  private:
   bool Holds(int index) const { return index >= 0 && index < Count(); }
 
   set32::Size area_;
+  int least_ = 1;
   std::vector<set32::Rect> frames_;
   int current_ = -1;
   bool untouched_ = false;

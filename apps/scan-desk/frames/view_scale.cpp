@@ -70,15 +70,6 @@ Grip GripAt(const Rect& placed, Point at, int reach) {
   return grip;
 }
 
-Rect Resized(const Rect& frame, Grip grip, Point to, Size picture) {
-  Rect sized = frame;
-  if (grip.left) sized.left = std::clamp(to.x, 0, std::max(frame.right - 1, 0));
-  if (grip.right) sized.right = std::clamp(to.x, frame.left + 1, std::max(picture.width, frame.left + 1));
-  if (grip.top) sized.top = std::clamp(to.y, 0, std::max(frame.bottom - 1, 0));
-  if (grip.bottom) sized.bottom = std::clamp(to.y, frame.top + 1, std::max(picture.height, frame.top + 1));
-  return sized;
-}
-
 Rect FrameOf(Point corner, double width, double height, double dotsPerInch, Size picture) {
   const int left = std::clamp(corner.x, 0, picture.width);
   const int top = std::clamp(corner.y, 0, picture.height);

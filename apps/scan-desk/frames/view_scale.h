@@ -23,9 +23,6 @@ set32::Rect ToWindow(const set32::Rect& frame, const set32::Rect& shown, set32::
 // The edges of a frame on the window that lie within `reach` of a point on it.
 Grip GripAt(const set32::Rect& placed, set32::Point at, int reach);
 
-// A frame whose held edges went to a point, cut to the picture; edges don't pass each other.
-set32::Rect Resized(const set32::Rect& frame, Grip grip, set32::Point to, set32::Size picture);
-
 // A frame in pixels of the picture from a record's corner and inches, cut to the picture, whatever the record holds.
 set32::Rect FrameOf(set32::Point corner, double width, double height, double dotsPerInch, set32::Size picture);
 
