@@ -1,11 +1,13 @@
 // A windowed host for the panel.
 //
-//   scan-desk.exe [--page N] [--network usb|real] [--snapshot FILE.png] [--once] [PREVIEW]
+//   scan-desk.exe [OPTION...] [PREVIEW]
 //
-// With --snapshot it writes a picture of itself as soon as the panel stands, turned to page N of its sheet (0 or 1);
-// with --once it ends then. The exit status is 0, 1 when there is no panel or no snapshot, 2 for a wrong command
-// line.
+// The options are told in arguments.cpp. With --once it ends as soon as the panel stands and says on standard error
+// what it would tell a person otherwise. The exit status is 0, 1 when there is no panel or no snapshot, 2 for a wrong
+// command line.
 #include <windows.h>
+
+#include <string>
 
 #include "apps/scan-desk/window/arguments.h"
 #include "apps/scan-desk/window/desk_window.h"
@@ -38,20 +40,32 @@ void Settle() {
   }
 }
 
+// A line where there is a terminal, or the end of a pipe; else a box.
+void SayLine(HWND owner, const std::wstring& text) {
+  const int size = WideCharToMultiByte(CP_UTF8, 0, text.c_str(), -1, nullptr, 0, nullptr, nullptr);
+  std::string line(static_cast<std::size_t>(size), '\0');
+  WideCharToMultiByte(CP_UTF8, 0, text.c_str(), -1, line.data(), size, nullptr, nullptr);
+  line.back() = '\n';  // in the place of the zero
+  DWORD written = 0;
+  if (!WriteFile(GetStdHandle(STD_ERROR_HANDLE), line.data(), static_cast<DWORD>(line.size()), &written, nullptr))
+    scan_desk::ShowBox(owner, text);
+}
+
 }  // namespace
 
 int main() {
   const std::optional<scan_desk::Arguments> arguments = scan_desk::ReadArguments(GetCommandLineW());
   if (!arguments) {
-    scan_desk::ShowBox(nullptr, scan_desk::usage);
+    SayLine(nullptr, scan_desk::usage);
     return 2;
   }
-  scan_desk::DeskWindow desk({.search = arguments->search});
+  scan_desk::DeskWindow desk({.choices = arguments->choices, .say = arguments->once ? SayLine : scan_desk::ShowBox});
   if (!desk.Create(arguments->picture)) return 1;
-  if (arguments->page != 0) scan_desk::TurnToPage(desk.Window(), arguments->page);
+  scan_desk::TurnToPage(desk.Page(), arguments->page, arguments->tab);
+  if (arguments->advanced) scan_desk::OpenAdvanced(desk.Page());
   if (!arguments->snapshot.empty()) {
     Settle();
-    if (!scan_desk::SaveSnapshot(desk.Window(), arguments->snapshot)) return 1;
+    if (!scan_desk::SaveSnapshot(arguments->snapshot)) return 1;
   }
   return arguments->once ? 0 : RunMessages(desk);
 }

@@ -1,6 +1,7 @@
 // The desk's window: its panes, its keys, its pictures, and what it says when something is missing.
 #include "apps/scan-desk/window/arguments.h"
 #include "apps/scan-desk/window/desk_menu.h"
+#include "messages.h"
 #include "tests/desk_window/desk_fixture.h"
 
 namespace scan_desk {
@@ -167,7 +168,42 @@ TEST_F(Desk, SaysWhenThereIsNoPanel) {
     said_.clear();
     EXPECT_FALSE(Open(library, L""));
     EXPECT_THAT(said_, ElementsAre(HasSubstr(library)));
+    EXPECT_TRUE(IsWindowVisible(preview_)) << "the window stands before its panel";
+    EXPECT_FALSE(GetUpdateRect(preview_, nullptr, FALSE)) << "and is painted";
   }
+}
+
+TEST_F(Desk, OpensTheFaceThatAPersonChooses) {
+  ASSERT_TRUE(Open());
+  const std::wstring options = Wide(folder_.Path("scan-desk\\QUIRNHTp.INI"));
+  const auto choose = [&](WORD item) {
+    SendMessageW(desk_->Window(), WM_COMMAND, item, 0);
+    Pump();
+    return GetMenuState(GetMenu(desk_->Window()), item, MF_BYCOMMAND);
+  };
+  EXPECT_EQ(choose(command::switchJpegModes) & MF_CHECKED, 0U);
+  EXPECT_EQ(choose(command::outputOf42) & MF_CHECKED, MF_CHECKED);
+  EXPECT_EQ(choose(command::showInlinePage) & MF_CHECKED, MF_CHECKED);
+  EXPECT_EQ(GetPrivateProfileIntW(L"Option", L"UIFace", 9, options.c_str()), 0U);
+  EXPECT_EQ(desk_->Page() == nullptr, !said_.empty()) << "a page, or the reason why there is none";
+  EXPECT_EQ(choose(command::showSheet) & MF_CHECKED, MF_CHECKED);
+  if (desk_->Page() == nullptr) Press('P', true);
+  EXPECT_EQ(GetPrivateProfileIntW(L"Option", L"UIFace", 9, options.c_str()), 1U);
+  EXPECT_NE(FindWindowExW(GetParent(Page()), nullptr, WC_TABCONTROLW, nullptr), nullptr);
+
+  const auto asked = [&] { return SendMessageW(preview_, set32::to_host::settingsChanged, 2, 0); };
+  EXPECT_EQ(asked(), 1) << "the panel may change its source";
+  EXPECT_EQ(choose(command::refuseSources) & MF_CHECKED, MF_CHECKED);
+  EXPECT_EQ(asked(), 0);
+}
+
+TEST_F(Desk, CropsThePictureWhenTheBoxIsChecked) {
+  ASSERT_TRUE(Open(LR"(samples\flatbed-colour-100dpi.bmp)"));
+  SendMessageW(Control(id::autoCropCheck), BM_CLICK, 0, 0);
+  Pump();
+  EXPECT_EQ(Text(Control(id::widthEdit)), L"7.56");
+  EXPECT_EQ(Text(Control(id::heightEdit)), L"9.80");
+  EXPECT_EQ(SendMessageW(Control(id::autoCropCheck), BM_GETCHECK, 0, 0), BST_CHECKED);
 }
 
 TEST_F(Desk, SearchesTheNetworkOnlyWhenAPersonAsksForIt) {
@@ -179,7 +215,7 @@ TEST_F(Desk, SearchesTheNetworkOnlyWhenAPersonAsksForIt) {
   EXPECT_EQ(laid(), 1U);
   EXPECT_THAT(folder_.Read("QUIRNMFP.ini"), HasSubstr("DeviceID0=mine"));
   std::wstring trouble;
-  EXPECT_TRUE(Installation(library_).Lay(Search::usbAndNetwork, trouble));
+  EXPECT_TRUE(Installation(library_).Lay({.search = Search::usbAndNetwork}, trouble));
   EXPECT_EQ(laid(), 3U);
   EXPECT_FALSE(Open(Wide(folder_.Path("missing\\set32.dll")), L""));
   EXPECT_THAT(said_, ElementsAre(HasSubstr(L"missing\\QUIRNMFP.ini"))) << "rather none than one that may search";
@@ -199,16 +235,19 @@ TEST_F(Desk, IsNeverSmallerThanItsPanelNeeds) {
 
 TEST(ArgumentsTest, FollowsACommandLineOrRefusesIt) {
   const auto arguments =
-      ReadArguments(LR"("C:\a b\scan-desk.exe" --page 1 --once --network real --snapshot "x y.png" in.bmp)");
+      ReadArguments(LR"("C:\a b\scan-desk.exe" --page 1 --tab 2 --once --snapshot "x y.png" in.bmp)");
   ASSERT_TRUE(arguments);
   EXPECT_EQ(arguments->picture, L"in.bmp");
   EXPECT_EQ(arguments->snapshot, L"x y.png");
   EXPECT_EQ(arguments->page, 1);
+  EXPECT_EQ(arguments->tab, 2);
   EXPECT_TRUE(arguments->once);
-  EXPECT_EQ(arguments->search, Search::usbAndNetwork);
-  EXPECT_EQ(ReadArguments(L"desk")->search, Search::usb);
-  for (const wchar_t* wrong : {L"desk --page", L"desk --page 2", L"desk --network maybe", L"desk --snapshot",
-                               L"desk --ever", L"desk a.bmp b.bmp"})
+  EXPECT_FALSE(arguments->advanced);
+  EXPECT_EQ(arguments->choices, PanelChoices());
+  const PanelChoices other{Face::inlinePage, Search::usbAndNetwork, false, 42};
+  EXPECT_EQ(ReadArguments(L"desk --face inline --network real --jpeg off --output-bits 42")->choices, other);
+  for (const wchar_t* wrong : {L"desk --page", L"desk --page 2", L"desk --face", L"desk --output-bits 40",
+                               L"desk --network maybe", L"desk --snapshot", L"desk --ever", L"desk a.bmp b.bmp"})
     EXPECT_FALSE(ReadArguments(wrong)) << wrong;
 }
 

@@ -4,16 +4,18 @@
 #include <optional>
 #include <string>
 
-#include "apps/scan-desk/window/installation.h"
+#include "apps/scan-desk/window/panel_choices.h"
 
 namespace scan_desk {
 
 struct Arguments {
   std::wstring picture;   // empty for white paper
   std::wstring snapshot;  // empty for none
+  PanelChoices choices;
   int page = 0;           // of the panel's sheet, on the snapshot
+  int tab = 0;            // of the Advanced page
+  bool advanced = false;  // the inline face's dialog stands open
   bool once = false;
-  Search search = Search::usb;
 };
 
 extern const wchar_t usage[];

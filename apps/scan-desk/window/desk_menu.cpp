@@ -18,6 +18,10 @@ void AddMenu(HMENU bar, const wchar_t* title, std::initializer_list<Item> items)
   if (AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(menu.Get()), title)) menu.Release();
 }
 
+WORD OutputCommand(int bits) {
+  return bits == 36 ? command::outputOf36 : bits == 42 ? command::outputOf42 : command::outputOf48;
+}
+
 }  // namespace
 
 set32::win32::OwnedMenu MakeDeskMenu() {
@@ -32,7 +36,16 @@ set32::win32::OwnedMenu MakeDeskMenu() {
   AddMenu(bar.Get(), L"&Panel",
           {{command::switchPanel, L"&Open\tCtrl+P"},
            {0, nullptr},
-           {command::autoCrop, L"Report &auto crop\tCtrl+R"},
+           {command::showSheet, L"&Tabbed sheet"},
+           {command::showInlinePage, L"Inline &page with a dialog"},
+           {0, nullptr},
+           {command::switchJpegModes, L"&JPEG modes"},
+           {command::outputOf36, L"Output of &36 bits"},
+           {command::outputOf42, L"Output of 4&2 bits"},
+           {command::outputOf48, L"Output of 4&8 bits"},
+           {command::refuseSources, L"&Refuse another paper source"},
+           {0, nullptr},
+           {command::autoCrop, L"&Crop to what lies there\tCtrl+R"},
            {command::askAddress, L"Ask for a &scanner's address...\tCtrl+I"}});
   AddMenu(bar.Get(), L"&Help", {{command::showKeys, L"&Keys\tF1"}});
   return bar;
@@ -53,16 +66,29 @@ set32::win32::OwnedAccelerators MakeDeskKeys() {
   return set32::win32::OwnedAccelerators(CreateAcceleratorTableW(keys, static_cast<int>(std::size(keys))));
 }
 
-void ShowDeskState(HMENU menu, bool panelStands, bool logShows) {
-  CheckMenuItem(menu, command::switchLog, logShows ? MF_CHECKED : MF_UNCHECKED);
-  CheckMenuItem(menu, command::switchPanel, panelStands ? MF_CHECKED : MF_UNCHECKED);
-  for (const WORD id : {command::autoCrop, command::askAddress})
-    EnableMenuItem(menu, id, panelStands ? MF_ENABLED : MF_GRAYED);
+void ShowDeskState(HMENU menu, const DeskState& state) {
+  const auto check = [menu](WORD id, bool isSo) { CheckMenuItem(menu, id, isSo ? MF_CHECKED : MF_UNCHECKED); };
+  const auto enable = [menu](WORD id, bool isSo) { EnableMenuItem(menu, id, isSo ? MF_ENABLED : MF_GRAYED); };
+  const bool isInline = state.choices.face == Face::inlinePage;
+  check(command::switchLog, state.logShows);
+  check(command::switchPanel, state.panelStands);
+  check(command::switchJpegModes, state.choices.jpegModes);
+  check(command::refuseSources, state.refusesSources);
+  CheckMenuRadioItem(menu, command::showSheet, command::showInlinePage,
+                     isInline ? command::showInlinePage : command::showSheet, MF_BYCOMMAND);
+  CheckMenuRadioItem(menu, command::outputOf36, command::outputOf48, OutputCommand(state.choices.outputBits),
+                     MF_BYCOMMAND);
+  // What the sheet neither takes nor asks.
+  for (const WORD id : {command::switchJpegModes, command::outputOf36, command::outputOf42, command::outputOf48,
+                        command::refuseSources})
+    enable(id, isInline);
+  enable(command::autoCrop, state.panelStands);
+  enable(command::askAddress, state.panelStands && !isInline);
 }
 
 const wchar_t keyLegend[] =
     L"On the picture\n"
-    L"Drag: draw a frame, move it, or size it by its edges\n"
+    L"Drag: draw a frame, move it, or size it by its edges, also past the opposite one\n"
     L"Ctrl+drag: draw a frame, inside another too\n"
     L"Esc: give up the drag\n"
     L"Insert: lay a new frame in the middle\n"
@@ -78,7 +104,7 @@ const wchar_t keyLegend[] =
     L"Ctrl+O: open a picture as the preview\n"
     L"Ctrl+L: show or hide the log\n"
     L"Ctrl+P: close the panel, or open it again\n"
-    L"Ctrl+R: report the frame as an automatic crop\n"
+    L"Ctrl+R: crop the frame to what lies on the picture\n"
     L"Ctrl+I: ask for a scanner's address\n"
     L"F1: these keys";
 

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include "apps/scan-desk/window/panel_choices.h"
 #include "platform/win32/handle.h"
 
 namespace scan_desk {
@@ -15,6 +16,13 @@ enum : WORD {
   nextPane,
   previousPane,
   switchPanel,
+  showSheet,
+  showInlinePage,
+  switchJpegModes,
+  outputOf36,
+  outputOf42,
+  outputOf48,
+  refuseSources,
   autoCrop,
   askAddress,
   showKeys
@@ -24,8 +32,13 @@ enum : WORD {
 set32::win32::OwnedMenu MakeDeskMenu();
 set32::win32::OwnedAccelerators MakeDeskKeys();
 
-// Checks and greys what depends on the panel and the log.
-void ShowDeskState(HMENU menu, bool panelStands, bool logShows);
+struct DeskState {
+  bool panelStands, logShows, refusesSources;
+  PanelChoices choices;
+};
+
+// Checks and greys what depends on it.
+void ShowDeskState(HMENU menu, const DeskState& state);
 
 extern const wchar_t keyLegend[];
 

@@ -34,7 +34,7 @@ void ShowBox(HWND owner, const std::wstring& text) {
 
 DeskWindow::DeskWindow(DeskSetup setup)
     : setup_(std::move(setup)),
-      panel_(setup_.library, setup_.search),
+      panel_(setup_.library, setup_.choices),
       preview_(
           picture_, panel_, [this](const std::wstring& line) { Log(line); },
           [this](const std::wstring& device) {
@@ -52,10 +52,12 @@ bool DeskWindow::Create(const std::wstring& pictureFile) {
   preview_.PictureChanged();
   if (!pictureFile.empty()) ShowPicture(pictureFile);
   Lay();
-  if (!OpenPanel()) return false;
+  ShowState();
+  // Before the panel, which is long in coming when it searches for scanners.
   ShowWindow(Window(), SW_SHOW);
   SetFocus(preview_.Window());
-  return true;
+  RedrawWindow(Window(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+  return OpenPanel();
 }
 
 // With large fonts the window still fits on the screen.
@@ -152,6 +154,7 @@ bool DeskWindow::OnActivate(WPARAM wParam) {
 }
 
 void DeskWindow::OnCommand(WORD id) {
+  PanelChoices choices = panel_.Choices();
   switch (id) {
     case command::openPicture:
       AskForPicture();
@@ -170,6 +173,25 @@ void DeskWindow::OnCommand(WORD id) {
       break;
     case command::switchPanel:
       SwitchPanel();
+      break;
+    case command::showSheet:
+    case command::showInlinePage:
+      choices.face = id == command::showSheet ? Face::sheet : Face::inlinePage;
+      Choose(choices);
+      break;
+    case command::switchJpegModes:
+      choices.jpegModes = !choices.jpegModes;
+      Choose(choices);
+      break;
+    case command::outputOf36:
+    case command::outputOf42:
+    case command::outputOf48:
+      choices.outputBits = id == command::outputOf36 ? 36 : id == command::outputOf42 ? 42 : 48;
+      Choose(choices);
+      break;
+    case command::refuseSources:
+      preview_.RefuseSources(!preview_.RefusesSources());
+      ShowState();
       break;
     case command::autoCrop:
       preview_.ReportAutoCrop();
@@ -218,19 +240,22 @@ bool DeskWindow::OpenPanel() {
   };
   const bool stands =
       (panel_.Page() != nullptr || open(least_.height)) && open(std::max(panelHeight_, least_.height));
-  ShowDeskState(GetMenu(Window()), stands, showsLog_);
-  if (!stands) setup_.say(Window(), trouble);
+  if (stands) {
+    ShowState();
+  } else {
+    ClosePanel();
+    setup_.say(Window(), trouble);
+  }
   return stands;
 }
 
-// The sheet's panel ends with its parent, and stands again with one frame.
+// It stands again with one frame.
 void DeskWindow::ClosePanel() {
-  DestroyWindow(std::exchange(place_, nullptr));
-  panel_.Forget();
+  panel_.Close(place_);
   preview_.PictureChanged();
   scanner_.clear();
   ShowTitle();
-  ShowDeskState(GetMenu(Window()), false, showsLog_);
+  ShowState();
   SetFocus(preview_.Window());
 }
 
@@ -242,6 +267,19 @@ void DeskWindow::SwitchPanel() {
   if (place_ == nullptr) place_ = MakeChild(WS_EX_CONTROLPARENT, L"Static", WS_CLIPCHILDREN);
   Lay();
   OpenPanel();
+}
+
+// What a standing panel was opened with lasts until it ends.
+void DeskWindow::Choose(const PanelChoices& choices) {
+  if (choices == panel_.Choices()) return;
+  const bool stood = panel_.Page() != nullptr;
+  if (stood) ClosePanel();
+  panel_.Choose(choices);
+  if (stood) {
+    SwitchPanel();
+  } else {
+    ShowState();
+  }
 }
 
 void DeskWindow::AskForPicture() {
@@ -280,8 +318,15 @@ void DeskWindow::ShowTitle() const {
 void DeskWindow::SwitchLog() {
   showsLog_ = !showsLog_;
   ShowWindow(log_, showsLog_ ? SW_SHOWNA : SW_HIDE);
-  ShowDeskState(GetMenu(Window()), panel_.Page() != nullptr, showsLog_);
+  ShowState();
   Lay();
+}
+
+void DeskWindow::ShowState() const {
+  ShowDeskState(GetMenu(Window()), {.panelStands = panel_.Page() != nullptr,
+                                    .logShows = showsLog_,
+                                    .refusesSources = preview_.RefusesSources(),
+                                    .choices = panel_.Choices()});
 }
 
 // What stands, in the order of the keys.

@@ -19,7 +19,7 @@ void ShowBox(HWND owner, const std::wstring& text);
 
 struct DeskSetup {
   std::wstring library = L"set32.dll";  // a path, or a name that lies beside this program
-  Search search = Search::usb;
+  PanelChoices choices = {};
   std::function<void(HWND owner, const std::wstring& text)> say = ShowBox;
 };
 
@@ -33,6 +33,8 @@ class DeskWindow {
   // panel. The person was told of whatever failed.
   bool Create(const std::wstring& pictureFile);
   HWND Window() const { return window_.Get(); }
+  // The panel's window for messages; null while none stands.
+  HWND Page() const { return panel_.Page(); }
   // A loop that knows nothing of dialogs offers each message first. Result: whether it was one of the desk's keys.
   bool TakeKey(MSG& message) const;
 
@@ -54,6 +56,7 @@ class DeskWindow {
   void AskForPicture();
   void SwitchLog();
   void SwitchPanel();
+  void Choose(const PanelChoices& choices);
   bool OpenPanel();
   void ClosePanel();
   void TurnPane(int step);
@@ -61,6 +64,7 @@ class DeskWindow {
 
   void Lay();
   void PlacePanel();
+  void ShowState() const;
   void ShowTitle() const;
   void Log(const std::wstring& line) const;
 

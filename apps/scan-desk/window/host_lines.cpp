@@ -19,7 +19,32 @@ std::wstring PlaceOf(const set32::Rect& frame) {
          std::to_wstring(frame.left) + L", " + std::to_wstring(frame.top);
 }
 
-const wchar_t* NameOf(std::uint32_t action) {
+const wchar_t* NameOf(UINT message) {
+  switch (message) {
+    case set32::to_host::resolutionChanged:
+      return L"resolution";
+    case set32::to_host::areaChanged:
+      return L"area";
+    case set32::to_host::settingsChanged:
+      return L"settings";
+    case set32::to_host::modeShown:
+      return L"mode";
+    case set32::to_host::unitChosen:
+      return L"unit";
+    case set32::to_host::customSizeTaken:
+      return L"custom size";
+    case set32::to_host::autoCropChanged:
+      return L"auto crop";
+    case set32::to_host::frameTabChanged:
+      return L"frame";
+    case set32::to_host::deviceSelected:
+      return L"device";
+    default:
+      return L"";
+  }
+}
+
+const wchar_t* DeedOf(std::uint32_t action) {
   switch (action) {
     case set32::frame_action::select:
       return L"selected";
@@ -42,20 +67,22 @@ const ScanSettings* RecordOf(UINT message, LPARAM lParam) {
 
 std::wstring LineOfMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   wchar_t text[longest] = L"";
+  std::swprintf(text, std::size(text), L"0x%X %d %ls", message, static_cast<int>(wParam), NameOf(message));
+  std::wstring line = text;
   if (const ScanSettings* settings = RecordOf(message, lParam)) {
-    std::swprintf(text, std::size(text), L"0x%X %d settings: mode %u, %d dpi, %.5g x %.5g in, source %u%ls", message,
-                  static_cast<int>(wParam), settings->mode, settings->dpi, settings->width, settings->height,
-                  settings->paperSource, settings->frameCommand != 0 ? L", frame command" : L"");
-  } else if (message == set32::to_host::deviceSelected) {
-    return L"0x40C " + std::to_wstring(wParam) + L" \"" + WideText(reinterpret_cast<const char*>(lParam)) + L"\"";
-  } else {
-    std::swprintf(text, std::size(text), L"0x%X %d %d", message, static_cast<int>(wParam), static_cast<int>(lParam));
+    std::swprintf(text, std::size(text), L": mode %u, %d dpi, %.5g x %.5g in, source %u%ls", settings->mode,
+                  settings->dpi, settings->width, settings->height, settings->paperSource,
+                  settings->frameCommand != 0 ? L", frame command" : L"");
+    return line + text;
   }
-  return text;
+  if (message == set32::to_host::deviceSelected)
+    return line + L": \"" + WideText(reinterpret_cast<const char*>(lParam)) + L"\"";
+  if (message == set32::to_host::frameTabChanged) return line;
+  return line + L": " + std::to_wstring(static_cast<int>(lParam));
 }
 
 std::wstring LineOfReport(const FrameChange& change, const set32::Rect& frame) {
-  std::wstring line = L"to the panel: 0x403 0, frame " + std::to_wstring(change.index) + L" " + NameOf(change.action);
+  std::wstring line = L"to the panel: 0x403 0, frame " + std::to_wstring(change.index) + L" " + DeedOf(change.action);
   if (change.action == set32::frame_action::select || change.action == set32::frame_action::added)
     line += L", " + PlaceOf(frame);
   return line;

@@ -48,11 +48,12 @@ Installation::~Installation() {
   SetEnvironmentVariableW(tempVariable, temp_.c_str());
 }
 
-// The options of a device whose paper source a person chooses.
-bool Installation::Lay(Search search, std::wstring& trouble) const {
+// The options are those of a device whose paper source a person chooses.
+bool Installation::Lay(const PanelChoices& choices, std::wstring& trouble) const {
   constexpr int usb = 1, network = 2;
-  const int searched = search == Search::usb ? usb : usb | network;
+  const int searched = choices.search == Search::usb ? usb : usb | network;
   return LayKey(moduleProfile_, L"RunTime", L"DriverType", searched, trouble) &&
+         LayKey(options_, L"OPTION", L"UIFace", choices.face == Face::inlinePage ? 0 : 1, trouble) &&
          LayKey(options_, L"OPTION", L"LLDriverInterface", 1, trouble) &&
          LayKey(options_, L"OPTION", L"EnablePaperSource", 1, trouble);
 }

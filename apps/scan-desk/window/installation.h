@@ -3,12 +3,9 @@
 
 #include <string>
 
-namespace scan_desk {
+#include "apps/scan-desk/window/panel_choices.h"
 
-enum class Search {
-  usb,           // nothing is sent to any other machine
-  usbAndNetwork  // a search is heard by every machine in the network
-};
+namespace scan_desk {
 
 // The desk lays files of its own, so that nothing that is installed on the machine has a say in what it shows, and
 // none of it is changed. While this object lives the program's temporary folder is one of the desk's own.
@@ -20,9 +17,9 @@ class Installation {
   Installation(const Installation&) = delete;
   Installation& operator=(const Installation&) = delete;
 
-  // Before the library is loaded, which reads where it may search as it starts. On false the library must not be
-  // loaded, and `trouble` is a sentence that says why.
-  bool Lay(Search search, std::wstring& trouble) const;
+  // Before the panel is opened: the face is read at each opening, where it may search as the library is loaded. On
+  // false the library must not be loaded, and `trouble` is a sentence that says why.
+  bool Lay(const PanelChoices& choices, std::wstring& trouble) const;
 
  private:
   std::wstring moduleProfile_;

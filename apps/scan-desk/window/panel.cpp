@@ -1,5 +1,7 @@
 #include "apps/scan-desk/window/panel.h"
 
+#include <utility>
+
 #include "messages.h"
 #include "platform/win32/handle.h"
 #include "pointer_word.h"
@@ -8,7 +10,7 @@ namespace scan_desk {
 
 namespace {
 
-constexpr set32::DeviceLimits limits{7, 0x7FFE, 4800, 75};
+constexpr set32::DeviceLimits limits{7, 0x1FFE, 4800, 75};  // each resolution up to the highest
 
 set32::DeviceCaps Capabilities() {
   set32::DeviceCaps caps{};
@@ -24,8 +26,8 @@ std::wstring PathOf(const std::wstring& library) {
 
 }  // namespace
 
-Panel::Panel(const std::wstring& library, Search search)
-    : file_(PathOf(library)), search_(search), installation_(file_) {
+Panel::Panel(const std::wstring& library, const PanelChoices& choices)
+    : file_(PathOf(library)), choices_(choices), installation_(file_) {
   settings_.mode = set32::mode::colour;
   settings_.resolutionId = set32::resolution::dpi100;
   settings_.dpi = 100;
@@ -38,20 +40,31 @@ Panel::Panel(const std::wstring& library, Search search)
 }
 
 bool Panel::Open(HWND parent, HWND host, set32::CDib& preview, set32::Size size, std::wstring& trouble) {
-  if (!library_.IsLoaded() && !installation_.Lay(search_, trouble)) return false;
-  if (!library_.Load(file_, trouble)) return false;
-  constexpr std::uint32_t threshold = 128, outputBits = 48;
+  const bool stood = page_ != nullptr;
+  if (!stood && !(installation_.Lay(choices_, trouble) && library_.Load(file_, trouble))) return false;
+  constexpr std::uint32_t threshold = 128;
   const set32::DeviceCaps caps = Capabilities();
   const set32::PanelRect place{0, 0, size.width, size.height};
   page_ = reinterpret_cast<HWND>(library_.FixSetting()(
       reinterpret_cast<set32::WindowHandle>(parent), reinterpret_cast<set32::WindowHandle>(host), &limits, &settings_,
-      &preview, 1, 0, threshold, outputBits, &place, &caps));
-  if (page_ == nullptr) trouble = L"The panel can't be opened.";
+      &preview, choices_.jpegModes ? 1 : 0, 0, threshold, static_cast<std::uint32_t>(choices_.outputBits), &place,
+      &caps));
+  if (page_ == nullptr) {
+    trouble = std::wstring(L"The panel can't be opened: uiFixSetting has no page for the ") +
+              (IsInline() ? L"inline face." : L"sheet.");
+  } else if (stood && IsInline()) {  // which a later call leaves where it stands
+    SetWindowPos(page_, nullptr, 0, 0, size.width, size.height, SWP_NOZORDER | SWP_NOACTIVATE);
+  }
   return page_ != nullptr;
 }
 
-void Panel::Forget() {
-  page_ = nullptr;
+void Panel::Close(HWND& parent) {
+  const HWND page = std::exchange(page_, nullptr);
+  if (page != nullptr && IsInline()) {
+    SendMessageW(page, WM_CLOSE, 0, 0);
+    return;
+  }
+  DestroyWindow(std::exchange(parent, nullptr));
   library_.Unload();
 }
 
@@ -64,6 +77,7 @@ bool Panel::Report(WPARAM kind, set32::Point corner, double width, double height
   report.frameTop = corner.y;
   report.customWidth = width;
   report.customHeight = height;
+  report.autoCrop = kind == set32::frame_report::cropped ? 1 : report.autoCrop;
   report.frameCommand = 0;
   if (command) {
     *travelling.Get() = *command;

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "apps/scan-desk/window/installation.h"
+#include "apps/scan-desk/window/panel_choices.h"
 #include "apps/scan-desk/window/panel_library.h"
 #include "dib.h"
 #include "host_records.h"
@@ -17,19 +18,25 @@ namespace scan_desk {
 class Panel {
  public:
   // `library` is a path, or a name that lies beside this program; it is loaded when the panel is opened.
-  Panel(const std::wstring& library, Search search);
+  Panel(const std::wstring& library, const PanelChoices& choices);
   Panel(const Panel&) = delete;
   Panel& operator=(const Panel&) = delete;
+
+  const PanelChoices& Choices() const { return choices_; }
+  // Only while no page stands.
+  void Choose(const PanelChoices& choices) { choices_ = choices; }
 
   // Opens the panel as large as `parent`, or binds a standing one anew and moves it. On false no page stands and
   // `trouble` is a sentence that says why.
   bool Open(HWND parent, HWND host, set32::CDib& preview, set32::Size size, std::wstring& trouble);
-  // To be called when the parent has ended and the panel with it. A panel stands again only in a library loaded anew,
-  // so the library goes too.
-  void Forget();
+  // Ends the panel, or what a failed opening left of it. The inline page ends by a close message and stands again
+  // when it is opened; the sheet ends with its parent, which is null then, and stands again only in a library loaded
+  // anew.
+  void Close(HWND& parent);
 
   // The window that takes the host's messages; null while no panel stands.
   HWND Page() const { return page_; }
+  bool IsInline() const { return choices_.face == Face::inlinePage; }
   set32::ScanSettings& Settings() { return settings_; }
 
   // Reports a frame, for one of frame_report::, with what was done to it. The frame is in inches and in pixels of the
@@ -44,7 +51,7 @@ class Panel {
 
  private:
   std::wstring file_;
-  Search search_;
+  PanelChoices choices_;
   Installation installation_;
   PanelLibrary library_;
   set32::ScanSettings settings_{};

@@ -1,7 +1,9 @@
 #include "apps/scan-desk/window/preview_view.h"
 
+#include <cmath>
 #include <utility>
 
+#include "apps/scan-desk/frames/auto_crop.h"
 #include "apps/scan-desk/window/host_lines.h"
 #include "apps/scan-desk/window/preview_painting.h"
 #include "apps/scan-desk/window/system_text.h"
@@ -22,9 +24,10 @@ namespace {
 constexpr wchar_t className[] = L"scan-desk-preview";
 constexpr int margin = 8;  // this and the length below at 96 dots an inch
 constexpr int reach = 5;   // of the pointer, to a frame's edge
+constexpr double leastInches = 0.3;
 
 // Posted to itself, to report what a message of the panel left to do once that message is answered.
-enum Later : UINT { layFrame = WM_APP, reportCurrent };
+enum Later : UINT { layFrame = WM_APP, reportCurrent, cropFrame };
 
 Point PointOf(LPARAM lParam) {
   return {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
@@ -48,7 +51,7 @@ bool PreviewView::Create(HWND parent) {
 
 void PreviewView::PictureChanged() {
   drag_.Cancel(frames_);
-  frames_.SetArea(picture_.Area());
+  frames_.SetArea(picture_.Area(), static_cast<int>(std::ceil(leastInches * picture_.DotsPerInch())));
   frames_.Reset();
   TellOfLoneFrame();
   Repaint();
@@ -98,6 +101,9 @@ LRESULT PreviewView::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM 
     case reportCurrent:
       if (frames_.Current() >= 0) Tell({frames_.Current(), set32::frame_action::select});
       return 0;
+    case cropFrame:
+      ReportAutoCrop();
+      return 0;
     default:
       break;
   }
@@ -112,11 +118,16 @@ LRESULT PreviewView::OnPanelMessage(UINT message, WPARAM wParam, LPARAM lParam) 
   const ScanSettings* settings = RecordOf(message, lParam);
   switch (message) {
     case set32::to_host::areaChanged:
-      if (settings != nullptr) OnAreaTold(*settings);
+      if (settings != nullptr && wParam == 0) OnAreaTold(*settings);
+      Repaint();  // the picture too, which the inline face tells of in this way
       return 0;
     case set32::to_host::settingsChanged:
       if (settings != nullptr && wParam == set32::settings_change::values) OnFrameCommand(*settings);
-      return 1;  // also lets the paper source change
+      return refusesSources_ && wParam == set32::settings_change::askSource ? 0 : 1;
+    case set32::to_host::autoCropChanged:
+      if (settings != nullptr && wParam == set32::auto_crop_change::checkBox && settings->autoCrop != 0)
+        PostMessageW(window_, cropFrame, 0, 0);
+      return 0;
     case set32::to_host::unitChosen:
       panel_.Settings().units = static_cast<std::uint32_t>(wParam);
       return 0;
@@ -135,7 +146,6 @@ LRESULT PreviewView::OnPanelMessage(UINT message, WPARAM wParam, LPARAM lParam) 
 void PreviewView::OnAreaTold(const ScanSettings& settings) {
   if (frames_.Count() == 0) PostMessageW(window_, layFrame, 0, 0);
   frames_.PutAsTold(frames_.Current(), RecordedFrame(settings));
-  Repaint();
 }
 
 // A chosen configuration takes all frames away and brings an area of its own.
@@ -167,10 +177,16 @@ void PreviewView::OnTabTold(int index) {
 }
 
 void PreviewView::ReportAutoCrop() {
-  const Rect frame = frames_.Current() >= 0 ? frames_.At(frames_.Current()) : WholePicture();
+  const set32::CDib& dib = picture_.Dib();
+  if (panel_.Page() == nullptr) return;
+  const Rect found = ContentOf({dib.sourcePixels, dib.imageSize}, picture_.Area(), dib.stride);
+  const Rect frame = frames_.Between({found.left, found.top}, {found.right, found.bottom});
   const double dots = picture_.DotsPerInch();
+  if (frames_.Count() == 0) frames_.Lay(frame);
+  frames_.PutAsTold(frames_.Current(), frame);
   heard_(LineOfAutoCrop(frame));
   panel_.Report(set32::frame_report::cropped, {frame.left, frame.top}, frame.Width() / dots, frame.Height() / dots);
+  Repaint();
 }
 
 // Where the record has the frame already, or there is none, the record's own size is reported: pixels would round it,
@@ -290,10 +306,6 @@ Rect PreviewView::Shown() const {
   RECT client{};
   GetClientRect(window_, &client);
   return ShownPlace({client.right, client.bottom}, picture_.Area(), Wide(margin));
-}
-
-Rect PreviewView::WholePicture() const {
-  return {0, 0, picture_.Area().width, picture_.Area().height};
 }
 
 void PreviewView::Repaint() const {

@@ -31,8 +31,11 @@ class PreviewView {
   void SetFont(HFONT font) { font_ = font; }
   // Another picture lies there: one frame over it, of which a standing panel is told.
   void PictureChanged();
-  // Tells the panel that the automatic crop found the current frame's size.
+  // Crops the current frame to what lies on the picture, as the scanner does, and tells the panel.
   void ReportAutoCrop();
+  // Whether the panel hears no when it asks for another paper source, which the inline face does.
+  void RefuseSources(bool refuses) { refusesSources_ = refuses; }
+  bool RefusesSources() const { return refusesSources_; }
 
   // Called by the window.
   LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
@@ -66,7 +69,6 @@ class PreviewView {
   // Window pixels for a length at 96 dots an inch.
   int Wide(int pixels) const;
   set32::Rect Shown() const;
-  set32::Rect WholePicture() const;
   set32::Point InPicture(set32::Point at) const { return ToPicture(at, Shown(), picture_.Area()); }
   Grip GripUnder(set32::Point at) const;
 
@@ -76,6 +78,7 @@ class PreviewView {
   Told deviceTold_;
   Frames frames_;
   FrameDrag drag_;
+  bool refusesSources_ = false;
   HWND window_ = nullptr;
   HFONT font_ = nullptr;  // the desk's
 };

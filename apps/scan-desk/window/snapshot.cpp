@@ -8,6 +8,7 @@
 #include <gdiplus.h>
 
 #include "platform/win32/handle.h"
+#include "resources/ids.h"
 
 namespace scan_desk {
 
@@ -33,22 +34,24 @@ class PictureLibrary {
   bool stands_ = false;
 };
 
-BOOL CALLBACK TakeTallestTabBar(HWND child, LPARAM found) {
-  wchar_t name[32] = L"";
-  GetClassNameW(child, name, 32);
-  auto& tallest = *reinterpret_cast<HWND*>(found);
-  RECT place{}, before{};
-  GetClientRect(child, &place);
-  if (tallest != nullptr) GetClientRect(tallest, &before);
-  if (lstrcmpW(name, WC_TABCONTROLW) == 0 && place.bottom > before.bottom) tallest = child;
+// Its popups stand beside it: boxes, dialogs, lists that are down.
+BOOL CALLBACK AddPlace(HWND window, LPARAM found) {
+  RECT place{};
+  auto& whole = *reinterpret_cast<RECT*>(found);
+  if (IsWindowVisible(window) && GetWindowRect(window, &place)) UnionRect(&whole, &whole, &place);
   return TRUE;
+}
+
+void TurnTab(HWND bar, int tab) {
+  if (bar != nullptr) SendMessageW(bar, TCM_SETCURFOCUS, static_cast<WPARAM>(tab), 0);
 }
 
 }  // namespace
 
-bool SaveSnapshot(HWND window, const std::wstring& path) {
+bool SaveSnapshot(const std::wstring& path) {
   RECT place{};
-  if (!GetWindowRect(window, &place)) return false;
+  EnumThreadWindows(GetCurrentThreadId(), AddPlace, reinterpret_cast<LPARAM>(&place));
+  if (IsRectEmpty(&place)) return false;
   const int width = place.right - place.left;
   const int height = place.bottom - place.top;
 
@@ -65,10 +68,16 @@ bool SaveSnapshot(HWND window, const std::wstring& path) {
   return picture.Save(path.c_str(), &pngWriter, nullptr) == Gdiplus::Ok;
 }
 
-void TurnToPage(HWND within, int page) {
-  HWND bar = nullptr;
-  EnumChildWindows(within, TakeTallestTabBar, reinterpret_cast<LPARAM>(&bar));
-  if (bar != nullptr) SendMessageW(bar, TCM_SETCURFOCUS, static_cast<WPARAM>(page), 0);
+void TurnToPage(HWND general, int page, int tab) {
+  const HWND sheet = GetParent(general);
+  if (page == 0 || GetDlgItem(sheet, set32::id_sheet::tabs) == nullptr) return;
+  TurnTab(GetDlgItem(sheet, set32::id_sheet::tabs), page);
+  for (HWND other = GetWindow(sheet, GW_CHILD); other != nullptr; other = GetWindow(other, GW_HWNDNEXT))
+    TurnTab(GetDlgItem(other, set32::id148::viewTabs), tab);
+}
+
+void OpenAdvanced(HWND page) {
+  SendMessageW(GetDlgItem(page, set32::id::advancedButton), BM_CLICK, 0, 0);
 }
 
 }  // namespace scan_desk
