@@ -3,20 +3,35 @@
 # is none. Leaves a picture of it in build/scan-desk.png. On a display it runs until the person closes it; on a virtual
 # one it ends as soon as the picture is taken.
 #
-#   tools/windows/run-window.sh [--page N] [--network real] [PREVIEW]
+#   ./run --window [OPTION...] [PREVIEW]
 #
-# N is the sheet's page on the picture: 0 (General) or 1 (Advanced). Scanners are searched on USB alone, unless --network
-# real lets the panel ask every machine in the network.
+#   --face sheet|inline     the panel as a tabbed sheet, or as one page with a dialog
+#   --network real          lets the panel search this machine's network, where every machine hears it; else USB alone
+#   --jpeg on|off, --output-bits 36|42|48
+#                           what the device can do, for the inline face
+#   --page 0|1, --tab 0|1|2
+#                           turns to the sheet's General or Advanced page, and to a tab of the latter
+#   --advanced              opens the inline face's dialog
+#
+# F1 lists the keys. What a person saves at the panel goes with the window.
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
 
+usage() { sed -n '2,/^[^#]/s/^# \{0,1\}//p' "$0"; }
+
 options=()
 while [[ "${1:-}" = --* ]]; do
-  [ $# -ge 2 ] || fail "$1 says nothing"
-  if [ "$1" = --network ] && [ "$2" = real ]; then network=(); fi
+  case "$1 ${2:-}" in
+    "--help "*) usage; exit ;;
+    "--advanced "*) options+=("$1"); shift; continue ;;
+    "--network real") network=() ;;
+    "--face "* | "--network "* | "--jpeg "* | "--output-bits "* | "--page "* | "--tab "*) ;;
+    *) usage >&2; exit 2 ;;
+  esac
   options+=("$1" "$2")
   shift 2
 done
+[ $# -le 1 ] || { usage >&2; exit 2; }
 picture=${1:-samples/flatbed-colour-100dpi.bmp}
 [ -e "$picture" ] || fail "there is no $picture"
 case $(realpath "$picture") in
@@ -32,7 +47,7 @@ snapshot=build/scan-desk.png
 rm -f "$snapshot"
 desk=("$build/bin/scan-desk.exe" "${options[@]}" --snapshot "$snapshot")
 if [ -n "${DISPLAY:-}" ]; then
-  say "the window stands on display $DISPLAY until you close it"
+  say "the window stands on display $DISPLAY until you close it; F1 lists its keys, and what you save goes with it"
   on_display "$preset" wine "${desk[@]}" "$picture" || true
   [ -s "$snapshot" ] || say "display $DISPLAY can't be used"
 fi
