@@ -133,10 +133,10 @@ TEST_F(HostsPart, LongEntriesWidenOpenedLists) {
 TEST_F(HostsPart, LowPageHasAScrollBarBesideItsRows) {
   Open();
   const auto& list = dynamic_cast<const List&>(ControlOf(id::configList));
-  const int wide = list.ColumnWidth();
   const Size page = TheSession().TheDesk().Require(User::Target(id::configList)).dialog.ClientSize();
   Person().Resize({page.width, page.height - 100});
-  EXPECT_EQ(list.ColumnWidth(), wide - 14);
+  const int scrollBar = TheSession().Outside().ThePlatform().windows.ScrollBarWidth();
+  EXPECT_EQ(list.ColumnWidth(), list.InnerWidth() - scrollBar);
 }
 
 }  // namespace
