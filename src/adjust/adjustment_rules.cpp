@@ -164,7 +164,7 @@ void ClearOutputOptions(ScanSettings& settings) {
 void CopyAdjustmentsToPreview(const ScanSettings& settings, CDib& preview) {
   preview.brightness = settings.brightness;
   preview.contrast = settings.contrast;
-  const bool byBand = settings.bandGamma != 0;
+  const bool byBand = settings.bandGamma == 1;
   preview.gammaRed = byBand ? settings.gammaRed : settings.gammaAll;
   preview.gammaGreen = byBand ? settings.gammaGreen : settings.gammaAll;
   preview.gammaBlue = byBand ? settings.gammaBlue : settings.gammaAll;

@@ -31,11 +31,13 @@ struct ModuleState {
   std::string scannerListPath;  // the scanner list
   std::uint8_t driverType = driver_type::usb | driver_type::network;
 
-  // Of the module settings; empty where the module's folder isn't known, since a bare name would lead to a file of
-  // wherever the process stands.
-  std::string ModuleSettingsPath() const {
-    return moduleDir.empty() ? std::string() : moduleDir + module_file::settings;
+  // Of a file beside the module; empty where the module's folder isn't known, since a bare name would lead to a file
+  // of wherever the process stands.
+  std::string PathBesideModule(const char* name) const {
+    return moduleDir.empty() ? std::string() : moduleDir + name;
   }
+  std::string ModuleSettingsPath() const { return PathBesideModule(module_file::settings); }
+  std::string HardwareOptionsPath() const { return PathBesideModule(module_file::hardwareOptions); }
 
   // Set by the start of a page.
   std::string productName;         // caption of all message boxes, at most 255 bytes

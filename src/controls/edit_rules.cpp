@@ -41,6 +41,11 @@ std::optional<std::string> IntEditRules::Repair(std::string_view text) {
   return shown;
 }
 
+void IntEditRules::Note(std::string_view text) {
+  IntEditRules judged = *this;
+  if (!judged.Repair(text)) *this = judged;
+}
+
 void RealEditRules::SetRange(double a, double b) {
   minValue = std::min(a, b);
   maxValue = std::max(a, b);

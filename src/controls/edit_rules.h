@@ -26,6 +26,10 @@ struct IntEditRules {
 
   // Judges a text after a change. Result: the text to show in its place, none when it may stand.
   std::optional<std::string> Repair(std::string_view text);
+
+  // A text that the program shows stands as it is: one that passes is the last good one from now on, any other leaves
+  // that as it was.
+  void Note(std::string_view text);
 };
 
 // The text of an edit with its selection; bytes, start <= end <= text.size().

@@ -17,8 +17,8 @@ bool CDlgModalToModeless::Start(ModelessDialog& dialog, WindowHandle parent) {
     dialog_ = nullptr;
     return false;
   }
-  // The dialog may have closed again while it opened.
-  if (IsRunning()) closedMutex_ = threads_.MakeMutex(closedMutexName, true);
+  // The dialog may have closed again while it opened, and may even have opened once more.
+  if (IsRunning() && closedMutex_ == nullptr) closedMutex_ = threads_.MakeMutex(closedMutexName, true);
   return IsRunning();
 }
 

@@ -1,5 +1,7 @@
 #include "controls/range_int_edit.h"
 
+#include "controls/number_text.h"
+
 namespace set32 {
 
 void CRangeIntEdit::Attach(Edit& edit) {
@@ -12,8 +14,17 @@ void CRangeIntEdit::SetRange(std::int32_t low, std::int32_t high) {
   NoteRange();
 }
 
-void CRangeIntEdit::OnUpdate() {
+void CRangeIntEdit::Show(std::int32_t number) {
   if (edit_ == nullptr) return;
+  const std::string text = WholeNumberText(number);
+  rules_.Note(text);
+  isShowing_ = true;
+  edit_->SetText(text);
+  isShowing_ = false;
+}
+
+void CRangeIntEdit::OnUpdate() {
+  if (edit_ == nullptr || isShowing_) return;
   const std::optional<std::string> shown = rules_.Repair(edit_->Text());
   if (!shown) return;
   // Raises the event once more; that time there is nothing to repair.

@@ -71,7 +71,7 @@ bool CRangeRealEdit::OnPaste() {
 }
 
 void CRangeRealEdit::OnEnterKey() {
-  if (dialog_ != nullptr) dialog_->TakeFocus();
+  if (dialog_ != nullptr && enter_ == EnterKey::leavesEdit) dialog_->TakeFocus();
 }
 
 EditState CRangeRealEdit::State() const {

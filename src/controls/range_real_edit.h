@@ -1,7 +1,7 @@
 // CRangeRealEdit: an edit that takes only what keeps its text a decimal number.
 //
-// It refuses each key and each paste that would spoil the text, with a beep, and Enter takes the focus out of it, so
-// that its owner's test of the value runs. Saying in words what is wrong is the owner's part.
+// It refuses each key and each paste that would spoil the text, with a beep, and Enter runs its owner's test of the
+// value. Saying in words what is wrong is the owner's part.
 #pragma once
 
 #include <string_view>
@@ -11,11 +11,19 @@
 
 namespace set32 {
 
+// How Enter makes the owner test the value.
+enum class EnterKey {
+  leavesEdit,  // the focus goes to the dialog, so that the edit is left
+  isOwners,    // the focus stays, the owner answers the dialog's OK
+};
+
 // Until SetRange: 0.0 to 1000.0. The object must outlive the edit's window. Host's thread only.
 class CRangeRealEdit : public EditFilter {
  public:
-  CRangeRealEdit(Clipboard& clipboard, System& system) : clipboard_(clipboard), system_(system) {}
-  explicit CRangeRealEdit(Platform& platform) : CRangeRealEdit(platform.clipboard, platform.system) {}
+  CRangeRealEdit(Clipboard& clipboard, System& system, EnterKey enter = EnterKey::leavesEdit)
+      : clipboard_(clipboard), system_(system), enter_(enter) {}
+  explicit CRangeRealEdit(Platform& platform, EnterKey enter = EnterKey::leavesEdit)
+      : CRangeRealEdit(platform.clipboard, platform.system, enter) {}
   CRangeRealEdit(const CRangeRealEdit&) = delete;
   CRangeRealEdit& operator=(const CRangeRealEdit&) = delete;
 
@@ -41,6 +49,7 @@ class CRangeRealEdit : public EditFilter {
 
   Clipboard& clipboard_;
   System& system_;
+  EnterKey enter_;
   Dialog* dialog_ = nullptr;
   Edit* edit_ = nullptr;
   RealEditRules rules_;

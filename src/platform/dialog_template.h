@@ -68,6 +68,7 @@ enum class DialogStyle {
   sheet,          // child, visible, tab stop; tabbing runs through its children
   modalPopup,     // caption, run by RunModal
   modelessPopup,  // caption, stands beside its owner
+  notePopup,      // the same, and leaves the focus where it is when it appears
   bare,           // modeless, without caption and buttons
 };
 

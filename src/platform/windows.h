@@ -160,8 +160,8 @@ class Windows {
   // Creates a dialog as a child of `parent`, or owned by it for the pop-up styles; OnInit runs inside. Null when the
   // window can't be created or died inside OnInit. A control that can't be created is left out. Children are shown
   // once OnInit is over (OnShown) and take no focus; pop-ups and bare dialogs are hidden until shown, and then the
-  // focus is on their first control that can take it (TakesFocus), or on themselves. A window dies with its parent or
-  // owner, whatever kind of window that is.
+  // focus is on their first control that can take it (TakesFocus), or on themselves; notes leave it where it is. A
+  // window dies with its parent or owner, whatever kind of window that is.
   virtual std::unique_ptr<Dialog> Create(const DialogTemplate& source, WindowHandle parent,
                                          DialogHandler& handler) = 0;
 
@@ -189,6 +189,8 @@ class Windows {
 
   // The screen without the task bar.
   virtual Size FullScreen() const = 0;
+  // What task bars leave of the screen that a place lies on or nearest to; empty when it isn't known.
+  virtual Rect WorkAreaAt(const Rect& place) const = 0;
   virtual int ScrollBarWidth() const = 0;
 
   // All dialogs that stand, in order of creation.
@@ -219,6 +221,7 @@ class ForwardingWindows : public Windows {
   void Enable(WindowHandle window, bool enabled) override { target_.Enable(window, enabled); }
   void RaiseToFront(WindowHandle window) override { target_.RaiseToFront(window); }
   Size FullScreen() const override { return target_.FullScreen(); }
+  Rect WorkAreaAt(const Rect& place) const override { return target_.WorkAreaAt(place); }
   int ScrollBarWidth() const override { return target_.ScrollBarWidth(); }
   std::vector<Dialog*> Standing() const override { return target_.Standing(); }
 

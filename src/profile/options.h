@@ -6,14 +6,12 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 
 #include "boundary/adjustment_defaults.h"
 #include "boundary/option_file.h"
-#include "platform/geometry.h"
 #include "profile/file_names.h"
 #include "profile/profile_file.h"
 
@@ -32,21 +30,6 @@ class ModuleSettings {
 
  private:
   System& system_;
-  OptionFile file_;
-};
-
-// The hardware options, beside the module.
-class HardwareOptions {
- public:
-  HardwareOptions(ProfileCalls& calls, System& system, std::string path) : file_(calls, system, std::move(path)) {}
-
-  // Whether the advanced dialog shows its check box for high-bit output.
-  bool HighBitControlShown() const { return file_.Read(hardware_key::highBitControl) != 0; }
-  // Upper left corner of the advanced dialog at its last close; nothing where no two numbers are stored.
-  std::optional<Point> DialogPlace() const;
-  bool WriteDialogPlace(const Rect& place) const;
-
- private:
   OptionFile file_;
 };
 

@@ -160,7 +160,7 @@ constexpr auto dialogs = std::to_array<DialogTemplate>({
     {dialog::general, "一般", {180, 261}, uiFont, 8, DialogStyle::child, generalControls},
     {dialog::gamma, "進階設定", {139, 241}, uiFont, 8, DialogStyle::modelessPopup, gammaControls},
     {dialog::saveConfig, "儲存掃描配置", {175, 66}, uiFont, 8, DialogStyle::modalPopup, saveConfigControls},
-    {dialog::message, "", {242, 66}, uiFont, 8, DialogStyle::modelessPopup, messageControls},
+    {dialog::message, "", {242, 66}, uiFont, 8, DialogStyle::notePopup, messageControls},
     {dialog::addScanner, "加入掃描器 IP...", {188, 78}, uiFont, 8, DialogStyle::modalPopup, addScannerControls},
     {dialog::searching, "", {169, 21}, "Arial", 10, DialogStyle::bare, searchingControls},
     {dialog::advanced, "進階", {173, 233}, uiFont, 8, DialogStyle::child, advancedControls},

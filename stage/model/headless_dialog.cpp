@@ -16,7 +16,8 @@ HeadlessDialog::HeadlessDialog(HeadlessWindows& windows, const DialogTemplate& s
       templateId_(source.id),
       child_(IsChildStyle(source.style)),
       framed_(!child_),
-      captioned_(source.style == DialogStyle::modalPopup || source.style == DialogStyle::modelessPopup),
+      captioned_(!child_ && source.style != DialogStyle::bare),
+      takesFocus_(source.style != DialogStyle::notePopup),
       modal_(modal),
       open_(modal),
       title_(source.caption == nullptr ? "" : source.caption) {

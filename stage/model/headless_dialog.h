@@ -92,6 +92,7 @@ class HeadlessDialog : public Dialog {
   bool child_;
   bool framed_;
   bool captioned_;
+  bool takesFocus_;  // when it appears
   bool modal_;
   bool ended_ = false;  // the modal run
   bool open_;           // the closed hook is due once it goes

@@ -71,8 +71,9 @@ void HeadlessWindows::Show(WindowHandle window, bool visible) {
 }
 
 void HeadlessWindows::Appear(WindowHandle window) {
-  FocusFirst(window);
   HeadlessDialog* dialog = DialogOf(window);
+  if (dialog->takesFocus_) FocusFirst(window);
+  dialog = DialogOf(window);
   if (dialog == nullptr || !dialog->visible_) return;
   dialog->open_ = true;
   TellOpened(window);

@@ -10,7 +10,7 @@ namespace set32 {
 
 namespace {
 
-constexpr Size screen{1024, 740};
+constexpr Size screen{1280, 1024};
 constexpr int scrollBarWidth = 17;
 
 }  // namespace
@@ -96,6 +96,10 @@ void HeadlessWindows::RaiseToFront(WindowHandle window) {
 
 Size HeadlessWindows::FullScreen() const {
   return screen;
+}
+
+Rect HeadlessWindows::WorkAreaAt(const Rect&) const {
+  return {0, 0, screen.width, screen.height};
 }
 
 int HeadlessWindows::ScrollBarWidth() const {

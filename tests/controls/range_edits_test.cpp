@@ -161,7 +161,13 @@ TEST(IntEditOnAPage, IsRepairedAfterEachUpdate) {
   EXPECT_EQ(typed("0", "7"), "7");
   EXPECT_EQ(typed("7", "x"), "7") << "the last one that passed";
   field.SetText("500");
-  EXPECT_EQ(field.Text(), "7") << "also what the program sets";
+  EXPECT_EQ(field.Text(), "7") << "whoever sets it";
+
+  whole.Show(50);
+  whole.Show(500);
+  EXPECT_EQ(field.Text(), "500") << "but what is shown stands until a person changes it";
+  stage.Hands().TypeText(field, "1");
+  EXPECT_EQ(field.Text(), "50") << "and the last good one is the one that was shown before";
 }
 
 }  // namespace

@@ -22,6 +22,7 @@ constexpr ControlTemplate popUpControls[] = {
 };
 constexpr DialogTemplate modal{2, "modal", {80, 40}, "Sans", 8, DialogStyle::modalPopup, popUpControls};
 constexpr DialogTemplate modeless{3, "modeless", {80, 40}, "Sans", 8, DialogStyle::modelessPopup, popUpControls};
+constexpr DialogTemplate notice{6, "notice", {80, 40}, "Sans", 8, DialogStyle::notePopup, popUpControls};
 constexpr DialogTemplate bare{4, "", {80, 40}, "Sans", 8, DialogStyle::bare, {}};
 constexpr DialogTemplate sheet{5, "", {0, 0}, "Sans", 8, DialogStyle::sheet, {}};
 
@@ -190,6 +191,29 @@ TEST_F(DialogContract, APopUpWithoutControlsTakesTheFocusItself) {
   dialog->Destroy();
   EXPECT_TRUE(stage.Get<Edit>(edit).HasFocus());
   EXPECT_THAT(stage.Heard(), IsEmpty());
+}
+
+TEST_F(DialogContract, ANoteLeavesTheFocusUntilAPersonTurnsToIt) {
+  stage.Get<Edit>(edit).SetFocus();
+  stage.Heard();
+  const auto dialog = stage.TheWindows().Create(notice, stage.host, popUp);
+  for (int round = 1; round <= 2; ++round) {
+    popUp.Take();
+    dialog->SetVisible(true);
+    EXPECT_TRUE(stage.Get<Edit>(edit).HasFocus());
+    EXPECT_THAT(stage.Heard(), IsEmpty());
+    stage.Hands().Click(dialog->Get<Button>(dialog_result::ok));
+    EXPECT_THAT(stage.Heard(), ElementsAre("60 lost"));
+    EXPECT_THAT(popUp.Take(), ElementsAre("shown", "ok", "not shown"));
+    EXPECT_FALSE(dialog->IsVisible());
+    EXPECT_TRUE(stage.Get<Edit>(edit).HasFocus());
+  }
+}
+
+TEST_F(DialogContract, TheWorkAreaLiesOnTheScreen) {
+  const Rect area = stage.TheWindows().WorkAreaAt({0, 0, 10, 10});
+  EXPECT_GT(area.Width(), 0);
+  EXPECT_EQ(stage.TheWindows().WorkAreaAt({area.right + 5000, 0, area.right + 5010, 10}), area) << "the nearest";
 }
 
 TEST_F(DialogContract, WindowsDieWithTheirParents) {

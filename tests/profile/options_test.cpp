@@ -5,6 +5,7 @@
 
 #include <limits>
 
+#include "boundary/hardware_options.h"
 #include "host_records.h"
 #include "platform/profile_engine.h"
 #include "stage/model/headless_system.h"

@@ -88,6 +88,7 @@ DWORD StyleOf(DialogStyle style) {
       return always | DS_CONTROL | WS_CHILD | WS_TABSTOP | WS_CLIPSIBLINGS | WS_CLIPCHILDREN;
     case DialogStyle::modalPopup:
     case DialogStyle::modelessPopup:
+    case DialogStyle::notePopup:
       return always | DS_MODALFRAME | WS_POPUP | WS_CAPTION | WS_SYSMENU;
     case DialogStyle::bare:
       return always | WS_POPUP | WS_DLGFRAME;

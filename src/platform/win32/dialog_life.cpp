@@ -109,7 +109,7 @@ void Win32Dialog::Show() {
   const HWND window = window_;
   if (!FocusIsInside() && focusBefore_ == nullptr) focusBefore_ = GetFocus();
   onScreen_ = true;
-  ShowWindow(window, SW_SHOW);
+  ShowWindow(window, takesFocus_ ? SW_SHOW : SW_SHOWNA);
   if (Of(window) != this || !onScreen_) return;
   PlaceFocus();
   if (Of(window) != this || !onScreen_) return;
@@ -124,7 +124,7 @@ void Win32Dialog::Show() {
 void Win32Dialog::PlaceFocus() {
   const HWND window = window_;
   focusPlaced_ = true;
-  if (Focused() != nullptr) return;
+  if (!takesFocus_ || Focused() != nullptr) return;
   ::SetFocus(window);
   if (Of(window) != this) return;
   for (const std::unique_ptr<Control>& control : controls_) {
@@ -140,12 +140,13 @@ void Win32Dialog::LeaveScreen() {
   if (!IsAlive() || !onScreen_) return;
   const HWND window = window_;
   const HWND before = std::exchange(focusBefore_, nullptr);
+  const bool returnsFocus = takesFocus_ || FocusIsInside();
   focusPlaced_ = false;
   {
     const win32::Quiet quiet(desk_, win32::Quiet::What::gains);
     ShowWindow(window, SW_HIDE);
     if (Of(window) == this && FocusIsInside()) ::SetFocus(nullptr);
-    ReturnFocus(before);
+    if (returnsFocus) ReturnFocus(before);
   }
   if (Of(window) == this) TellClosed();
 }

@@ -20,7 +20,8 @@ Win32Dialog::Win32Dialog(std::shared_ptr<win32::DeskState> desk, const DialogTem
       parent_(parent),
       handler_(&handler),
       child_(source.style == DialogStyle::child || source.style == DialogStyle::sheet),
-      modal_(modal) {}
+      modal_(modal),
+      takesFocus_(source.style != DialogStyle::notePopup) {}
 
 Control* Win32Dialog::Find(int id) const {
   const auto found =

@@ -115,6 +115,7 @@ class Win32Dialog : public Dialog {
   DialogHandler* handler_;
   bool child_;
   bool modal_;
+  bool takesFocus_;          // when it appears
   bool ended_ = false;       // the modal run
   bool silent_ = false;      // the object was released
   bool destroying_ = false;  // the handler was told

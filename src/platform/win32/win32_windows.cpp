@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/win32/rects.h"
 #include "platform/win32/win32_dialog.h"
 
 #include <commctrl.h>
@@ -115,6 +116,14 @@ void Win32Windows::RaiseToFront(WindowHandle window) {
 
 Size Win32Windows::FullScreen() const {
   return {GetSystemMetrics(SM_CXFULLSCREEN), GetSystemMetrics(SM_CYFULLSCREEN)};
+}
+
+Rect Win32Windows::WorkAreaAt(const Rect& place) const {
+  const RECT rect = win32::ToRECT(place);
+  MONITORINFO screen{};
+  screen.cbSize = sizeof screen;
+  const HMONITOR nearest = MonitorFromRect(&rect, MONITOR_DEFAULTTONEAREST);
+  return GetMonitorInfoW(nearest, &screen) ? win32::FromRECT(screen.rcWork) : Rect{};
 }
 
 int Win32Windows::ScrollBarWidth() const {

@@ -23,6 +23,7 @@ class Win32Windows : public Windows {
   void Enable(WindowHandle window, bool enabled) override;
   void RaiseToFront(WindowHandle window) override;
   Size FullScreen() const override;
+  Rect WorkAreaAt(const Rect& place) const override;
   int ScrollBarWidth() const override;
   std::vector<Dialog*> Standing() const override;
 
