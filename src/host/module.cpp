@@ -1,6 +1,7 @@
 #include "host/module.h"
 
 #include "boundary/module_state.h"
+#include "host/inline_face.h"
 #include "host/sheet_face.h"
 #include "host/start_up.h"
 #include "profile/options.h"
@@ -8,9 +9,10 @@
 namespace set32 {
 
 struct Module::Inside {
-  explicit Inside(Platform& platform) : state(platform), sheet(state) {}
+  explicit Inside(Platform& platform) : state(platform), inlined(state), sheet(state) {}
 
   ModuleState state;
+  InlineFace inlined;
   SheetFace sheet;
 };
 
@@ -28,12 +30,11 @@ WindowHandle Module::FixSetting(const FixSettingArguments& arguments) {
   ModuleState& state = inside_->state;
   state.bwThreshold = arguments.bwThreshold;
   const RuntimeOptions options(state.platform.profiles, state.platform.system, state.runtimeIniPath);
-  if (options.IsInlineFace()) return 0;  // the inline face comes later
-  return inside_->sheet.FixSetting(arguments);
+  return options.IsInlineFace() ? inside_->inlined.FixSetting(arguments) : inside_->sheet.FixSetting(arguments);
 }
 
 bool Module::IsSettingOpen() const {
-  return false;
+  return inside_->inlined.IsOpen();
 }
 
 }  // namespace set32

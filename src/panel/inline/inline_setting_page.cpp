@@ -1,0 +1,149 @@
+// The inline page's message table, its start, its refresh and its end.
+#include "panel/inline/inline_setting_page.h"
+
+#include "panel/rules/mode_rules.h"
+#include "pointer_word.h"
+#include "resources/ids.h"
+
+namespace set32 {
+
+namespace {
+
+constexpr PanelFace inlineFace = {.rules = inlineFaceRules,
+                                  .preview = inlinePreview,
+                                  .sizeChoiceRefreshesPreview = false,
+                                  .ownsFrameCommand = false};
+
+}  // namespace
+
+std::span<const MessageRow<CInlineSettingPage>> CInlineSettingPage::Messages() {
+  using Page = CInlineSettingPage;
+  static constexpr MessageRow<Page> rows[] = {
+      {EventKind::selectionChosen, id::resolutionCombo, &Page::OnResolutionChoice},
+      {EventKind::focusGained, id::resolutionEdit, &Page::OnResolutionEditEnter},
+      {EventKind::focusLost, id::resolutionEdit, &Page::OnResolutionEdit},
+      {EventKind::selectionChosen, id::sizeCombo, &Page::OnSizeChoice},
+      {EventKind::selectionChosen, id::unitCombo, &Page::OnUnitChoice},
+      {EventKind::focusGained, id::widthEdit, &Page::OnSizeEditEnter},
+      {EventKind::focusGained, id::heightEdit, &Page::OnSizeEditEnter},
+      {EventKind::focusLost, id::widthEdit, &Page::OnWidthEdit},
+      {EventKind::focusLost, id::heightEdit, &Page::OnHeightEdit},
+      {EventKind::selectionChosen, id::modeCombo, &Page::OnModeChoice},
+      {EventKind::clicked, id::colourButton, &Page::OnColourClicked},
+      {EventKind::clicked, id::colourRadio, &Page::OnColourClicked},
+      {EventKind::clicked, id::grayButton, &Page::OnGrayClicked},
+      {EventKind::clicked, id::grayRadio, &Page::OnGrayClicked},
+      {EventKind::clicked, id::bwButton, &Page::OnBlackWhiteClicked},
+      {EventKind::clicked, id::bwRadio, &Page::OnBlackWhiteClicked},
+      {EventKind::selectionChosen, id::sourceCombo, &Page::OnSourceChoice},
+      {EventKind::clicked, id::autoCropCheck, &Page::OnAutoCropClicked},
+      {EventKind::clicked, id::advancedButton, &Page::OnAdvancedClicked},
+      {EventKind::rowChanged, id::configList, &Page::OnRowChanged},
+      {EventKind::rowClicked, id::configList, &Page::OnRowClicked},
+      {EventKind::clicked, id::saveButton, &Page::OnSaveClicked},
+      {EventKind::clicked, id::deleteButton, &Page::OnDeleteClicked},
+  };
+  return rows;
+}
+
+CInlineSettingPage::CInlineSettingPage(ModuleState& state)
+    : CPanelPage(state, inlineFace), gammaDialog_(state, *this) {}
+
+void CInlineSettingPage::OnEvent(const Event& event) {
+  Dispatch(*this, Messages(), event);
+}
+
+MessageResult CInlineSettingPage::OnMessage(std::uint32_t message, WParam wParam, LParam lParam) {
+  if (message == to_panel::frameReport) OnHostReport(wParam, FromParameter<ScanSettings>(lParam));
+  if (message == to_panel::autoCropOff) ClearAutoCrop();
+  return 0;
+}
+
+// The page's whole start. The host's source stays the record's own, while the page begins with the one that the
+// options name; the last settings replace everything else of the record.
+void CInlineSettingPage::OnInit(Dialog& dialog) {
+  AttachControls(dialog);
+  dialog.RemoveCaption();
+  state_.boxOwner = dialog.Handle();
+  ShowControlsOfFace();
+  ReadProductName();
+  AttachPictures();
+  FillUnits();
+  DecideHighBit();
+  if (!Options().PaperSourceControlsShown()) HidePaperSource(TopOfGroup());
+  AddTooltips(Frames::none);
+  FillSources();
+  store_.SetUpList();
+  StartStore();
+  BuildSizeList();
+  shownUnits_ = settings_->units;
+  FirstRefresh();
+  store_.HoldSelectedRow();
+  store_.SetButtons();
+  SelectSource(pageSource_);
+  ShowAutoCropAtStart();
+  FillModes();
+  if (IsTransparency(settings_->paperSource)) ChangePaperSource();
+  ShowModeAtStart();
+  SetSizeRanges();
+}
+
+// Frames and scanners have no part in this face, the advanced dialog has.
+void CInlineSettingPage::ShowControlsOfFace() {
+  Get<Button>(id::removeFrameButton).SetVisible(false);
+  Get<TabBar>(id::frameTabs).SetVisible(false);
+  Get<Label>(id::framesLabel).SetVisible(false);
+  Get<Label>(id::scannerLabel).SetVisible(false);
+  Get<Combo>(id::scannerCombo).SetVisible(false);
+  Get<Button>(id::refreshButton).SetVisible(false);
+  Get<Button>(id::advancedButton).SetVisible(true);
+  Get<Button>(id::advancedButton).SetEnabled(true);
+}
+
+// Nothing stands between the group's caption and the list once the paper source is hidden.
+int CInlineSettingPage::TopOfGroup() const {
+  constexpr int belowCaption = 18;  // pixels
+  return Get<GroupBox>(id::listGroup).Place().top + belowCaption;
+}
+
+void CInlineSettingPage::FinishOpening() {
+  EnterAnchors();
+  isOpen_ = true;
+}
+
+void CInlineSettingPage::EnterAnchors() {
+  anchors_.Add(anchor::moveY | anchor::stretchY, {id::listGroup, id::configList});
+  anchors_.Add(anchor::moveY, {id::saveButton, id::deleteButton, id::scanGroup, id::modeCombo, id::resolutionCombo,
+                               id::resolutionEdit, id::sizeCombo, id::unitCombo, id::heightEdit, id::widthEdit,
+                               id::widthPicture, id::heightPicture, id::advancedButton, id::autoCropCheck,
+                               id::modeLabel, id::resolutionLabel, id::sizeLabel});
+}
+
+void CInlineSettingPage::RefreshPanel() {
+  ShowRecord();
+  host_.ModeShown(settings_->mode);
+  TellValues();
+  RefreshPreview();
+  Front().OnRefreshed();
+}
+
+void CInlineSettingPage::OnEnabled(bool enabled) {
+  gammaDialog_.SetEnabled(enabled);
+}
+
+void CInlineSettingPage::OnClose() {
+  isOpen_ = false;
+  if (dialog_ != nullptr) dialog_->Destroy();
+}
+
+// The advanced dialog works on the page's record, so it ends first.
+void CInlineSettingPage::OnClosing() {
+  gammaDialog_.Close();
+}
+
+void CInlineSettingPage::OnWindowGone() {
+  isOpen_ = false;
+  state_.boxOwner = 0;
+}
+
+}  // namespace set32
