@@ -122,6 +122,7 @@ void CResponsePage::OnRefreshed() {
   if (!HasWindow()) return;
   UpdateEnabling(panel_->Settings());
   ShowSettings(panel_->Settings());
+  dialog_->Invalidate();  // the picture area follows once the preview does
 }
 
 void CResponsePage::LoadFromSettings(const ScanSettings& settings) {

@@ -27,14 +27,14 @@ class AdvancedPage : public PageScenario {
   }
   std::string ReadOutText(int id) { return TheSession().TheDesk().Require(page).Get<Label>(id).Text(); }
 
-  // How many pixels of the drawing have this character; none where drawings can't be seen.
-  std::ptrdiff_t Drawn(char pixel) {
-    std::ptrdiff_t count = 0;
+  // The picture area, a character a pixel; empty where drawings can't be seen.
+  std::string Drawing() {
     const Shown drawing = TheSession().Eye().Show(SplitWords("drawing"));
-    for (std::size_t i = 1; i < drawing.lines.size(); ++i) count += std::ranges::count(drawing.lines[i], pixel);
-    return count;
+    std::string pixels;
+    for (std::size_t i = 1; i < drawing.lines.size(); ++i) pixels += drawing.lines[i] + '\n';
+    return pixels;
   }
-  bool CanSeeDrawings() { return TheSession().Eye().Show(SplitWords("drawing")).lines.size() > 1; }
+  std::ptrdiff_t Drawn(char pixel) { return std::ranges::count(Drawing(), pixel); }
 };
 
 TEST_F(AdvancedPage, ReadsTheCurveUnderThePointer) {
@@ -43,15 +43,17 @@ TEST_F(AdvancedPage, ReadsTheCurveUnderThePointer) {
   EXPECT_EQ(ReadOut(0), "0 0");
   Person().Pick({page, id148::bandCombo}, "綠色");
   Person().Scroll({page, id148::firstSlider}, scroll_code::thumbTrack, 20);
-  const int middle = Area().Width() / 2;
-  const int x = middle * 255 / Area().Width();
+  const int width = Area().Width();
+  ASSERT_GT(width, 0);
+  const int middle = width / 2;
+  const int x = middle * 255 / width;
   const int lifted = static_cast<int>(std::sqrt(x / 255.0) * 255.0);
   EXPECT_EQ(ReadOut(middle), std::to_string(x) + ' ' + std::to_string(lifted));
   Person().Pick({page, id148::bandCombo}, "紅色");
   EXPECT_NE(ReadOut(middle), std::to_string(x) + ' ' + std::to_string(lifted)) << "red has its own";
-  const std::string last = ReadOut(Area().Width() - 1);
+  const std::string last = ReadOut(width - 1);
   EXPECT_LT(std::stoi(last), 255);
-  EXPECT_EQ(ReadOut(Area().Width()), last) << "the right edge lies outside, and the texts stay";
+  EXPECT_EQ(ReadOut(width), last) << "the right edge lies outside, and the texts stay";
 
   Person().Pick({page, id148::viewTabs}, 2);
   EXPECT_EQ(ReadOut(middle), last);
@@ -71,7 +73,7 @@ TEST_F(AdvancedPage, ReadsTheHistogramUnderThePointer) {
 TEST_F(AdvancedPage, DrawsItsTabInTheColourOfTheBand) {
   Host().Preview().MakeBlank({6, 5}, 100);
   OpenAtTab(0);
-  if (!CanSeeDrawings()) GTEST_SKIP() << "drawings are seen on the model alone";
+  if (Drawing().empty()) GTEST_SKIP() << "drawings are seen on the model alone";
   EXPECT_GE(Drawn('#'), Area().Width() / 2);
   Person().Pick({page, id148::bandCombo}, "紅色");
   const std::ptrdiff_t straight = Drawn('r');
@@ -97,6 +99,11 @@ TEST_F(AdvancedPage, DrawsItsTabInTheColourOfTheBand) {
   Person().TurnTo(page);
   EXPECT_GT(Drawn('#'), 0);
   EXPECT_EQ(Drawn('r'), 0);
+  const std::string before = Drawing();
+  Record().gammaAll = 5.0;
+  Open();
+  Person().MovePointer({0, 0});
+  EXPECT_NE(Drawing(), before) << "and so is another record";
 }
 
 // Every event on every tab leaves a record that a scan can be made with, as far as it touched it.
