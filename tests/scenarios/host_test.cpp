@@ -13,7 +13,7 @@ using testing::ElementsAre;
 class HostsPart : public Scenario {
  protected:
   // The host acts once, inside the first message that begins like this.
-  void Inside(const std::string& message, std::function<void()> act) {
+  void Inside(const std::string& message, const std::function<void()>& act) {
     OnEveryLine([message, act, done = false](const std::string& line) mutable {
       if (done || !line.starts_with("host " + message)) return;
       done = true;
@@ -47,6 +47,21 @@ TEST_F(HostsPart, SourceIsPutBackAtTheStart) {
                                    settings, added, settings + " frame 3 0", shown, settings, added,
                                    "host 0x402 0 settings", "host 0x402 0 settings", shown, settings, added));
   EXPECT_EQ(Record().paperSource, paper_source::flatbed);
+}
+
+// Already the first words of a start on the feeder come with a record without auto crop.
+TEST_F(HostsPart, RecordHasNoAutoCropWhenAStartOnTheFeederSpeaks) {
+  WriteKey(ModuleFile::options, "OPTION", "LLDriverInterface", "1");
+  WriteKey(ModuleFile::options, "OPTION", "EnablePaperSource", "1");
+  Open();
+  Person().Pick(id::sourceCombo, "自動送件器");
+  Record().autoCrop = 1;
+  Host().Close();
+  TheSession().Restart();
+  std::uint32_t heardWith = 99;
+  Inside("0x404", [&] { heardWith = Record().autoCrop; });
+  ASSERT_TRUE(TheSession().Open());
+  EXPECT_EQ(heardWith, 0U);
 }
 
 // A host that adds a frame on each report can't keep the panel.
