@@ -87,9 +87,9 @@ class FolderKey : public RegistryKey {
   }
 
   std::uint32_t SubKeyName(std::uint32_t index, std::string& name) override {
-    const std::vector<std::string> names = Names(folder_, EntryKind::key);
-    if (index >= names.size()) return registry_result::noMoreItems;
-    name = names[index];
+    if (!keys_) keys_ = Names(folder_, EntryKind::key);
+    if (index >= keys_->size()) return registry_result::noMoreItems;
+    name = (*keys_)[index];
     return registry_result::success;
   }
 
@@ -110,11 +110,15 @@ class FolderKey : public RegistryKey {
       values.push_back(at->path());
     }
     for (const fs::path& value : values) fs::remove(value, error);  // a link itself, not what it names
-    return fs::remove(*found, error) && !error ? registry_result::success : registry_result::accessDenied;
+    if (!fs::remove(*found, error) || error) return registry_result::accessDenied;
+    if (keys_ && found->parent_path() == folder_) std::erase(*keys_, found->filename().string());
+    return registry_result::success;
   }
 
  private:
   fs::path folder_;
+  // As the folder was when it was first enumerated: reading it at each index would cost the square of it.
+  std::optional<std::vector<std::string>> keys_;
 };
 
 }  // namespace
