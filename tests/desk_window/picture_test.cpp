@@ -21,12 +21,14 @@ using testing::HasSubstr;
 using namespace std::string_view_literals;
 
 class Pictures : public testing::Test {
+ public:
+  ~Pictures() override { Gdiplus::GdiplusShutdown(encoders_); }
+
  protected:
   Pictures() {
     const Gdiplus::GdiplusStartupInput input;
     Gdiplus::GdiplusStartup(&encoders_, &input, nullptr);
   }
-  ~Pictures() override { Gdiplus::GdiplusShutdown(encoders_); }
 
   std::wstring Path(std::string_view name) const {
     const std::string path = folder_.Path(name);
@@ -106,7 +108,7 @@ std::string FileOf(const Kind& kind) {
   info.biClrUsed = kind.bits <= 8 ? static_cast<DWORD>(kind.table.size() / 4) : 0;
   BITMAPFILEHEADER file{};
   file.bfType = 0x4D42;
-  file.bfOffBits = static_cast<DWORD>(sizeof file + sizeof info + kind.table.size());
+  file.bfOffBits = DWORD{sizeof file + sizeof info} + static_cast<DWORD>(kind.table.size());
   file.bfSize = file.bfOffBits + info.biSizeImage;
   std::string bytes(reinterpret_cast<const char*>(&file), sizeof file);
   return bytes.append(reinterpret_cast<const char*>(&info), sizeof info).append(kind.table).append(kind.pixels);
