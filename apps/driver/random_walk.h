@@ -15,6 +15,7 @@ struct WalkOptions {
   std::uint32_t seed = 1;
   int steps = 1000;
   std::string scriptPath;  // where a failing script is written
+  bool inlineFace = false;
 };
 
 // Result: the exit status, 0 when all held, 1 after a failure.

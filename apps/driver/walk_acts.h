@@ -26,9 +26,14 @@ class WalkActs {
     return choices[Below(static_cast<int>(N))];
   }
 
+  Chunk ByPerson(Session& session, const Dialog& place);
   Chunk AtControl(const Dialog& page, const Control& control);
+  Chunk AtBar(const std::string& name, bool isSlider);
   Chunk InEdit(const std::string& name);
+  Chunk ByKey();
   Chunk ByHost();
+  Chunk BetweenOpenings(int kind);
+  Chunk InsideAMessage();
   std::string Report();
   std::string NumberText();
 

@@ -54,11 +54,13 @@ bool ReadsBack(const std::string& text, double inches, std::uint32_t units, std:
 std::optional<std::string> WalkChecks::Check(Session& session, const std::string& act) {
   if (session.Host().SawForeignRecord()) return "a message carried another record than the host's";
   if (auto finding = CheckCodes(session.Host().Settings())) return finding;
+  if (auto finding = CheckAdjustments(session.Host().Settings())) return finding;
   if (auto finding = CheckProfile(session)) return finding;
   if (session.TheDesk().Find(dialog::general) == nullptr) return {};
-  NoteResolution(session.Host().Settings(), act);
+  NoteMode(session.Host().Settings(), act);
   if (auto finding = CheckCombos(session)) return finding;
   if (auto finding = CheckLengths(session)) return finding;
+  if (auto finding = CheckAdvancedPage(session)) return finding;
   return CheckNotified(session, act);
 }
 
@@ -79,6 +81,47 @@ WalkChecks::Finding WalkChecks::CheckCodes(const ScanSettings& settings) const {
   return {};
 }
 
+// Nobody in a walk writes anything else, so the panel must hold its values to their ranges.
+WalkChecks::Finding WalkChecks::CheckAdjustments(const ScanSettings& settings) const {
+  const auto isGamma = [](double gamma) { return gamma >= 0.01 && gamma <= 10.0; };
+  if (!isGamma(settings.gammaAll) || !isGamma(settings.gammaRed) || !isGamma(settings.gammaGreen) ||
+      !isGamma(settings.gammaBlue)) {
+    return "a gamma is out of its range";
+  }
+  const auto isWithin = [](std::int32_t value, std::int32_t most) { return value >= -most && value <= most; };
+  if (!isWithin(settings.brightness, 100) || !isWithin(settings.contrast, 100) ||
+      !isWithin(settings.sharpness, 100) || !isWithin(settings.saturation, 100) || !isWithin(settings.hue, 180)) {
+    return "a value of the picture is out of its range";
+  }
+  return {};
+}
+
+// The edits of the Advanced page show the two values of its tab.
+WalkChecks::Finding WalkChecks::CheckAdvancedPage(Session& session) const {
+  const Dialog* page = session.TheDesk().Find(dialog::advanced);
+  if (page == nullptr || !page->IsVisible() || valuesAreOld_) return {};
+  const ScanSettings& settings = session.Host().Settings();
+  const std::array gammas = {settings.gammaAll, settings.gammaRed, settings.gammaGreen, settings.gammaBlue};
+  const int band = std::clamp(page->Get<Combo>(id148::bandCombo).Selected(), 0, 3);
+  const std::array<std::pair<double, double>, 3> tabs = {{
+      {gammas[static_cast<std::size_t>(band)], settings.sharpness},
+      {settings.brightness, settings.contrast},
+      {settings.saturation, settings.hue},
+  }};
+  const int tab = page->Get<TabBar>(id148::viewTabs).Current();
+  if (tab < 0 || tab >= std::ssize(tabs)) return "tab bar 1067 shows no tab";
+  const auto& [first, second] = tabs[static_cast<std::size_t>(tab)];
+  for (const auto& [edit, value] : {std::pair{id148::firstEdit, first}, std::pair{id148::secondEdit, second}}) {
+    const std::string text = page->Get<Edit>(edit).Text();
+    const auto shown = LeadingNumber(text);
+    constexpr double half = 0.0051;  // of the last decimal on show
+    if (!shown || std::abs(*shown - value) > half) {
+      return "edit 148:" + std::to_string(edit) + " shows " + Quote(text) + " for " + Number(value);
+    }
+  }
+  return {};
+}
+
 WalkChecks::Finding WalkChecks::CheckCombos(Session& session) const {
   const ScanSettings& settings = session.Host().Settings();
   const Dialog& page = session.TheDesk().Require(dialog::general);
@@ -94,11 +137,13 @@ WalkChecks::Finding WalkChecks::CheckCombos(Session& session) const {
   return {};
 }
 
-// A mode can bring the resolution down without writing the sizes anew, so lengths in pixels stay behind until the
-// next act that writes them.
-void WalkChecks::NoteResolution(const ScanSettings& settings, const std::string& act) {
-  const bool changed = std::exchange(dpiBefore_, settings.dpi) != settings.dpi;
-  if (changed) pixelsAreOld_ = act.starts_with("pick 1011 ");
+// A mode can bring the resolution down without writing the sizes anew, and clear values without showing them, so
+// lengths in pixels and the Advanced page's edits stay behind until the next act that writes them.
+void WalkChecks::NoteMode(const ScanSettings& settings, const std::string& act) {
+  const bool isChoice = act.starts_with("pick 1011 ") || act.starts_with("key ");
+  if (std::exchange(dpiBefore_, settings.dpi) != settings.dpi) pixelsAreOld_ = isChoice;
+  if (std::exchange(modeBefore_, settings.mode) != settings.mode) valuesAreOld_ = isChoice;
+  if (act == "open" || act.starts_with("pick 148:1067 ")) valuesAreOld_ = false;
 }
 
 // An edit that holds the focus shows what is being typed.

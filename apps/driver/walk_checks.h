@@ -17,16 +17,20 @@ class WalkChecks {
  private:
   using Finding = std::optional<std::string>;
   Finding CheckCodes(const ScanSettings& settings) const;
+  Finding CheckAdjustments(const ScanSettings& settings) const;
+  Finding CheckAdvancedPage(Session& session) const;
   Finding CheckCombos(Session& session) const;
   Finding CheckLengths(Session& session) const;
-  void NoteResolution(const ScanSettings& settings, const std::string& act);
+  void NoteMode(const ScanSettings& settings, const std::string& act);
   Finding CheckProfile(Session& session);
   Finding CheckNotified(Session& session, const std::string& act);
 
   std::map<std::string, std::string> factoryRows_;  // as they were when they were first seen
   std::uint32_t sizeBefore_ = 0;
   std::int32_t dpiBefore_ = 0;
+  std::uint32_t modeBefore_ = 0;
   bool pixelsAreOld_ = false;
+  bool valuesAreOld_ = false;  // in the edits of the Advanced page
 };
 
 }  // namespace set32

@@ -27,7 +27,7 @@ namespace {
 constexpr int exitUsage = 2;
 constexpr char usage[] =
     "scan-host [--dir DIR] [--language LANGID] [--network simulated|real] [--echo] [SCRIPT]\n"
-    "scan-host --random SEED STEPS [--record SCRIPT]\n"
+    "scan-host --random SEED STEPS [--face sheet|inline] [--record SCRIPT]\n"
     "\n"
     "Opens the scan settings panel as a data source does and plays the person at it. Statements come from SCRIPT, "
     "or\n"
@@ -38,6 +38,7 @@ constexpr char usage[] =
     "  --network KIND   simulated: what the script declares (default); real: this machine's network and devices\n"
     "  --echo           prints each statement behind \"> \"\n"
     "  --random         acts at random, checks what must always hold, and writes random-SEED.scn when it doesn't\n"
+    "  --face FACE      the face that --random opens: sheet (default) or inline\n"
     "  --record SCRIPT  writes the random acts that could be done, and looks at everything between them, as a "
     "script\n";
 
@@ -47,6 +48,7 @@ struct CommandLine {
   bool realNetwork = false;
   bool echo = false;
   bool help = false;
+  bool inlineFace = false;
   std::optional<set32::WalkOptions> walk;
   std::string record;
   std::string script;
@@ -58,7 +60,7 @@ std::optional<set32::WalkOptions> ParseWalk(std::string_view seed, std::string_v
   if (!seedNumber || *seedNumber < 0 || *seedNumber > std::numeric_limits<std::uint32_t>::max()) return {};
   if (!stepCount || *stepCount < 1 || *stepCount > std::numeric_limits<int>::max()) return {};
   return set32::WalkOptions{static_cast<std::uint32_t>(*seedNumber), static_cast<int>(*stepCount),
-                            "random-" + std::to_string(*seedNumber) + ".scn"};
+                            "random-" + std::to_string(*seedNumber) + ".scn", false};
 }
 
 // Nothing when the arguments make no sense.
@@ -96,6 +98,10 @@ std::optional<CommandLine> Parse(const std::vector<std::string_view>& arguments)
       const auto kind = value();
       if (!kind || (*kind != "simulated" && *kind != "real")) return {};
       line.realNetwork = *kind == "real";
+    } else if (argument == "--face") {
+      const auto face = value();
+      if (!face || (*face != "sheet" && *face != "inline")) return {};
+      line.inlineFace = *face == "inline";
     } else if (argument.starts_with('-') || argument.empty() || !line.script.empty()) {
       return {};
     } else {
@@ -106,6 +112,8 @@ std::optional<CommandLine> Parse(const std::vector<std::string_view>& arguments)
     if (!line.walk) return {};
     line.walk->scriptPath = line.record;
   }
+  if (line.inlineFace && !line.walk) return {};
+  if (line.walk) line.walk->inlineFace = line.inlineFace;
   return line;
 }
 

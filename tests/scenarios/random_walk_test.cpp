@@ -75,7 +75,7 @@ TEST(RandomWalk, Holds) {
     std::string said;
     const SessionFolder folder;
     const std::string script = folder.Path() + "/walk.scn";
-    EXPECT_EQ(WalkAtRandom({seed, 1200, script}, [&said](const std::string& line) { said += line + '\n'; }), 0)
+    EXPECT_EQ(WalkAtRandom({.seed = seed, .steps = 1200, .scriptPath = script}, [&said](const std::string& line) { said += line + '\n'; }), 0)
         << said << "scan-host --random " << seed << " 1200 shows it again";
   }
 }
