@@ -69,8 +69,7 @@ bool RefreshClearsDescreen(const ScanSettings& settings) {
 }
 
 std::optional<double> TypedGamma(std::string_view text) {
-  const double value = ReadDecimalNumber(text);
-  return IsDecimalText(text) && dialogGamma.Accepts(value) ? std::optional(value) : std::nullopt;
+  return IsDecimalText(text) ? GammaFromText(dialogGamma, text) : std::nullopt;
 }
 
 std::string RestoredGammaText(double value) {

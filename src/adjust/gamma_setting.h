@@ -4,9 +4,9 @@
 // window; nothing can be taken back. The object lives as long as its page, with and without a window: the defaults
 // are loaded without one, all else does nothing then.
 //
-// One class, one file a topic: gamma_setting.cpp (message table, what the page tells), gamma_dialog_life.cpp (opening
-// and closing), gamma_refresh.cpp (the dialog agrees with the record), gamma_values.cpp (edits, bars, slider),
-// gamma_options.cpp (radio buttons and check boxes). The rules stand in adjustment_rules and dialog_rules.
+// One class, one file a topic: gamma_setting.cpp (message table, what the page tells) and behind its name _life
+// (opening and closing), _refresh (the dialog agrees with the record), _values (edits, bars, slider) and _options
+// (radio buttons and check boxes). The rules stand in adjustment_rules and dialog_rules.
 //
 // The host may end the page, and this dialog with it, inside any message, and a dialog may be closed and opened again
 // inside one; so controls and record are asked for anew after each. Host's thread only.

@@ -135,9 +135,11 @@ TEST(AdjustmentRules, DefaultsReachTheBandsAndThePreview) {
   settings.gammaGreen = 2.0;
   CopyAdjustmentsToPreview(settings, preview);
   EXPECT_EQ(preview.gammaGreen, 2.0);
-  settings.bandGamma = 0;
-  CopyAdjustmentsToPreview(settings, preview);
-  EXPECT_EQ(preview.gammaGreen, 1.5) << "the band keeps its own value, the preview has the one for all";
+  for (const std::uint32_t other : {0U, 2U}) {
+    settings.bandGamma = other;
+    CopyAdjustmentsToPreview(settings, preview);
+    EXPECT_EQ(preview.gammaGreen, 1.5) << "the band keeps its own value, the preview has the one for all";
+  }
   EXPECT_EQ(settings.gammaGreen, 2.0);
   settings.descreen = settings.highBitDepth = settings.bandGamma = 1;
   settings.singleFile = 1;

@@ -47,10 +47,9 @@ TEST(DialogRules, QualityScrollsByPagesAndDragsAlone) {
   using namespace scroll_code;
   const struct {
     int quality, code, position, expected;
-  } cases[] = {{5, pageLeft, 0, 4},        {0, pageLeft, 0, 0},    {5, pageRight, 0, 6},  {10, pageRight, 0, 10},
-               {5, thumbTrack, 8, 8},      {5, lineLeft, 0, 5},    {5, lineRight, 0, 5},  {5, thumbPosition, 8, 5},
-               {50, pageLeft, 0, 10},      {least, pageLeft, 0, 0}, {greatest, pageRight, 0, 10},
-               {50, endScroll, 0, 50}};
+  } cases[] = {{5, pageLeft, 0, 4},   {0, pageLeft, 0, 0},     {5, pageRight, 0, 6},         {10, pageRight, 0, 10},
+               {5, thumbTrack, 8, 8}, {5, lineLeft, 0, 5},     {5, lineRight, 0, 5},         {5, thumbPosition, 8, 5},
+               {50, pageLeft, 0, 10}, {least, pageLeft, 0, 0}, {greatest, pageRight, 0, 10}, {50, endScroll, 0, 50}};
   for (const auto& c : cases) EXPECT_EQ(QualityAfterScroll(c.quality, c.code, c.position), c.expected) << c.code;
 }
 
@@ -71,8 +70,8 @@ TEST(DialogRules, TheTitleBarIsBroughtIntoTheWorkArea) {
   const struct {
     Point corner;
     int left, top;
-  } cases[] = {{{10, 20}, 10, 20},      {{610, 595}, 610, 595},  {{611, 596}, 610, 595},
-               {{-5, 100}, 10, 100},    {{100, -900}, 100, 20},  {{greatest, greatest}, 610, 595},
+  } cases[] = {{{10, 20}, 10, 20},      {{610, 595}, 610, 595}, {{611, 596}, 610, 595},
+               {{-5, 100}, 10, 100},    {{100, -900}, 100, 20}, {{greatest, greatest}, 610, 595},
                {{least, least}, 10, 20}};
   for (const auto& c : cases) {
     const Rect moved = MovedIntoWorkArea(WindowAt(c.corner, size), title, area);
