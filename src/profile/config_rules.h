@@ -52,8 +52,8 @@ struct ColumnRoom {
   int scrollBar = 0;
 };
 
-// Width of the list's one column for a row: as much as the list shows at once, with a vertical scroll bar once the rows
-// don't fit, so that there is no horizontal one; or the text's width where that is much wider. Pixels.
+// Width of the list's one column for a row: as much as the list shows at once, with a vertical scroll bar once the
+// rows don't fit, so that there is no horizontal one; or the text's width where that is much wider. Pixels.
 int ColumnWidthFor(const ColumnRoom& room, int row, int rowsPerPage, int textWidth);
 
 // Lengths of a record as a click takes them: cut to two decimals.

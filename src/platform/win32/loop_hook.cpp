@@ -141,7 +141,6 @@ LRESULT CALLBACK OnMessageTaken(int code, WPARAM removed, LPARAM lParam) {
 
 }  // namespace
 
-LoopHook::LoopHook()
-    : hook_(SetWindowsHookExW(WH_GETMESSAGE, OnMessageTaken, nullptr, GetCurrentThreadId())) {}
+LoopHook::LoopHook() : hook_(SetWindowsHookExW(WH_GETMESSAGE, OnMessageTaken, nullptr, GetCurrentThreadId())) {}
 
 }  // namespace set32::win32

@@ -30,7 +30,8 @@ void ClickedIn(const Win32Dialog& dialog, int id) {
   }
 }
 
-// A radio button without its mark counts the focus alone as a click, which Tab and a dialog that appears would give it.
+// A radio button without its mark counts the focus alone as a click, which Tab and a dialog that appears would give
+// it.
 RealCheck::RealCheck(Win32Dialog& dialog, HWND window, const ControlTemplate& source)
     : RealClickable(dialog, window, source) {
   if (source.kind == ControlKind::radio) Ask(BM_SETDONTCLICK, TRUE);
