@@ -143,7 +143,9 @@ class Bench : public DialogHandler, public HostWindowHandler {
 
   void ChangeRows() {
     constexpr int most = 3;
-    const std::size_t entries = ReadConfigEntries(world_.profiles, MemoryWorld::profilePath).size();
+    std::size_t entries = 0;
+    ConfigEntries stored(world_.profiles, MemoryWorld::profilePath);
+    for (ConfigEntry entry; stored.Next(entry);) ++entries;
     Require(Rows().Count() <= CConfigStore::mostRows);
     Require(static_cast<std::size_t>(Rows().Count()) <= std::max<std::size_t>(entries, 1));
     Contents before = Lines();

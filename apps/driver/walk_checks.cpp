@@ -170,10 +170,12 @@ WalkChecks::Finding WalkChecks::CheckProfile(Session& session) {
   const std::string path = session.TheFiles().PathOf(ModuleFile::profile);
   if (platform.files.PresenceOf(path) != Presence::present) return {};
   std::map<std::string, std::string> factory;
-  for (const ConfigEntry& entry : ReadConfigEntries(platform.profiles, path)) {
+  ConfigEntries entries(platform.profiles, path);
+  for (ConfigEntry entry; entries.Next(entry);) {
+    const std::string name(entry.name);
     ScanConfigItem item{};
-    if (CopyStoredItem(entry, item) != sizeof item) return "the stored row " + entry.name + " doesn't parse";
-    if (item.editable == 0) factory[entry.name].assign(entry.item->begin(), entry.item->end());
+    if (CopyStoredItem(entry, item) != sizeof item) return "the stored row " + name + " doesn't parse";
+    if (item.editable == 0) factory[name].assign(entry.item.begin(), entry.item.end());
   }
   if (factoryRows_.empty()) factoryRows_ = factory;
   if (factory != factoryRows_) return "a factory row has changed on the disk";

@@ -6,7 +6,7 @@
 #include <cstring>
 #include <iterator>
 #include <span>
-#include <unordered_map>
+#include <utility>
 
 #include "platform/letter_case.h"
 #include "platform/profile_text.h"
@@ -22,16 +22,18 @@ static_assert(std::endian::native == std::endian::little, "records are stored as
 
 namespace {
 
-// The section's lines in one read as a rule; a section past the first guess is read again.
-std::string ReadSection(ProfileCalls& calls, const std::string& profilePath) {
-  std::string text(0x8000, '\0');
-  for (;;) {
-    const std::size_t stored = calls.GetSection(profile_key::configItems, text, profilePath.c_str());
-    if (stored + 2 < text.size()) {
-      text.resize(stored);
-      return text;
-    }
-    text.assign(text.size() * 2, '\0');
+struct SectionText {
+  std::unique_ptr<char[]> bytes;
+  std::size_t size = 0;
+};
+
+// The section's lines in one read as a rule; a section past the first guess is read again. Memory that no line comes
+// to is never touched.
+SectionText ReadSection(ProfileCalls& calls, const std::string& profilePath) {
+  for (std::size_t capacity = 0x8000;; capacity *= 8) {
+    SectionText text{std::make_unique_for_overwrite<char[]>(capacity)};
+    text.size = calls.GetSection(profile_key::configItems, {text.bytes.get(), capacity}, profilePath.c_str());
+    if (text.size + 2 < capacity) return text;
   }
 }
 
@@ -39,11 +41,27 @@ std::span<std::uint8_t> BytesOf(ScanConfigItem& item) {
   return {reinterpret_cast<std::uint8_t*>(&item), sizeof(item)};
 }
 
-// The bytes of an item that a value holds.
-std::shared_ptr<const std::vector<std::uint8_t>> DecodeItem(std::string_view value) {
-  auto bytes = std::make_shared<std::vector<std::uint8_t>>(std::min(value.size() / 2, sizeof(ScanConfigItem)));
-  bytes->resize(DecodeHex(value, *bytes, 0));
-  return bytes;
+// Of a text that begins with a line "name=value".
+std::string_view NameOf(std::string_view line) {
+  return profile_text::Trim(line.substr(0, line.find('=')));
+}
+std::string_view ValueOf(std::string_view line) {
+  return profile_text::Unquote(profile_text::Trim(line.substr(line.find('=') + 1)));
+}
+
+// The digits that an item's value begins with, as many as can count, whatever the line's length.
+std::string_view ItemDigits(std::string_view text) {
+  constexpr std::string_view digits = "0123456789ABCDEFabcdef";
+  text.remove_prefix(text.find('=') + 1);
+  text.remove_prefix(std::min(text.find_first_of(digits), text.size()));
+  text = text.substr(0, 2 * sizeof(ScanConfigItem));
+  return text.substr(0, text.find_first_not_of(digits));
+}
+
+std::size_t HashFolded(std::string_view name) {
+  std::uint32_t hash = 2166136261U;
+  for (const char letter : name) hash = (hash ^ static_cast<std::uint8_t>(Folded(letter))) * 16777619U;
+  return hash ^ (hash >> 15);
 }
 
 struct FactoryConfig {
@@ -75,28 +93,67 @@ constexpr const char* lineEnd = "\r\n";
 
 }  // namespace
 
-std::vector<ConfigEntry> ReadConfigEntries(ProfileCalls& calls, const std::string& profilePath) {
-  const std::string text = ReadSection(calls, profilePath);
-  std::vector<ConfigEntry> entries;
-  std::unordered_map<std::string, std::size_t> firsts;  // by folded name
-  for (std::string_view rest = text; !rest.empty();) {
-    const std::string_view line = rest.substr(0, rest.find('\0'));
-    rest.remove_prefix(std::min(line.size() + 1, rest.size()));
+ConfigEntries::ConfigEntries(ProfileCalls& calls, const std::string& profilePath) : firsts_(64) {
+  SectionText section = ReadSection(calls, profilePath);
+  text_ = std::move(section.bytes);
+  size_ = section.size;
+  const auto lines = static_cast<std::size_t>(std::count(text_.get(), text_.get() + size_, '\0'));
+  most_ = lines + lines / 7 + firsts_.size();
+}
+
+std::string_view ConfigEntries::TextFrom(First first) const {
+  const std::size_t place = (first & ~noItem) - 1;
+  return {text_.get() + place, size_ - place};
+}
+
+ConfigEntries::First& ConfigEntries::Slot(std::string_view name) {
+  std::size_t at = HashFolded(name) % firsts_.size();
+  while (firsts_[at] != 0 && !EqualFolded(NameOf(TextFrom(firsts_[at])), name)) at = (at + 1) % firsts_.size();
+  return firsts_[at];
+}
+
+void ConfigEntries::Grow() {
+  const std::vector<First> old = std::exchange(firsts_, std::vector<First>(std::min(firsts_.size() * 4, most_)));
+  for (const First first : old) {
+    if (first != 0) Slot(NameOf(TextFrom(first))) = first;
+  }
+}
+
+bool ConfigEntries::Next(ConfigEntry& entry) {
+  while (at_ < size_) {
+    const auto place = static_cast<First>(at_ + 1);
+    std::string_view line = TextFrom(place);
+    line = line.substr(0, line.find('\0'));
+    at_ += line.size() + 1;
     const std::size_t equals = line.find('=');
     if (equals == std::string_view::npos || equals == 0) continue;
-    const std::string_view name = profile_text::Trim(line.substr(0, equals));
-    const auto [first, isFirst] = firsts.try_emplace(Folded(name), entries.size());
-    // A file may say a name thousands of times: what the first one holds is decoded and kept once.
-    entries.push_back(
-        {std::string(name), isFirst ? DecodeItem(profile_text::Unquote(profile_text::Trim(line.substr(equals + 1))))
-                                    : entries[first->second].item});
+
+    entry.name = NameOf(line);
+    if (names_ >= firsts_.size() / 8 * 7 && firsts_.size() < most_) Grow();
+    First& first = Slot(entry.name);
+    if (first == 0) {
+      ++names_;
+      first = CountHex(ValueOf(line), 0) == 0 ? place | noItem : place;
+    }
+    const bool hasItem = (first & noItem) == 0;
+    entry.item = std::span(item_).first(hasItem ? DecodeHex(ItemDigits(TextFrom(first)), item_, 0) : 0);
+    return true;
   }
-  return entries;
+  return false;
 }
 
 std::size_t CopyStoredItem(const ConfigEntry& entry, ScanConfigItem& item) {
-  std::ranges::copy(*entry.item, BytesOf(item).begin());
-  return entry.item->size();
+  std::ranges::copy(entry.item, BytesOf(item).begin());
+  return entry.item.size();
+}
+
+std::optional<std::size_t> ReadStoredItem(ProfileCalls& calls, const std::string& profilePath, std::string_view name,
+                                          ScanConfigItem& item) {
+  ConfigEntries entries(calls, profilePath);
+  for (ConfigEntry entry; entries.Next(entry);) {
+    if (IsSameKey(entry.name, name)) return CopyStoredItem(entry, item);
+  }
+  return std::nullopt;
 }
 
 bool IsSameKey(std::string_view one, std::string_view other) {
@@ -105,12 +162,6 @@ bool IsSameKey(std::string_view one, std::string_view other) {
 
 bool IsSameName(std::string_view one, std::string_view other) {
   return EqualFolded(one, other);
-}
-
-const ConfigEntry* FindConfigEntry(const std::vector<ConfigEntry>& entries, std::string_view name) {
-  const auto found =
-      std::ranges::find_if(entries, [&](const ConfigEntry& entry) { return IsSameKey(entry.name, name); });
-  return found != entries.end() ? &*found : nullptr;
 }
 
 bool IsUsableConfigName(std::string_view name) {
@@ -122,10 +173,9 @@ bool IsUsableConfigName(std::string_view name) {
 
 Stored StoreConfigItem(ProfileCalls& calls, const std::string& profilePath, const std::string& name,
                        ScanConfigItem item) {
-  const std::vector<ConfigEntry> entries = ReadConfigEntries(calls, profilePath);
-  if (const ConfigEntry* stored = FindConfigEntry(entries, name)) {
-    ScanConfigItem present{};
-    if (CopyStoredItem(*stored, present) < offsetof(ScanConfigItem, reserved)) return Stored::guarded;
+  ScanConfigItem present{};
+  if (const auto stored = ReadStoredItem(calls, profilePath, name, present)) {
+    if (*stored < offsetof(ScanConfigItem, reserved)) return Stored::guarded;
     item.editable = present.editable;
     item.deletable = present.deletable;
   }

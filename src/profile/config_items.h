@@ -2,8 +2,12 @@
 // name and the value a ScanConfigItem in hexadecimal digits. Free of windows. Host's thread only.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,27 +19,54 @@
 namespace set32 {
 
 // One line of the section: the name without its blanks, and the bytes of an item that its value holds, by the rules
-// of CProfileFile::GetBinary: at most 200, and none where a character is foreign. Lines of one name share them.
+// of CProfileFile::GetBinary: at most 200, and none where a character is foreign.
 struct ConfigEntry {
-  std::string name;
-  std::shared_ptr<const std::vector<std::uint8_t>> item;
+  std::string_view name;
+  std::span<const std::uint8_t> item;
 };
 
-// All configurations of a profile, in file order, read in one pass. Of equal names each reads the first one's value,
-// as the profile calls find it.
-std::vector<ConfigEntry> ReadConfigEntries(ProfileCalls& calls, const std::string& profilePath);
+// All configurations of a profile, in file order, read in one pass. Of equal names each has the first one's value, as
+// the profile calls find it. A file may hold a million names, or say one a million times: beside the section's text
+// a few bytes a name are kept, and no value is gone through more than once.
+class ConfigEntries {
+ public:
+  ConfigEntries(ProfileCalls& calls, const std::string& profilePath);
+
+  // The next one; what it shows stays until the call after this. False at the end.
+  bool Next(ConfigEntry& entry);
+
+ private:
+  // Where a name first stands: the place of its line plus 1, with the mark where its value holds no item; 0 is none.
+  using First = std::uint32_t;
+  static constexpr First noItem = 0x80000000;
+
+  // All that stands behind the start of the line that an entry of the table names.
+  std::string_view TextFrom(First first) const;
+  // The name's own entry in the table, or the free one for it.
+  First& Slot(std::string_view name);
+  void Grow();
+
+  std::unique_ptr<const char[]> text_;
+  std::size_t size_ = 0;
+  std::size_t at_ = 0;
+  std::vector<First> firsts_;  // by the name's hash, the next free one where that is taken; never full
+  std::size_t names_ = 0;
+  std::size_t most_ = 0;                                     // entries that the text's lines can need
+  std::array<std::uint8_t, sizeof(ScanConfigItem)> item_{};  // of the present entry
+};
 
 // Lays what is stored over an item: a short value replaces the start. Result: bytes replaced.
 std::size_t CopyStoredItem(const ConfigEntry& entry, ScanConfigItem& item);
+
+// The same for the one that a name stands for; nothing when there is none.
+std::optional<std::size_t> ReadStoredItem(ProfileCalls& calls, const std::string& profilePath, std::string_view name,
+                                          ScanConfigItem& item);
 
 // Whether the file would take two names for one key: blanks at the ends and ASCII letter case don't count.
 bool IsSameKey(std::string_view one, std::string_view other);
 
 // The same for names whose blanks count.
 bool IsSameName(std::string_view one, std::string_view other);
-
-// The entry that a name stands for, null when there is none.
-const ConfigEntry* FindConfigEntry(const std::vector<ConfigEntry>& entries, std::string_view name);
 
 // Whether a name can be a key at all: not blank, no '=', no line end, no leading '[' or ';', which the file would
 // read as something else and so lose the configuration.

@@ -59,9 +59,10 @@ void CConfigStore::BuildConfigList(std::uint32_t source) {
 
   List& rows = Rows();
   rows.Clear();
-  const std::vector<ConfigEntry> entries = ReadConfigEntries(state_.platform.profiles, state_.profilePath);
+  ConfigEntries entries(state_.platform.profiles, state_.profilePath);
+  bool isEmpty = true;
   std::size_t slot = 0;
-  for (const ConfigEntry& entry : entries) {
+  for (ConfigEntry entry; entries.Next(entry); isEmpty = false) {
     ScanConfigItem& item = slots_[slot];
     CopyStoredItem(entry, item);
     // The last slot stays the reading place, so the rows past it are not shown; the file keeps them.
@@ -72,7 +73,7 @@ void CConfigStore::BuildConfigList(std::uint32_t source) {
     }
   }
   rows.ScrollBy(farDown);
-  if (entries.empty()) rows.Add("Custom...", ModeIcon(mode::colour), 0);
+  if (isEmpty) rows.Add("Custom...", ModeIcon(mode::colour), 0);
 }
 
 void CConfigStore::FitColumnTo(int row) {

@@ -1,6 +1,7 @@
 #include "profile/save_config_dialog.h"
 
 #include <cstddef>
+#include <optional>
 
 #include "controls/format.h"
 #include "profile/config_items.h"
@@ -12,11 +13,10 @@ namespace set32 {
 
 NameVerdict JudgeConfigName(ProfileCalls& calls, const std::string& profilePath, const std::string& name) {
   if (!IsUsableConfigName(name)) return NameVerdict::bad;
-  const std::vector<ConfigEntry> entries = ReadConfigEntries(calls, profilePath);
-  const ConfigEntry* stored = FindConfigEntry(entries, name);
-  if (stored == nullptr) return NameVerdict::fresh;
   ScanConfigItem item{};
-  const bool flagsAreKnown = CopyStoredItem(*stored, item) > offsetof(ScanConfigItem, deletable);
+  const std::optional<std::size_t> stored = ReadStoredItem(calls, profilePath, name, item);
+  if (!stored) return NameVerdict::fresh;
+  const bool flagsAreKnown = *stored > offsetof(ScanConfigItem, deletable);
   return flagsAreKnown && item.deletable != 0 ? NameVerdict::replaceable : NameVerdict::guarded;
 }
 
