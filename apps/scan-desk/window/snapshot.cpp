@@ -51,7 +51,9 @@ void TurnTab(HWND bar, int tab) {
 bool SaveSnapshot(const std::wstring& path) {
   RECT place{};
   EnumThreadWindows(GetCurrentThreadId(), AddPlace, reinterpret_cast<LPARAM>(&place));
-  if (IsRectEmpty(&place)) return false;
+  // Windows may hang over the screen's edges, where there is nothing to copy.
+  const RECT whole{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+  if (!IntersectRect(&place, &place, &whole)) return false;
   const int width = place.right - place.left;
   const int height = place.bottom - place.top;
 

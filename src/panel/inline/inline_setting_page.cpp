@@ -96,8 +96,13 @@ void CInlineSettingPage::ShowControlsOfFace() {
   Get<Label>(id::scannerLabel).SetVisible(false);
   Get<Combo>(id::scannerCombo).SetVisible(false);
   Get<Button>(id::refreshButton).SetVisible(false);
-  Get<Button>(id::advancedButton).SetVisible(true);
-  Get<Button>(id::advancedButton).SetEnabled(true);
+  // It takes the row that the frames leave free; its own is under the width's picture.
+  Button& advanced = Get<Button>(id::advancedButton);
+  const Rect place = advanced.Place();
+  const int top = Get<Label>(id::framesLabel).Place().top;
+  advanced.Move({place.left, top, place.right, top + place.Height()});
+  advanced.SetVisible(true);
+  advanced.SetEnabled(true);
 }
 
 // Nothing stands between the group's caption and the list once the paper source is hidden.
