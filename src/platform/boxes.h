@@ -35,19 +35,4 @@ class Boxes {
                             std::uint32_t style) = 0;
 };
 
-class ForwardingBoxes : public Boxes {
- public:
-  explicit ForwardingBoxes(Boxes& target) : target_(target) {}
-  BoxAnswer Show(WindowHandle owner, std::string_view text, std::string_view caption, std::uint32_t style) override {
-    return target_.Show(owner, text, caption, style);
-  }
-  void ShowOnThread(WindowHandle owner, std::string_view text, std::string_view caption,
-                    std::uint32_t style) override {
-    target_.ShowOnThread(owner, text, caption, style);
-  }
-
- private:
-  Boxes& target_;
-};
-
 }  // namespace set32

@@ -16,14 +16,4 @@ class Clipboard {
   virtual void Write(std::string_view text) = 0;
 };
 
-class ForwardingClipboard : public Clipboard {
- public:
-  explicit ForwardingClipboard(Clipboard& target) : target_(target) {}
-  ClipboardRead Read(std::string& text) override { return target_.Read(text); }
-  void Write(std::string_view text) override { target_.Write(text); }
-
- private:
-  Clipboard& target_;
-};
-
 }  // namespace set32

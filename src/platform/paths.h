@@ -15,14 +15,4 @@ class Paths {
   virtual std::string TemporaryFolder() = 0;
 };
 
-class ForwardingPaths : public Paths {
- public:
-  explicit ForwardingPaths(Paths& target) : target_(target) {}
-  std::string ModuleFile() override { return target_.ModuleFile(); }
-  std::string TemporaryFolder() override { return target_.TemporaryFolder(); }
-
- private:
-  Paths& target_;
-};
-
 }  // namespace set32

@@ -49,31 +49,4 @@ class ProfileCalls {
   virtual bool CreateIfAbsent(const char* file, std::span<const char> content) = 0;
 };
 
-class ForwardingProfileCalls : public ProfileCalls {
- public:
-  explicit ForwardingProfileCalls(ProfileCalls& target) : target_(target) {}
-  std::size_t GetString(const char* section, const char* key, const char* fallback, std::span<char> out,
-                        const char* file) override {
-    return target_.GetString(section, key, fallback, out, file);
-  }
-  std::uint32_t GetInteger(const char* section, const char* key, std::int32_t fallback, const char* file) override {
-    return target_.GetInteger(section, key, fallback, file);
-  }
-  std::size_t GetSection(const char* section, std::span<char> out, const char* file) override {
-    return target_.GetSection(section, out, file);
-  }
-  bool WriteString(const char* section, const char* key, const char* value, const char* file) override {
-    return target_.WriteString(section, key, value, file);
-  }
-  bool ReplaceFile(const char* file, std::span<const char> content) override {
-    return target_.ReplaceFile(file, content);
-  }
-  bool CreateIfAbsent(const char* file, std::span<const char> content) override {
-    return target_.CreateIfAbsent(file, content);
-  }
-
- private:
-  ProfileCalls& target_;
-};
-
 }  // namespace set32

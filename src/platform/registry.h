@@ -40,13 +40,4 @@ class Registry {
   virtual std::unique_ptr<RegistryKey> CurrentUser() = 0;
 };
 
-class ForwardingRegistry : public Registry {
- public:
-  explicit ForwardingRegistry(Registry& target) : target_(target) {}
-  std::unique_ptr<RegistryKey> CurrentUser() override { return target_.CurrentUser(); }
-
- private:
-  Registry& target_;
-};
-
 }  // namespace set32

@@ -27,18 +27,4 @@ class Threads {
   virtual std::unique_ptr<NamedMutex> MakeMutex(std::string_view name, bool owned) = 0;
 };
 
-class ForwardingThreads : public Threads {
- public:
-  explicit ForwardingThreads(Threads& target) : target_(target) {}
-  bool Start(ThreadPriority priority, std::function<void()> work) override {
-    return target_.Start(priority, std::move(work));
-  }
-  std::unique_ptr<NamedMutex> MakeMutex(std::string_view name, bool owned) override {
-    return target_.MakeMutex(name, owned);
-  }
-
- private:
-  Threads& target_;
-};
-
 }  // namespace set32

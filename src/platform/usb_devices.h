@@ -29,13 +29,4 @@ class UsbDevices {
   virtual std::unique_ptr<UsbDevice> Open(int number) = 0;
 };
 
-class ForwardingUsbDevices : public UsbDevices {
- public:
-  explicit ForwardingUsbDevices(UsbDevices& target) : target_(target) {}
-  std::unique_ptr<UsbDevice> Open(int number) override { return target_.Open(number); }
-
- private:
-  UsbDevices& target_;
-};
-
 }  // namespace set32
