@@ -24,8 +24,6 @@ class HostWindowHandler {
   virtual void OnRepaintAsked() = 0;
 };
 
-inline constexpr std::uint8_t dottedAlpha = 254;  // in the picture of Input::Drawing
-
 enum class Key { enter, escape, tab, backtab, left, right, up, down, pageUp, pageDown, home, end };
 
 class Input {
@@ -75,10 +73,6 @@ class Input {
 
   // A tab chosen as ChooseTab does, but the focus stays where it is. The tab that is current raises nothing.
   virtual void TurnToTab(TabBar& bar, int index) { ChooseTab(bar, index); }
-
-  // The picture area of a frame as it was last drawn, rows top-down; empty when it never was. A pixel that a dotted
-  // pen laid has the alpha `dottedAlpha`, where the windows can tell.
-  virtual Picture Drawing(Frame& frame) = 0;
 };
 
 }  // namespace set32

@@ -53,6 +53,7 @@ class PosixAssembly : public Assembly {
                   threads_} {}
 
   Platform& ThePlatform() override { return platform_; }
+  WindowWatch& Watch() override { return desk_.windows; }
   Input& TheInput() override { return desk_.input; }
   HeadlessBoxes& TheBoxes() override { return desk_.boxes; }
 

@@ -9,6 +9,7 @@
 #include "platform/win32/win32_usb.h"
 #include "platform/win32/win32_windows.h"
 #include "stage/model/headless_clipboard.h"
+#include "stage/win32/watched_desk.h"
 #include "stage/win32/win32_input.h"
 
 namespace set32 {
@@ -37,12 +38,14 @@ class Win32Assembly : public Assembly {
                   threads_} {}
 
   Platform& ThePlatform() override { return platform_; }
+  WindowWatch& Watch() override { return *desk_; }
   Input& TheInput() override { return input_; }
   HeadlessBoxes& TheBoxes() override { return boxes_; }
 
  private:
   Utf8 utf8_;
-  Win32Windows windows_;
+  std::shared_ptr<WatchedDesk> desk_ = std::make_shared<WatchedDesk>();
+  Win32Windows windows_{desk_};
   HeadlessBoxes boxes_;
   HeadlessClipboard clipboard_;
   Win32Input input_{windows_, clipboard_, Win32Input::HostWindows::hidden};

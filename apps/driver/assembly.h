@@ -15,6 +15,7 @@
 #include "stage/model/simulated_clock.h"
 #include "stage/model/simulated_network.h"
 #include "stage/model/simulated_usb.h"
+#include "stage/window_watch.h"
 
 namespace set32 {
 
@@ -32,6 +33,7 @@ class Assembly {
   Assembly& operator=(const Assembly&) = delete;
 
   virtual Platform& ThePlatform() = 0;
+  virtual WindowWatch& Watch() = 0;
   virtual Input& TheInput() = 0;
   virtual HeadlessBoxes& TheBoxes() = 0;
 

@@ -68,13 +68,16 @@ std::string ComboPart(const Combo& combo) {
     if (i > 0) line += ',';
     line += Quote(combo.EntryText(i));
   }
-  if (combo.WasDropped()) line += " dropped=" + std::to_string(combo.DroppedWidth());
+  const auto* drops = dynamic_cast<const DropsList*>(&combo);
+  if (drops != nullptr && drops->WasDropped()) line += " dropped=" + std::to_string(combo.DroppedWidth());
   return line;
 }
 
 std::string EditPart(const Edit& edit) {
   std::string line = TextPart(edit);
-  if (const auto range = edit.NotedRange()) line += " low=" + Number(range->low) + " high=" + Number(range->high);
+  const auto* notes = dynamic_cast<const NotesRange*>(&edit);
+  const auto range = notes == nullptr ? std::nullopt : notes->NotedRange();
+  if (range) line += " low=" + Number(range->low) + " high=" + Number(range->high);
   return line;
 }
 

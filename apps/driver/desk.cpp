@@ -8,7 +8,7 @@
 namespace set32 {
 
 std::vector<Dialog*> Desk::Standing() const {
-  std::vector<Dialog*> standing = windows_.Standing();
+  std::vector<Dialog*> standing = watch_.Standing();
   std::erase_if(standing, [](const Dialog* dialog) { return !dialog->IsAlive(); });
   return standing;
 }

@@ -8,6 +8,7 @@
 #include "apps/driver/script_text.h"
 #include "platform/windows.h"
 #include "resources/ids.h"
+#include "stage/window_watch.h"
 
 namespace set32 {
 
@@ -19,7 +20,7 @@ struct FoundControl {
 
 class Desk {
  public:
-  explicit Desk(Windows& windows) : windows_(windows) {}
+  explicit Desk(const WindowWatch& watch) : watch_(watch) {}
 
   // The page that uiFixSetting returned last.
   void SetPage(WindowHandle page) { page_ = page; }
@@ -47,7 +48,7 @@ class Desk {
   std::vector<Dialog*> Standing() const;
 
  private:
-  Windows& windows_;
+  const WindowWatch& watch_;
   WindowHandle page_ = 0;
   int default_ = dialog::general;
 };

@@ -44,8 +44,12 @@ HostArguments::HostArguments() : caps(DeviceCaps{}) {
   caps->words[DeviceCaps::sourceCapsWord] = source_caps::feeder | source_caps::transparency;
 }
 
-FakeHost::FakeHost(Platform& platform, Input& input, Hear hear)
-    : platform_(platform), input_(input), hear_(std::move(hear)), records_{MakeSettings(platform.system, {})} {
+FakeHost::FakeHost(Platform& platform, const WindowWatch& watch, Input& input, Hear hear)
+    : platform_(platform),
+      watch_(watch),
+      input_(input),
+      hear_(std::move(hear)),
+      records_{MakeSettings(platform.system, {})} {
   preview_.MakeBlank(blankPreview, previewDpi);
 }
 
@@ -80,7 +84,7 @@ bool FakeHost::Open() {
 void FakeHost::Close() {
   const WindowHandle page = openings_ > 0 ? Page() : RequirePage();
   if (IsPageInline()) {
-    const auto standing = platform_.windows.Standing();
+    const auto standing = watch_.Standing();
     const auto found =
         std::find_if(standing.begin(), standing.end(), [=](auto* dialog) { return dialog->Handle() == page; });
     if (found != standing.end()) input_.SendClose(**found);
@@ -102,7 +106,7 @@ bool FakeHost::IsSettingOpen() const {
 }
 
 bool FakeHost::SheetStands() const {
-  const auto standing = platform_.windows.Standing();
+  const auto standing = watch_.Standing();
   return std::any_of(standing.begin(), standing.end(),
                      [](auto* dialog) { return dialog->TemplateId() == dialog::sheet && dialog->IsAlive(); });
 }

@@ -17,6 +17,7 @@
 #include "platform/platform.h"
 #include "pointer_word.h"
 #include "stage/input.h"
+#include "stage/window_watch.h"
 
 namespace set32 {
 
@@ -37,7 +38,7 @@ class FakeHost : private HostWindowHandler {
   using Hear = std::function<void(const std::string& line)>;
 
   // `hear` gets each line about what reaches the host, as it comes: "host 0x404 0 4", "repaint".
-  FakeHost(Platform& platform, Input& input, Hear hear);
+  FakeHost(Platform& platform, const WindowWatch& watch, Input& input, Hear hear);
   ~FakeHost() override;
   FakeHost(const FakeHost&) = delete;
   FakeHost& operator=(const FakeHost&) = delete;
@@ -108,6 +109,7 @@ class FakeHost : private HostWindowHandler {
   WindowHandle RequirePage() const;
 
   Platform& platform_;
+  const WindowWatch& watch_;
   Input& input_;
   Hear hear_;
   std::function<void(std::uint32_t)> inside_;

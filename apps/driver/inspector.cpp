@@ -115,24 +115,20 @@ Shown Inspector::ShowTitle(std::span<const Word> words) const {
 
 Shown Inspector::ShowPicture(std::span<const Word> words) const {
   const Control& control = desk_.Require(RequireControlName(words[1])).control;
-  std::string name;
-  if (const auto* picture = dynamic_cast<const PictureControl*>(&control)) {
-    name = picture->PictureName();
-  } else if (const auto* button = dynamic_cast<const PictureButton*>(&control)) {
-    name = button->PictureName();
-  } else {
-    throw NotPossible("control " + words[1].text + " shows no picture");
-  }
+  const auto* shows = dynamic_cast<const ShowsPicture*>(&control);
+  if (shows == nullptr) throw NotPossible("control " + words[1].text + " shows no picture");
+  const std::string name = shows->PictureName();
   return Line("picture " + words[1].text, name.empty() ? "none" : name);
 }
 
 Shown Inspector::ShowTip(std::span<const Word> words) const {
   const auto& [dialog, control] = desk_.Require(RequireControlName(words[1]));
-  const Tooltip& tips = dialog.Tips();
-  if (words.size() == 2) return Line("tip " + words[1].text, Quote(tips.ToolText(control.Id())));
+  const auto* tips = dynamic_cast<const TellsTips*>(&dialog.Tips());
+  const auto told = [&](int index) { return Quote(tips == nullptr ? "" : tips->TextAt(control.Id(), index)); };
+  if (words.size() == 2) return Line("tip " + words[1].text, told(0));
   const auto index = ParseIndex(words[2]);
   if (!index) throw NotPossible("show tip takes ID or ID #INDEX");
-  return Line("tip " + words[1].text + ' ' + words[2].text, Quote(tips.TextAt(control.Id(), *index)));
+  return Line("tip " + words[1].text + ' ' + words[2].text, told(*index));
 }
 
 Shown Inspector::ShowFocus(std::span<const Word>) const {
@@ -189,7 +185,8 @@ Shown Inspector::ShowSum(std::span<const Word>) const {
 Shown Inspector::ShowDrawing(std::span<const Word>) const {
   Dialog& page = desk_.Require(dialog::advanced);
   auto& frame = page.Get<Frame>(id148::pictureFrame);
-  const Picture picture = input_.Drawing(frame);
+  const auto* keeps = dynamic_cast<const KeepsDrawing*>(&frame);
+  const Picture picture = keeps == nullptr ? Picture{} : keeps->Drawing();
   Colour face;
   frame.Draw([&](Canvas& canvas) { face = canvas.ColourOf(SystemColour::buttonFace); });
   Shown shown{

@@ -14,7 +14,7 @@
 #include "apps/driver/fake_host.h"
 #include "apps/driver/module_files.h"
 #include "apps/driver/script_text.h"
-#include "stage/input.h"
+#include "stage/inspection.h"
 #include "stage/model/simulated_clock.h"
 
 namespace set32 {
@@ -27,8 +27,8 @@ struct Shown {
 
 class Inspector {
  public:
-  Inspector(Desk& desk, FakeHost& host, ModuleFiles& files, Input& input, SimulatedClock& clock)
-      : desk_(desk), host_(host), files_(files), input_(input), clock_(clock) {}
+  Inspector(Desk& desk, FakeHost& host, ModuleFiles& files, SimulatedClock& clock)
+      : desk_(desk), host_(host), files_(files), clock_(clock) {}
 
   // The words behind `show`. Throws NotPossible.
   Shown Show(std::span<const Word> words);
@@ -77,7 +77,6 @@ class Inspector {
   Desk& desk_;
   FakeHost& host_;
   ModuleFiles& files_;
-  Input& input_;
   SimulatedClock& clock_;
   std::optional<std::uint64_t> start_;
   AllPlaces before_;

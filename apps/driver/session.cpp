@@ -19,35 +19,32 @@ std::string BoxLine(const ShownBox& box) {
 }  // namespace
 
 Session::Session(const AssemblyOptions& options, SessionListener& listener)
-    : listener_(listener),
-      assembly_(Assemble(options)),
-      files_(assembly_->ThePlatform()),
-      desk_(assembly_->ThePlatform().windows) {
+    : listener_(listener), assembly_(Assemble(options)), files_(assembly_->ThePlatform()), desk_(assembly_->Watch()) {
   Platform& platform = assembly_->ThePlatform();
-  host_ = std::make_unique<FakeHost>(platform, assembly_->TheInput(),
+  host_ = std::make_unique<FakeHost>(platform, assembly_->Watch(), assembly_->TheInput(),
                                      [this](const std::string& line) { listener_.OnLine(line); });
   user_ = std::make_unique<User>(desk_, assembly_->TheInput(), platform.clipboard, platform.system);
-  inspector_ = std::make_unique<Inspector>(desk_, *host_, files_, assembly_->TheInput(), assembly_->Clock());
+  inspector_ = std::make_unique<Inspector>(desk_, *host_, files_, assembly_->Clock());
   Listen();
   InstallPlatform(&platform);
 }
 
 Session::~Session() {
   InstallPlatform(nullptr);
-  Windows& windows = assembly_->ThePlatform().windows;
-  windows.SetOpeningHook({});
-  windows.SetOpenedHook({});
-  windows.SetClosedHook({});
+  WindowWatch& watch = assembly_->Watch();
+  watch.SetOpeningHook({});
+  watch.SetOpenedHook({});
+  watch.SetClosedHook({});
 }
 
 void Session::Listen() {
-  Windows& windows = assembly_->ThePlatform().windows;
+  WindowWatch& watch = assembly_->Watch();
   // The message dialog is told each time that it is shown, with what it says; every other one before it starts.
-  windows.SetOpeningHook([this](Dialog& dialog) {
+  watch.SetOpeningHook([this](Dialog& dialog) {
     if (dialog.TemplateId() != dialog::message) listener_.OnLine(DialogLine(dialog));
   });
-  windows.SetOpenedHook([this](Dialog& dialog) { OnOpened(dialog); });
-  windows.SetClosedHook([this](const Dialog& dialog, int result) { OnClosed(dialog, result); });
+  watch.SetOpenedHook([this](Dialog& dialog) { OnOpened(dialog); });
+  watch.SetClosedHook([this](const Dialog& dialog, int result) { OnClosed(dialog, result); });
   host_->SetInside([this](std::uint32_t message) { listener_.OnHostMessage(message); });
   assembly_->TheSystem().OnBeep([this] { listener_.OnLine("beep"); });
   assembly_->TheBoxes().SetListener([this](const ShownBox& box) { listener_.OnLine(BoxLine(box)); });
@@ -107,7 +104,7 @@ void Session::Restart() {
 
 bool Session::IsClosed(WindowHandle window) const {
   for (const Dialog* dialog : desk_.Standing()) {
-    if (dialog->Handle() == window) return !dialog->IsVisible() || dialog->HasEnded();
+    if (dialog->Handle() == window) return !dialog->IsVisible();
   }
   return true;
 }

@@ -108,10 +108,8 @@ struct NumberRange {
 class Edit : public Control {
  public:
   using Control::Control;
-  // The range that the numeric edit's class set last, kept with the control for whoever inspects a page; it changes
-  // nothing by itself.
-  void NoteRange(NumberRange range) { range_ = range; }
-  std::optional<NumberRange> NotedRange() const { return range_; }
+  // The numeric edit's class tells what it takes, for whoever inspects a page; it changes nothing by itself.
+  virtual void NoteRange(NumberRange range) { (void)range; }
   virtual TextRange Selection() const { return {}; }
   // The caret stands at the end.
   virtual void Select(TextRange range) { (void)range; }
@@ -120,15 +118,8 @@ class Edit : public Control {
   virtual void ScrollCaretIntoView() {}
   // Highest number of characters that a person may type; text set by the program is not cut.
   virtual void SetLimit(int characters) { (void)characters; }
-  virtual int Limit() const { return 0; }
-  virtual void SetReadOnly(bool readOnly) { (void)readOnly; }
-  virtual bool IsReadOnly() const { return false; }
   // Null takes it away. The filter must outlive the edit's window or be taken away before.
   virtual void SetFilter(EditFilter* filter) { (void)filter; }
-  virtual EditFilter* Filter() const { return nullptr; }
-
- private:
-  std::optional<NumberRange> range_;
 };
 
 class Button : public Control {  // push buttons
@@ -144,8 +135,6 @@ struct ButtonPictures {
 class PictureButton : public Button {
  public:
   using Button::Button;
-  // Name of the first picture, empty for none.
-  virtual std::string PictureName() const { return {}; }
   // Takes the button's size from the first picture, if that isn't empty.
   virtual void SetPictures(const ButtonPictures& pictures) { (void)pictures; }
 };
@@ -218,11 +207,8 @@ class Combo : public Control {
   // Smallest width of the dropped list in pixels.
   virtual void SetDroppedWidth(int pixels) { (void)pixels; }
   virtual int DroppedWidth() const { return 0; }
-  // Whether the list was dropped at least once (for inspection).
-  virtual bool WasDropped() const { return false; }
   // Owner-drawn combos only; null draws text alone. The painter must outlive the combo's window.
   virtual void SetPainter(ItemPainter* painter) { (void)painter; }
-  virtual void Redraw() {}
 };
 
 struct RowState {
@@ -358,8 +344,6 @@ class PictureControl : public Control {
  public:
   using Control::Control;
   virtual void SetPicture(const Picture& picture) { (void)picture; }
-  // Name of the picture on show, empty for none.
-  virtual std::string PictureName() const { return {}; }
   // The system's stop icon.
   virtual void SetStopIcon() {}
 };

@@ -108,10 +108,4 @@ struct Event {
   bool* refuse = nullptr;
 };
 
-// What the mouse does over a dialog while the window system asks for its cursor.
-struct PointerEvent {
-  Point at;              // client coordinates of the dialog
-  std::uint32_t action;  // the mouse message's number
-};
-
 }  // namespace set32

@@ -1,7 +1,6 @@
 // The tips of a dialog's controls. Its operations do nothing, as a tip does that can't be made.
 #pragma once
 
-#include <string>
 #include <string_view>
 
 #include "platform/geometry.h"
@@ -23,17 +22,6 @@ class Tooltip {
     (void)controlId;
     (void)part;
     (void)text;
-  }
-  // The first tip of a control (for inspection).
-  virtual std::string ToolText(int controlId) const {
-    (void)controlId;
-    return {};
-  }
-  // A control's tips in the order in which they were added, empty behind the last (for inspection).
-  virtual std::string TextAt(int controlId, int index) const {
-    (void)controlId;
-    (void)index;
-    return {};
   }
 };
 

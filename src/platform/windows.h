@@ -6,12 +6,10 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <type_traits>
-#include <utility>
 #include <vector>
 
 #include "platform/control.h"
@@ -104,8 +102,6 @@ class Dialog {
   virtual Rect Place() const = 0;
   virtual void Move(const Rect& place) = 0;
   virtual Size ClientSize() const = 0;
-  // A rectangle of this dialog's units in pixels.
-  virtual Rect UnitsToPixels(const Rect& units) const = 0;
 
   // The window's own flags, whatever its parent's.
   virtual void SetVisible(bool visible) = 0;
@@ -140,8 +136,6 @@ class Dialog {
   // The dialog leaves the screen and its controls lose the focus; the run ends with this result once control comes
   // back to it.
   virtual void EndModal(int result) = 0;
-  // Whether EndModal was called.
-  virtual bool HasEnded() const { return false; }
   virtual bool IsModal() const = 0;
   // A page or a sheet: stands inside its parent.
   virtual bool IsChild() const = 0;
@@ -166,17 +160,9 @@ class Windows {
                                          DialogHandler& handler) = 0;
 
   // Runs a dialog modally over `owner` (0: none). Result: what EndModal was given; cancel when the dialog can't be
-  // created or its owner dies. The hook of SetOpenedHook is called once the dialog stands; in the model of windows
-  // the run is over when the hook returns, with cancel if the dialog wasn't ended. The owner's top-level window is
-  // disabled meanwhile. A dialog that is ended inside OnInit is never shown.
+  // created or its owner dies. The owner's top-level window is disabled meanwhile. A dialog that is ended inside
+  // OnInit is never shown.
   virtual int RunModal(const DialogTemplate& source, WindowHandle owner, DialogHandler& handler) = 0;
-
-  // For scripts and tests: called with each pop-up before its OnInit; with each that is shown, its focus placed, a
-  // modal one inside its run, and one that is on the screen already as well; and with each that leaves the screen,
-  // hidden or about to be destroyed, before it hears of its destruction (the result is a modal run's).
-  virtual void SetOpeningHook(std::function<void(Dialog&)> opening) = 0;
-  virtual void SetOpenedHook(std::function<void(Dialog&)> opened) = 0;
-  virtual void SetClosedHook(std::function<void(Dialog&, int result)> closed) = 0;
 
   // Any window by handle. Everything is a no-op, or 0, on a handle that names no window.
   virtual bool IsWindow(WindowHandle window) const = 0;
@@ -193,40 +179,8 @@ class Windows {
   virtual Rect WorkAreaAt(const Rect& place) const = 0;
   virtual int ScrollBarWidth() const = 0;
 
-  // All dialogs that stand, in order of creation.
-  virtual std::vector<Dialog*> Standing() const = 0;
-
  protected:
   static void Attach(DialogHandler& handler, Dialog* dialog) { handler.handled_ = dialog; }
-};
-
-// Passes everything on, for fakes that change one thing.
-class ForwardingWindows : public Windows {
- public:
-  explicit ForwardingWindows(Windows& target) : target_(target) {}
-  std::unique_ptr<Dialog> Create(const DialogTemplate& source, WindowHandle parent, DialogHandler& handler) override {
-    return target_.Create(source, parent, handler);
-  }
-  int RunModal(const DialogTemplate& source, WindowHandle owner, DialogHandler& handler) override {
-    return target_.RunModal(source, owner, handler);
-  }
-  void SetOpeningHook(std::function<void(Dialog&)> opening) override { target_.SetOpeningHook(std::move(opening)); }
-  void SetOpenedHook(std::function<void(Dialog&)> opened) override { target_.SetOpenedHook(std::move(opened)); }
-  void SetClosedHook(std::function<void(Dialog&, int)> closed) override { target_.SetClosedHook(std::move(closed)); }
-  bool IsWindow(WindowHandle window) const override { return target_.IsWindow(window); }
-  MessageResult Send(WindowHandle window, std::uint32_t message, WParam wParam, LParam lParam) override {
-    return target_.Send(window, message, wParam, lParam);
-  }
-  void Invalidate(WindowHandle window) override { target_.Invalidate(window); }
-  void Enable(WindowHandle window, bool enabled) override { target_.Enable(window, enabled); }
-  void RaiseToFront(WindowHandle window) override { target_.RaiseToFront(window); }
-  Size FullScreen() const override { return target_.FullScreen(); }
-  Rect WorkAreaAt(const Rect& place) const override { return target_.WorkAreaAt(place); }
-  int ScrollBarWidth() const override { return target_.ScrollBarWidth(); }
-  std::vector<Dialog*> Standing() const override { return target_.Standing(); }
-
- private:
-  Windows& target_;
 };
 
 template <typename T>

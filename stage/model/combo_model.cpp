@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "stage/model/raster_canvas.h"
-
 namespace set32 {
 
 namespace {
@@ -68,21 +66,9 @@ int ComboModel::DroppedWidth() const {
   return Alive() ? std::max(droppedWidth_, place_.Width()) : 0;
 }
 
-void ComboModel::Redraw() {
-  if (!Alive() || painter_ == nullptr) return;
-  RasterCanvas canvas(Inside());
-  const Size area = canvas.Area();
-  painter_->DrawItem(canvas, ItemToDraw{.index = selected_,
-                                        .place = {0, 0, area.width, area.height},
-                                        .selected = Focused(),
-                                        .disabled = !enabled_});
-  drawing_ = canvas.Drawing();
-}
-
 void ComboModel::Perish() {
   Modelled::Perish();
   Clear();
-  painter_ = nullptr;
   wasDropped_ = false;
 }
 

@@ -3,11 +3,12 @@
 
 #include <vector>
 
+#include "stage/inspection.h"
 #include "stage/model/control_model.h"
 
 namespace set32 {
 
-class ComboModel : public Modelled<Combo> {
+class ComboModel : public Modelled<Combo>, public DropsList {
  public:
   ComboModel(HeadlessDialog& dialog, const ControlTemplate& source, const Rect& place);
 
@@ -29,15 +30,11 @@ class ComboModel : public Modelled<Combo> {
   void SetDroppedWidth(int pixels) override { droppedWidth_ = pixels; }
   int DroppedWidth() const override;
   bool WasDropped() const override { return wasDropped_; }
-  void SetPainter(ItemPainter* painter) override { painter_ = painter; }
-  void Redraw() override;
   void Perish() override;
 
   // A person's acts.
   void Pick(int index);
   void Drop();
-  // The closed field as the painter last drew it.
-  const Picture& Drawing() const { return drawing_; }
 
  private:
   struct Entry {
@@ -52,8 +49,6 @@ class ComboModel : public Modelled<Combo> {
   int visibleEntries_;
   int droppedWidth_ = 0;
   bool wasDropped_ = false;
-  ItemPainter* painter_ = nullptr;
-  Picture drawing_;
 };
 
 }  // namespace set32

@@ -1,11 +1,12 @@
 // The edit of the model: text, selection and caret in characters, and the keys that a person presses in it.
 #pragma once
 
+#include "stage/inspection.h"
 #include "stage/model/control_model.h"
 
 namespace set32 {
 
-class EditModel : public Modelled<Edit> {
+class EditModel : public Modelled<Edit>, public NotesRange {
  public:
   EditModel(HeadlessDialog& dialog, const ControlTemplate& source, const Rect& place);
 
@@ -15,13 +16,12 @@ class EditModel : public Modelled<Edit> {
   void Select(TextRange range) override;
   void ReplaceSelection(std::string_view text) override;
   void SetLimit(int characters) override;
-  int Limit() const override { return Alive() ? limit_ : 0; }
-  void SetReadOnly(bool readOnly) override { readOnly_ = readOnly; }
-  bool IsReadOnly() const override { return Alive() && readOnly_; }
   void SetFilter(EditFilter* filter) override;
-  EditFilter* Filter() const override { return filter_; }
+  void NoteRange(NumberRange range) override { range_ = range; }
+  std::optional<NumberRange> NotedRange() const override { return range_; }
   void Perish() override;
 
+  EditFilter* Filter() const { return filter_; }
   // A key's character, 8 for backspace; asks the filter first.
   void Type(std::string_view character);
   // Asks the filter first.
@@ -40,6 +40,7 @@ class EditModel : public Modelled<Edit> {
   bool readOnly_;
   bool digitsOnly_;
   EditFilter* filter_ = nullptr;
+  std::optional<NumberRange> range_;
 };
 
 }  // namespace set32

@@ -51,10 +51,6 @@ Size HeadlessDialog::ClientSize() const {
   return {std::max(place_.Width() - frame.width, 0), std::max(place_.Height() - frame.height, 0)};
 }
 
-Rect HeadlessDialog::UnitsToPixels(const Rect& units) const {
-  return PlaceInPixels(units.left, units.top, units.Width(), units.Height());
-}
-
 void HeadlessDialog::SetVisible(bool visible) {
   if (IsAlive()) windows_->Show(handle_, visible);
 }

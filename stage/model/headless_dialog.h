@@ -38,7 +38,6 @@ class HeadlessDialog : public Dialog {
   Rect Place() const override { return IsAlive() ? place_ : Rect{}; }
   void Move(const Rect& place) override;
   Size ClientSize() const override;
-  Rect UnitsToPixels(const Rect& units) const override;
   void SetVisible(bool visible) override;
   bool IsVisible() const override { return IsAlive() && visible_; }
   void SetEnabled(bool enabled) override;
@@ -56,7 +55,6 @@ class HeadlessDialog : public Dialog {
   void CentreOnPointer() override;
   Tooltip& Tips() override;
   void EndModal(int result) override;
-  bool HasEnded() const override { return ended_; }
   bool IsModal() const override { return modal_; }
   bool IsChild() const override { return child_; }
   void Destroy() override;

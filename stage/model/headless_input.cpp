@@ -113,9 +113,4 @@ void HeadlessInput::SendClose(Dialog& dialog) {
   windows_.Tell(dialog.Handle(), [](DialogHandler& handler) { handler.OnClose(); });
 }
 
-Picture HeadlessInput::Drawing(Frame& frame) {
-  const auto* model = dynamic_cast<FrameModel*>(&frame);
-  return model == nullptr ? Picture{} : model->Drawing();
-}
-
 }  // namespace set32

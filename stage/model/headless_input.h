@@ -44,8 +44,6 @@ class HeadlessInput : public Input {
   void Resize(Dialog& dialog, Size client) override;
   void SendClose(Dialog& dialog) override;
 
-  Picture Drawing(Frame& frame) override;
-
  private:
   template <typename Model, typename Act>
   void FocusAnd(Control& control, Act act);

@@ -4,7 +4,6 @@
 // any dialog object, inside any event.
 #pragma once
 
-#include <functional>
 #include <map>
 #include <memory>
 #include <set>
@@ -13,6 +12,7 @@
 #include "platform/windows.h"
 #include "stage/input.h"
 #include "stage/model/headless_dialog.h"
+#include "stage/window_watch.h"
 
 namespace set32 {
 
@@ -30,7 +30,7 @@ struct FocusPlace {
   bool operator==(const FocusPlace&) const = default;
 };
 
-class HeadlessWindows : public Windows {
+class HeadlessWindows : public Windows, public WindowWatch {
  public:
   HeadlessWindows();
   ~HeadlessWindows() override;
@@ -39,9 +39,6 @@ class HeadlessWindows : public Windows {
 
   std::unique_ptr<Dialog> Create(const DialogTemplate& source, WindowHandle parent, DialogHandler& handler) override;
   int RunModal(const DialogTemplate& source, WindowHandle owner, DialogHandler& handler) override;
-  void SetOpeningHook(std::function<void(Dialog&)> opening) override { opening_ = std::move(opening); }
-  void SetOpenedHook(std::function<void(Dialog&)> opened) override { opened_ = std::move(opened); }
-  void SetClosedHook(std::function<void(Dialog&, int result)> closed) override { closed_ = std::move(closed); }
   bool IsWindow(WindowHandle window) const override { return nodes_.count(window) != 0; }
   MessageResult Send(WindowHandle window, std::uint32_t message, WParam wParam, LParam lParam) override;
   void Invalidate(WindowHandle window) override;
@@ -141,8 +138,6 @@ class HeadlessWindows : public Windows {
   WindowHandle raised_ = 0;
   FocusPlace focus_;
   Point pointer_;
-  std::function<void(Dialog&)> opening_, opened_;
-  std::function<void(Dialog&, int result)> closed_;
   std::shared_ptr<Graveyard> graveyard_;
 };
 

@@ -4,7 +4,7 @@
 #include <cstdlib>
 
 #include "platform/utf8.h"
-#include "stage/input.h"
+#include "stage/inspection.h"
 #include "stage/model/control_model.h"
 
 namespace set32 {

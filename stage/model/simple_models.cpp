@@ -67,11 +67,4 @@ void FrameModel::Draw(const std::function<void(Canvas&)>& drawing) {
   drawing_ = canvas.Drawing();
 }
 
-std::string TooltipModel::TextAt(int controlId, int index) const {
-  for (const auto& [id, text] : tools_) {
-    if (id == controlId && index-- == 0) return text;
-  }
-  return {};
-}
-
 }  // namespace set32

@@ -1,12 +1,10 @@
 // The controls of the model that have little state of their own.
 #pragma once
 
-#include <map>
 #include <optional>
-#include <utility>
-#include <vector>
 
 #include "platform/tooltip.h"
+#include "stage/inspection.h"
 #include "stage/model/control_model.h"
 #include "stage/model/raster_canvas.h"
 
@@ -43,11 +41,10 @@ class ButtonModel : public Modelled<Interface>, public Clickable {
   void Click() override { ClickButton(*this); }
 };
 
-class PictureButtonModel : public ButtonModel<PictureButton> {
+class PictureButtonModel : public ButtonModel<PictureButton>, public ShowsPicture {
  public:
   using ButtonModel::ButtonModel;
   void SetPictures(const ButtonPictures& pictures) override;
-  const ButtonPictures& Pictures() const { return pictures_; }
   std::string PictureName() const override { return pictures_.up.name; }
 
  private:
@@ -84,7 +81,7 @@ class AddressModel : public Modelled<Address> {
   std::array<std::optional<std::uint8_t>, 4> fields_;
 };
 
-class PictureModel : public Modelled<PictureControl> {
+class PictureModel : public Modelled<PictureControl>, public ShowsPicture {
  public:
   using Modelled::Modelled;
   void SetPicture(const Picture& picture) override {
@@ -99,26 +96,24 @@ class PictureModel : public Modelled<PictureControl> {
   Picture picture_;
 };
 
-// Keeps what was last drawn on it.
-class FrameModel : public Modelled<Frame> {
+class FrameModel : public Modelled<Frame>, public KeepsDrawing {
  public:
   using Modelled::Modelled;
   void Draw(const std::function<void(Canvas&)>& drawing) override;
-  const Picture& Drawing() const { return drawing_; }
+  Picture Drawing() const override { return drawing_; }
 
  private:
   Picture drawing_;
 };
 
-class TooltipModel : public Tooltip {
+class TooltipModel : public Tooltip, public TellsTips {
  public:
-  void AddTool(int controlId, std::string_view text) override { tools_.emplace_back(controlId, text); }
+  void AddTool(int controlId, std::string_view text) override { texts_.Add(controlId, text); }
   void AddTool(int controlId, const Rect&, std::string_view text) override { AddTool(controlId, text); }
-  std::string ToolText(int controlId) const override { return TextAt(controlId, 0); }
-  std::string TextAt(int controlId, int index) const override;
+  std::string TextAt(int controlId, int index) const override { return texts_.At(controlId, index); }
 
  private:
-  std::vector<std::pair<int, std::string>> tools_;
+  TipTexts texts_;
 };
 
 }  // namespace set32

@@ -125,15 +125,7 @@ class HeldShift {
 }  // namespace
 
 Win32Input::Win32Input(Win32Windows& windows, Clipboard& clipboard, HostWindows look)
-    : windows_(windows), clipboard_(clipboard), look_(look) {
-  windows_.SetRepaintHook([](WindowHandle window) {
-    if (HostWindowHandler* handler = win32::HostHandlerOf(WindowOf(window))) handler->OnRepaintAsked();
-  });
-}
-
-Win32Input::~Win32Input() {
-  windows_.SetRepaintHook(nullptr);
-}
+    : windows_(windows), clipboard_(clipboard), look_(look) {}
 
 WindowHandle Win32Input::MakeHostWindow(Size client, HostWindowHandler& handler) {
   const HWND window = win32::MakeHostWindow(client, handler);
@@ -367,11 +359,6 @@ void Win32Input::Resize(Dialog& dialog, Size client) {
 
 void Win32Input::SendClose(Dialog& dialog) {
   if (dialog.IsAlive()) SendMessageW(WindowOf(dialog.Handle()), WM_CLOSE, 0, 0);
-}
-
-Picture Win32Input::Drawing(Frame& frame) {
-  const auto* real = dynamic_cast<win32::RealFrame*>(&frame);
-  return real == nullptr ? Picture{} : real->Drawing();
 }
 
 }  // namespace set32

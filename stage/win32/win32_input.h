@@ -19,9 +19,6 @@ class Win32Input : public Input {
 
   // `clipboard` is where a paste takes its text from; edits read the system's, so the text is laid there first.
   Win32Input(Win32Windows& windows, Clipboard& clipboard, HostWindows look);
-  ~Win32Input() override;
-  Win32Input(const Win32Input&) = delete;
-  Win32Input& operator=(const Win32Input&) = delete;
 
   WindowHandle MakeHostWindow(Size client, HostWindowHandler& handler) override;
   void DestroyHostWindow(WindowHandle window) override;
@@ -55,8 +52,6 @@ class Win32Input : public Input {
   void Resize(Dialog& dialog, Size client) override;
   void SendClose(Dialog& dialog) override;
   void TurnToTab(TabBar& bar, int index) override;
-
-  Picture Drawing(Frame& frame) override;
 
  private:
   template <typename RealType, typename Act>

@@ -1,3 +1,4 @@
+#include "stage/inspection.h"
 #include "tests/support/contract_case.h"
 
 namespace set32 {
@@ -114,13 +115,14 @@ TEST(ComboContract, ScrollsASelectionIntoViewAsLittleAsNeeded) {
 TEST(ComboContract, RemembersItsDroppedWidth) {
   Stage stage(page);
   Combo& c = TheCombo(stage);
-  EXPECT_FALSE(c.WasDropped());
+  const auto& drops = dynamic_cast<const DropsList&>(c);
+  EXPECT_FALSE(drops.WasDropped());
   c.SetDroppedWidth(500);
   EXPECT_EQ(c.DroppedWidth(), 500);
   c.SetDroppedWidth(0);
   EXPECT_EQ(c.DroppedWidth(), c.Place().Width());
   stage.Hands().DropList(c);
-  EXPECT_TRUE(c.WasDropped());
+  EXPECT_TRUE(drops.WasDropped());
 }
 
 TEST(ComboContract, ACallbackThatPicksElsewhereDoesNoHarm) {

@@ -1,4 +1,5 @@
 // How dialogs appear, run and end.
+#include "stage/inspection.h"
 #include "tests/support/contract_case.h"
 
 namespace set32 {
@@ -75,11 +76,11 @@ TEST_F(DialogContract, AModalRunTakesTheFocusAndGivesItBackWithoutAWord) {
   stage.Get<Edit>(edit).SetFocus();
   stage.Heard();
   std::vector<std::string> order;
-  stage.TheWindows().SetOpeningHook([&](Dialog& dialog) {
+  stage.Watch().SetOpeningHook([&](Dialog& dialog) {
     EXPECT_THAT(popUp.Take(), IsEmpty());
     order.push_back("opening " + std::to_string(dialog.TemplateId()));
   });
-  stage.TheWindows().SetOpenedHook([&](Dialog& dialog) {
+  stage.Watch().SetOpenedHook([&](Dialog& dialog) {
     order.emplace_back("opened");
     EXPECT_THAT(stage.Heard(), ElementsAre("60 lost"));
     EXPECT_THAT(popUp.Take(), ElementsAre("init", "shown", "61 gained"));
@@ -90,7 +91,7 @@ TEST_F(DialogContract, AModalRunTakesTheFocusAndGivesItBackWithoutAWord) {
     EXPECT_FALSE(dialog.IsVisible());
     EXPECT_THAT(popUp.Take(), ElementsAre("ok", "61 lost"));
   });
-  stage.TheWindows().SetClosedHook([&](Dialog& dialog, int result) {
+  stage.Watch().SetClosedHook([&](Dialog& dialog, int result) {
     order.push_back("closed " + std::to_string(dialog.TemplateId()) + " " + std::to_string(result));
     EXPECT_THAT(popUp.Take(), IsEmpty());
   });
@@ -118,7 +119,7 @@ TEST_F(DialogContract, AModalRunEndsByWhatHappensInside) {
     SCOPED_TRACE(ending.name);
     RecordingHandler handler;
     handler.init = ending.atStart;
-    stage.TheWindows().SetOpenedHook(ending.inside);
+    stage.Watch().SetOpenedHook(ending.inside);
     EXPECT_EQ(stage.TheWindows().RunModal(modal, stage.dialog->Handle(), handler), ending.result);
     EXPECT_EQ(handler.Take().back(), "destroyed");
   }
@@ -126,8 +127,8 @@ TEST_F(DialogContract, AModalRunEndsByWhatHappensInside) {
 
 TEST_F(DialogContract, AModelessPopUpIsHiddenByOkAndShownAgain) {
   int opened = 0, closed = 0;
-  stage.TheWindows().SetOpenedHook([&](Dialog&) { ++opened; });
-  stage.TheWindows().SetClosedHook([&](Dialog&, int) { ++closed; });
+  stage.Watch().SetOpenedHook([&](Dialog&) { ++opened; });
+  stage.Watch().SetClosedHook([&](Dialog&, int) { ++closed; });
   const auto dialog = stage.TheWindows().Create(modeless, stage.host, popUp);
   EXPECT_FALSE(dialog->IsVisible());
   EXPECT_EQ(opened, 0);
@@ -238,7 +239,7 @@ TEST_F(DialogContract, WindowsDieWithTheirParents) {
   EXPECT_EQ(inner->Handle(), 0U);
   EXPECT_FALSE(stage.TheWindows().IsWindow(handle));
   EXPECT_EQ(stage.TheWindows().Send(handle, 0x403, 1, 2), 0);
-  EXPECT_THAT(stage.TheWindows().Standing(), IsEmpty());
+  EXPECT_THAT(stage.Watch().Standing(), IsEmpty());
 
   Edit& dead = inner->Get<Edit>(edit);
   dead.SetText("x");
@@ -314,7 +315,7 @@ TEST_F(DialogContract, ADialogCanGoInsideEachOfItsEvents) {
       };
       end.act(one);
       EXPECT_FALSE(one.handler.on) << "the event never came";
-      EXPECT_THAT(one.TheWindows().Standing(), IsEmpty());
+      EXPECT_THAT(one.Watch().Standing(), IsEmpty());
     }
   }
 }
@@ -347,8 +348,9 @@ TEST_F(DialogContract, TipsAreKeptByControl) {
   stage.dialog->Tips().Activate();
   stage.dialog->Tips().AddTool(edit, "width");
   stage.dialog->Tips().AddTool(edit, Rect{0, 0, 5, 5}, "part");
-  EXPECT_EQ(stage.dialog->Tips().ToolText(edit), "width");
-  EXPECT_EQ(stage.dialog->Tips().ToolText(list), "");
+  const auto& tips = dynamic_cast<const TellsTips&>(stage.dialog->Tips());
+  EXPECT_EQ(tips.TextAt(edit, 0), "width");
+  EXPECT_EQ(tips.TextAt(list, 0), "");
 }
 
 }  // namespace

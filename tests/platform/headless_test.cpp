@@ -51,7 +51,7 @@ TEST_F(Headless, WhatCantBeMadeIsLeftOut) {
   EXPECT_FALSE(dialog->Get<Edit>(edit).Exists());
   EXPECT_TRUE(dialog->Get<Combo>(combo).Exists());
   dialog->Tips().AddTool(combo, "tip");
-  EXPECT_EQ(dialog->Tips().ToolText(combo), "");
+  EXPECT_EQ(dynamic_cast<const TellsTips*>(&dialog->Tips()), nullptr);
   DialogTemplate failing = page;
   failing.id = 7;
   EXPECT_EQ(desk.windows.Create(failing, parent, handler), nullptr);
@@ -132,10 +132,11 @@ TEST(RasterCanvasTest, StretchingAveragesWhenItShrinks) {
 TEST_F(Headless, AFrameKeepsItsLastDrawing) {
   const auto dialog = desk.windows.Create(page, parent, handler);
   Frame& area = dialog->Get<Frame>(frame);
-  EXPECT_TRUE(desk.input.Drawing(area).Empty());
+  const auto& kept = dynamic_cast<const KeepsDrawing&>(area);
+  EXPECT_TRUE(kept.Drawing().Empty());
   area.Draw([](Canvas& canvas) { canvas.Fill({0, 0, 1, 1}, black); });
   area.Draw([](Canvas& canvas) { canvas.Fill({1, 0, 2, 1}, red); });
-  const Picture drawn = desk.input.Drawing(area);
+  const Picture drawn = kept.Drawing();
   EXPECT_EQ(drawn.size, (Size{28, 24}));
   EXPECT_EQ(Rows(drawn)[0].substr(0, 3), "#r.");
 }

@@ -7,6 +7,7 @@
 #include "platform/clipboard.h"
 #include "platform/windows.h"
 #include "stage/input.h"
+#include "stage/window_watch.h"
 
 namespace set32 {
 
@@ -14,6 +15,7 @@ class DeskUnderTest {
  public:
   virtual ~DeskUnderTest() = default;
   virtual Windows& TheWindows() = 0;
+  virtual WindowWatch& Watch() = 0;
   virtual Input& Hands() = 0;
   virtual Clipboard& TheClipboard() = 0;
 };

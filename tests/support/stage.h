@@ -23,6 +23,7 @@ struct Stage {
 
   Input& Hands() { return desk->Hands(); }
   Windows& TheWindows() { return desk->TheWindows(); }
+  WindowWatch& Watch() { return desk->Watch(); }
   template <typename T>
   T& Get(int id) {
     return dialog->Get<T>(id);

@@ -97,17 +97,12 @@ void RealCombo::SetPainter(ItemPainter* painter) {
   Ask(CB_SETITEMHEIGHT, selectionField, height);
 }
 
-void RealCombo::Redraw() {
-  if (Exists()) RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
-}
-
 void RealCombo::OnCommand(WORD code) {
   switch (code) {
     case CBN_SELCHANGE:
       Raise(EventKind::selectionChosen);
       break;
     case CBN_DROPDOWN:
-      wasDropped_ = true;
       Raise(EventKind::dropDown);
       break;
     case CBN_CLOSEUP:

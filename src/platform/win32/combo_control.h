@@ -26,9 +26,7 @@ class RealCombo : public Real<Combo> {
   void SetTopIndex(int index) override;
   void SetDroppedWidth(int pixels) override;
   int DroppedWidth() const override { return AskNumber(CB_GETDROPPEDWIDTH); }
-  bool WasDropped() const override { return Exists() && wasDropped_; }
   void SetPainter(ItemPainter* painter) override;
-  void Redraw() override;
 
   void OnCommand(WORD code) override;
   void OnDrawItem(const DRAWITEMSTRUCT& item) override;
@@ -40,7 +38,6 @@ class RealCombo : public Real<Combo> {
   bool Holds(int index) const { return index >= 0 && index < Count(); }
 
   ItemPainter* painter_ = nullptr;
-  bool wasDropped_ = false;
 };
 
 }  // namespace set32::win32

@@ -1,8 +1,7 @@
-// What the windows of a thread share: the dialogs that stand, the hooks of scripts and tests, and what has to live
-// until an event is over.
+// What the windows of a thread share: the dialogs that stand, how their parts are made, and what has to live until an
+// event is over.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <vector>
 
@@ -16,11 +15,26 @@ class Win32Dialog;
 
 namespace win32 {
 
+class RealTooltip;
+
 struct DeskState {
+  DeskState() = default;
+  virtual ~DeskState() = default;
+  DeskState(const DeskState&) = delete;
+  DeskState& operator=(const DeskState&) = delete;
+
+  // For whoever looks on: a pop-up before its OnInit; one that is shown, its focus placed, a modal one inside its
+  // run; and one that leaves the screen, before it hears of its destruction. A window whose repaint was asked for.
+  virtual void OnOpening(Dialog&) {}
+  virtual void OnOpened(Dialog&) {}
+  virtual void OnClosed(Dialog&, int /*result*/) {}
+  virtual void OnRepaintAsked(HWND) {}
+
+  // The typed control over a window that a dialog's template made, and a dialog's tips.
+  virtual std::unique_ptr<Control> MakeControl(Win32Dialog& dialog, HWND window, const ControlTemplate& source);
+  virtual std::unique_ptr<RealTooltip> MakeTips(HWND dialog);
+
   std::vector<Win32Dialog*> standing;  // in order of creation
-  std::function<void(Dialog&)> opening, opened;
-  std::function<void(Dialog&, int result)> closed;
-  std::function<void(WindowHandle)> repaintAsked;
 
   // While they aren't 0, no control says that it gained, or lost, the focus.
   int quietGains = 0;

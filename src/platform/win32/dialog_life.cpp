@@ -3,7 +3,6 @@
 #include <array>
 #include <cwchar>
 
-#include "platform/win32/control_factory.h"
 #include "platform/win32/dialog_bytes.h"
 #include "platform/win32/module_instance.h"
 #include "platform/win32/rects.h"
@@ -64,7 +63,7 @@ void Win32Dialog::TakeControls(const DialogTemplate& source) {
     // A group's frame lies under everything inside it.
     if (control.kind == ControlKind::group)
       SetWindowPos(window, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    controls_.push_back(win32::MakeControl(*this, window, control));
+    controls_.push_back(desk_->MakeControl(*this, window, control));
   }
 }
 
@@ -163,17 +162,16 @@ void Win32Dialog::TellShown(bool shown) {
 }
 
 void Win32Dialog::TellOpened() {
-  if (!IsAlive() || !desk_->opened) return;
+  if (!IsAlive()) return;
   const win32::Delivery delivery(desk_);
-  desk_->opened(*this);
+  desk_->OnOpened(*this);
 }
 
 void Win32Dialog::TellClosed() {
   if (!onScreen_) return;
   onScreen_ = false;
-  if (!desk_->closed) return;
   const win32::Delivery delivery(desk_);
-  desk_->closed(*this, result_);
+  desk_->OnClosed(*this, result_);
 }
 
 void Win32Dialog::EndModal(int result) {

@@ -54,7 +54,7 @@ void RealEdit::OnCommand(WORD code) {
 // Whether the text has no room for one more character. Some systems' edits then report a change that isn't one.
 bool RealEdit::IsFull() const {
   const TextRange selection = Selection();
-  return selection.start == selection.end && GetWindowTextLengthW(Window()) >= Limit();
+  return selection.start == selection.end && GetWindowTextLengthW(Window()) >= AskNumber(EM_GETLIMITTEXT);
 }
 
 std::optional<LRESULT> RealEdit::OnMessage(UINT message, WPARAM wParam, LPARAM) {

@@ -13,11 +13,7 @@ class RealEdit : public Real<Edit> {
   void ReplaceSelection(std::string_view text) override;
   void ScrollCaretIntoView() override { Ask(EM_SCROLLCARET); }
   void SetLimit(int characters) override;
-  int Limit() const override { return AskNumber(EM_GETLIMITTEXT); }
-  void SetReadOnly(bool readOnly) override { Ask(EM_SETREADONLY, readOnly ? TRUE : FALSE); }
-  bool IsReadOnly() const override { return HasStyle(ES_READONLY); }
   void SetFilter(EditFilter* filter) override { filter_ = filter; }
-  EditFilter* Filter() const override { return Exists() ? filter_ : nullptr; }
 
   void OnCommand(WORD code) override;
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;

@@ -5,12 +5,10 @@
 
 #include "platform/win32/code_page.h"
 #include "platform/win32/rects.h"
-#include "stage/input.h"
 
 namespace set32::win32 {
 
-GdiCanvas::GdiCanvas(HDC dc, Size area, const PixelBitmap* pixels)
-    : dc_(dc), area_(area), pixels_(pixels), state_(SaveDC(dc)) {
+GdiCanvas::GdiCanvas(HDC dc, Size area) : dc_(dc), area_(area), state_(SaveDC(dc)) {
   SetBkMode(dc, TRANSPARENT);
 }
 
@@ -49,11 +47,12 @@ void GdiCanvas::Dots(Point from, Point to, Colour colour) {
   for (std::int64_t i = 0; i < steps; i += 2) {
     const int x = from.x + static_cast<int>(across * i / steps);
     const int y = from.y + static_cast<int>(down * i / steps);
-    SetPixelV(dc_, x, y, ToCOLORREF(colour));
-    if (pixels_ == nullptr) continue;
-    GdiFlush();
-    if (std::uint8_t* pixel = pixels_->At(x, y)) pixel[3] = dottedAlpha;
+    Dot({x, y}, colour);
   }
+}
+
+void GdiCanvas::Dot(Point at, Colour colour) {
+  SetPixelV(dc_, at.x, at.y, ToCOLORREF(colour));
 }
 
 void GdiCanvas::Draw(const Picture& picture, Point at) {

@@ -8,10 +8,11 @@ namespace set32::win32 {
 
 class GdiCanvas : public Canvas {
  public:
-  // `pixels` is the bitmap that the context draws into, if it is one of ours: dotted pens then leave the mark
-  // `dottedAlpha` in it. Both must outlive the canvas.
-  GdiCanvas(HDC dc, Size area, const PixelBitmap* pixels = nullptr);
+  // The context must outlive the canvas.
+  GdiCanvas(HDC dc, Size area);
   ~GdiCanvas() override;
+  GdiCanvas(const GdiCanvas&) = delete;
+  GdiCanvas& operator=(const GdiCanvas&) = delete;
 
   Size Area() const override { return area_; }
   Colour ColourOf(SystemColour colour) const override;
@@ -22,12 +23,15 @@ class GdiCanvas : public Canvas {
   void Text(std::string_view text, const Rect& inside, Colour colour) override;
   void FocusRect(const Rect& rect) override;
 
+ protected:
+  // One pixel of a dotted pen.
+  virtual void Dot(Point at, Colour colour);
+
  private:
   void Dots(Point from, Point to, Colour colour);
 
   HDC dc_;
   Size area_;
-  const PixelBitmap* pixels_;
   int state_;
 };
 

@@ -1,5 +1,7 @@
 #include "platform/win32/real_tooltip.h"
 
+#include <string>
+
 #include "platform/win32/code_page.h"
 #include "platform/win32/rects.h"
 
@@ -38,7 +40,7 @@ void RealTooltip::Add(int controlId, const Rect* part, std::string_view text) {
   tool.hwnd = control;
   tool.lpszText = wide.data();
   if (part != nullptr) {
-    tool.uId = tools_.size() + 1;
+    tool.uId = ++parts_;
     tool.rect = ToRECT(*part);
   } else {
     tool.uFlags |= TTF_IDISHWND;
@@ -46,14 +48,6 @@ void RealTooltip::Add(int controlId, const Rect* part, std::string_view text) {
     tool.uId = reinterpret_cast<UINT_PTR>(control);
   }
   SendMessageW(window_.Get(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
-  tools_.emplace_back(controlId, text);
-}
-
-std::string RealTooltip::TextAt(int controlId, int index) const {
-  for (const auto& [id, text] : tools_) {
-    if (id == controlId && index-- == 0) return text;
-  }
-  return {};
 }
 
 }  // namespace set32::win32

@@ -5,7 +5,6 @@
 #include "platform/win32/gdi_canvas.h"
 #include "platform/win32/rects.h"
 #include "platform/win32/win32_dialog.h"
-#include "stage/input.h"
 
 #include <commctrl.h>
 
@@ -68,7 +67,7 @@ void RealPicture::SetPicture(const Picture& picture) {
 
 void RealPicture::SetStopIcon() {
   if (!Exists()) return;
-  picture_ = Picture{.name = "stop", .size = {}, .pixels = {}};
+  picture_ = {};
   stopIcon_ = true;
   InvalidateRect(Window(), nullptr, TRUE);
 }
@@ -91,15 +90,19 @@ void RealFrame::Draw(const std::function<void(Canvas&)>& drawing) {
   if (!*drawn || !memory) return;
   {
     const Selected selected(memory.Get(), drawn->Handle());
-    GdiCanvas canvas(memory.Get(), area, drawn.get());
-    canvas.Fill({0, 0, area.width, area.height}, canvas.ColourOf(SystemColour::buttonFace));
-    if (drawn_ != nullptr && drawn_->Area() == area) canvas.Draw(Drawing(), {});
-    drawing(canvas);
+    const std::unique_ptr<GdiCanvas> canvas = CanvasOn(memory.Get(), *drawn);
+    canvas->Fill({0, 0, area.width, area.height}, canvas->ColourOf(SystemColour::buttonFace));
+    if (drawn_ != nullptr && drawn_->Area() == area) ShowOn(memory.Get());
+    drawing(*canvas);
   }
   if (!Exists()) return;
   drawn_ = std::move(drawn);
   const WindowDc dc(Window());
   ShowOn(dc.Get());
+}
+
+std::unique_ptr<GdiCanvas> RealFrame::CanvasOn(HDC dc, const PixelBitmap& bitmap) const {
+  return std::make_unique<GdiCanvas>(dc, bitmap.Area());
 }
 
 void RealFrame::OnDrawItem(const DRAWITEMSTRUCT& item) {
@@ -115,22 +118,6 @@ void RealFrame::ShowOn(HDC dc) const {
   if (!memory) return;
   const Selected selected(memory.Get(), drawn_->Handle());
   BitBlt(dc, 0, 0, drawn_->Area().width, drawn_->Area().height, memory.Get(), 0, 0, SRCCOPY);
-}
-
-Picture RealFrame::Drawing() const {
-  if (drawn_ == nullptr) return {};
-  GdiFlush();
-  const Size size = drawn_->Area();
-  Picture picture{.name = {}, .size = size, .pixels = {}};
-  picture.pixels.reserve(static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height) * 4);
-  for (int y = 0; y < size.height; ++y) {
-    for (int x = 0; x < size.width; ++x) {
-      const std::uint8_t* pixel = drawn_->At(x, y);
-      picture.pixels.insert(picture.pixels.end(), {pixel[0], pixel[1], pixel[2]});
-      picture.pixels.push_back(pixel[3] == dottedAlpha ? dottedAlpha : std::uint8_t{255});
-    }
-  }
-  return picture;
 }
 
 int RealAddress::Fields(std::array<std::uint8_t, 4>& fields) const {

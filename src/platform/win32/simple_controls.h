@@ -8,6 +8,8 @@
 
 namespace set32::win32 {
 
+class GdiCanvas;
+
 using RealGroup = Real<GroupBox>;
 
 class RealLabel : public Real<Label> {
@@ -46,7 +48,6 @@ class RealPictureButton : public RealClickable<PictureButton> {
  public:
   using RealClickable::RealClickable;
   void SetPictures(const ButtonPictures& pictures) override;
-  std::string PictureName() const override { return Exists() ? pictures_.up.name : std::string(); }
   void OnDrawItem(const DRAWITEMSTRUCT& item) override;
 
  private:
@@ -57,7 +58,6 @@ class RealPicture : public Real<PictureControl> {
  public:
   using Real::Real;
   void SetPicture(const Picture& picture) override;
-  std::string PictureName() const override { return Exists() ? picture_.name : std::string(); }
   void SetStopIcon() override;
   void OnDrawItem(const DRAWITEMSTRUCT& item) override;
 
@@ -72,8 +72,12 @@ class RealFrame : public Real<Frame> {
   using Real::Real;
   void Draw(const std::function<void(Canvas&)>& drawing) override;
   void OnDrawItem(const DRAWITEMSTRUCT& item) override;
-  // Rows top-down, opaque but for dotted pixels; empty before the first drawing.
-  Picture Drawing() const;
+
+ protected:
+  // The canvas for one drawing into the bitmap, which the device context holds.
+  virtual std::unique_ptr<GdiCanvas> CanvasOn(HDC dc, const PixelBitmap& bitmap) const;
+  // What was last drawn, null before the first time.
+  const PixelBitmap* Drawn() const { return drawn_.get(); }
 
  private:
   void ShowOn(HDC dc) const;

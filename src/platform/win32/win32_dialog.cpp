@@ -44,13 +44,6 @@ Size Win32Dialog::ClientSize() const {
   return IsAlive() ? win32::ClientSizeOf(window_) : Size{};
 }
 
-Rect Win32Dialog::UnitsToPixels(const Rect& units) const {
-  if (!IsAlive()) return {};
-  RECT rect = win32::ToRECT(units);
-  MapDialogRect(window_, &rect);
-  return win32::FromRECT(rect);
-}
-
 bool Win32Dialog::IsVisible() const {
   return IsAlive() && (GetWindowLongPtrW(window_, GWL_STYLE) & WS_VISIBLE) != 0;
 }
@@ -157,7 +150,7 @@ void Win32Dialog::PutAt(const Rect& place) const {
 Tooltip& Win32Dialog::Tips() {
   static Tooltip none;
   if (!IsAlive()) return none;
-  if (tips_ == nullptr) tips_ = std::make_unique<win32::RealTooltip>(window_);
+  if (tips_ == nullptr) tips_ = desk_->MakeTips(window_);
   return tips_->Exists() ? static_cast<Tooltip&>(*tips_) : none;
 }
 

@@ -34,7 +34,6 @@ class Win32Dialog : public Dialog {
   Rect Place() const override;
   void Move(const Rect& place) override;
   Size ClientSize() const override;
-  Rect UnitsToPixels(const Rect& units) const override;
   void SetVisible(bool visible) override;
   bool IsVisible() const override;
   void SetEnabled(bool enabled) override;
@@ -52,7 +51,6 @@ class Win32Dialog : public Dialog {
   void CentreOnPointer() override;
   Tooltip& Tips() override;
   void EndModal(int result) override;
-  bool HasEnded() const override { return ended_; }
   bool IsModal() const override { return modal_; }
   bool IsChild() const override { return child_; }
   void Destroy() override;

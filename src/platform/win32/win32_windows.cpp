@@ -45,7 +45,7 @@ class OwnerPause {
 
 }  // namespace
 
-Win32Windows::Win32Windows() : desk_(std::make_shared<win32::DeskState>()) {
+Win32Windows::Win32Windows(std::shared_ptr<win32::DeskState> desk) : desk_(std::move(desk)) {
   INITCOMMONCONTROLSEX classes{};
   classes.dwSize = sizeof classes;
   classes.dwICC = ICC_LISTVIEW_CLASSES | ICC_TAB_CLASSES | ICC_BAR_CLASSES | ICC_UPDOWN_CLASS | ICC_INTERNET_CLASSES;
@@ -60,7 +60,7 @@ std::unique_ptr<Win32Dialog> Win32Windows::Make(const DialogTemplate& source, Wi
   if (!dialog->MakeWindow(source)) return nullptr;
   const win32::Delivery delivery(desk_);
   Attach(handler, dialog.get());
-  if (!child && desk_->opening) desk_->opening(*dialog);
+  if (!child) desk_->OnOpening(*dialog);
   dialog->Tell([&](DialogHandler& hears) { hears.OnInit(*dialog); });
   return dialog->IsAlive() ? std::move(dialog) : nullptr;
 }
@@ -102,7 +102,7 @@ void Win32Windows::Invalidate(WindowHandle window) {
   } else {
     InvalidateRect(WindowOf(window), nullptr, TRUE);
   }
-  if (desk_->repaintAsked) desk_->repaintAsked(window);
+  desk_->OnRepaintAsked(WindowOf(window));
 }
 
 void Win32Windows::Enable(WindowHandle window, bool enabled) {
@@ -134,10 +134,6 @@ Rect Win32Windows::WorkAreaAt(const Rect& place) const {
 
 int Win32Windows::ScrollBarWidth() const {
   return GetSystemMetrics(SM_CXVSCROLL);
-}
-
-std::vector<Dialog*> Win32Windows::Standing() const {
-  return {desk_->standing.begin(), desk_->standing.end()};
 }
 
 }  // namespace set32

@@ -10,13 +10,10 @@ namespace set32 {
 
 class Win32Windows : public Windows {
  public:
-  Win32Windows();
+  explicit Win32Windows(std::shared_ptr<win32::DeskState> desk = std::make_shared<win32::DeskState>());
 
   std::unique_ptr<Dialog> Create(const DialogTemplate& source, WindowHandle parent, DialogHandler& handler) override;
   int RunModal(const DialogTemplate& source, WindowHandle owner, DialogHandler& handler) override;
-  void SetOpeningHook(std::function<void(Dialog&)> opening) override { desk_->opening = std::move(opening); }
-  void SetOpenedHook(std::function<void(Dialog&)> opened) override { desk_->opened = std::move(opened); }
-  void SetClosedHook(std::function<void(Dialog&, int result)> closed) override { desk_->closed = std::move(closed); }
   bool IsWindow(WindowHandle window) const override;
   MessageResult Send(WindowHandle window, std::uint32_t message, WParam wParam, LParam lParam) override;
   void Invalidate(WindowHandle window) override;
@@ -25,10 +22,7 @@ class Win32Windows : public Windows {
   Size FullScreen() const override;
   Rect WorkAreaAt(const Rect& place) const override;
   int ScrollBarWidth() const override;
-  std::vector<Dialog*> Standing() const override;
 
-  // Called at each Invalidate, for whoever watches a host's window.
-  void SetRepaintHook(std::function<void(WindowHandle)> asked) { desk_->repaintAsked = std::move(asked); }
   const std::shared_ptr<win32::DeskState>& Desk() const { return desk_; }
   static void Detach(DialogHandler& handler) { Attach(handler, nullptr); }
 

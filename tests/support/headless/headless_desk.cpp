@@ -9,6 +9,7 @@ namespace {
 class HeadlessDeskUnderTest : public DeskUnderTest {
  public:
   Windows& TheWindows() override { return desk_.windows; }
+  WindowWatch& Watch() override { return desk_.windows; }
   Input& Hands() override { return desk_.input; }
   Clipboard& TheClipboard() override { return desk_.clipboard; }
 

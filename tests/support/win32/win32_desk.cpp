@@ -1,6 +1,7 @@
 #include "platform/win32/code_page.h"
 #include "platform/win32/win32_windows.h"
 #include "stage/model/headless_clipboard.h"
+#include "stage/win32/watched_desk.h"
 #include "stage/win32/win32_input.h"
 #include "tests/support/desk.h"
 
@@ -11,6 +12,7 @@ namespace {
 class Win32DeskUnderTest : public DeskUnderTest {
  public:
   Windows& TheWindows() override { return windows_; }
+  WindowWatch& Watch() override { return *desk_; }
   Input& Hands() override { return input_; }
   Clipboard& TheClipboard() override { return clipboard_; }
 
@@ -20,7 +22,8 @@ class Win32DeskUnderTest : public DeskUnderTest {
   };
 
   Utf8 utf8_;
-  Win32Windows windows_;
+  std::shared_ptr<WatchedDesk> desk_ = std::make_shared<WatchedDesk>();
+  Win32Windows windows_{desk_};
   HeadlessClipboard clipboard_;
   Win32Input input_{windows_, clipboard_, Win32Input::HostWindows::shown};
 };

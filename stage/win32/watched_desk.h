@@ -1,0 +1,22 @@
+// The desk of real windows under scripts and tests: it tells the hooks, and its controls answer to inspection.
+#pragma once
+
+#include "platform/win32/desk_state.h"
+#include "stage/window_watch.h"
+
+namespace set32 {
+
+class WatchedDesk : public win32::DeskState, public WindowWatch {
+ public:
+  std::vector<Dialog*> Standing() const override;
+
+  void OnOpening(Dialog& dialog) override;
+  void OnOpened(Dialog& dialog) override;
+  void OnClosed(Dialog& dialog, int result) override;
+  // A host's window hears it.
+  void OnRepaintAsked(HWND window) override;
+  std::unique_ptr<Control> MakeControl(Win32Dialog& dialog, HWND window, const ControlTemplate& source) override;
+  std::unique_ptr<win32::RealTooltip> MakeTips(HWND dialog) override;
+};
+
+}  // namespace set32
