@@ -5,9 +5,13 @@ find_package(Threads REQUIRED)
 
 add_library(set32_options INTERFACE)
 target_compile_options(set32_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
-target_include_directories(set32_options INTERFACE ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/src
-                                                   ${PROJECT_SOURCE_DIR})
+target_include_directories(set32_options INTERFACE ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/src)
 target_link_libraries(set32_options INTERFACE Threads::Threads)
+
+# Programs, tests and the stage name their headers from the project's folder. What lies in src can't, and so leans on
+# none of them.
+add_library(set32_outside INTERFACE)
+target_include_directories(set32_outside INTERFACE ${PROJECT_SOURCE_DIR})
 
 if(SET32_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
@@ -50,7 +54,7 @@ function(set32_program name folder)
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
   if(sources)
     add_executable(${name} ${sources})
-    target_link_libraries(${name} PRIVATE ${ARGN})
+    target_link_libraries(${name} PRIVATE ${ARGN} set32_outside)
   endif()
 endfunction()
 
@@ -59,7 +63,7 @@ function(set32_tests folder)
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
   if(sources)
     add_executable(${folder}_tests ${sources})
-    target_link_libraries(${folder}_tests PRIVATE ${ARGN} GTest::gmock_main)
+    target_link_libraries(${folder}_tests PRIVATE ${ARGN} set32_outside GTest::gmock_main)
     target_compile_definitions(${folder}_tests PRIVATE
       SET32_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data" SET32_SAMPLES="${PROJECT_SOURCE_DIR}/samples")
     add_test(NAME ${folder} COMMAND ${folder}_tests)
