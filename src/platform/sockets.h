@@ -57,18 +57,4 @@ class Sockets {
   virtual void Sleep(int milliseconds) = 0;
 };
 
-class ForwardingSockets : public Sockets {
- public:
-  explicit ForwardingSockets(Sockets& target) : target_(target) {}
-  bool Start(std::uint16_t version) override { return target_.Start(version); }
-  void Stop() override { target_.Stop(); }
-  std::unique_ptr<DatagramSocket> Open() override { return target_.Open(); }
-  bool HostName(std::string& name) override { return target_.HostName(name); }
-  bool LookUp(std::string_view name) override { return target_.LookUp(name); }
-  void Sleep(int milliseconds) override { target_.Sleep(milliseconds); }
-
- private:
-  Sockets& target_;
-};
-
 }  // namespace set32

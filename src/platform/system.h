@@ -30,21 +30,6 @@ class System {
   virtual std::size_t CharacterLength(std::string_view text) = 0;
 };
 
-class ForwardingSystem : public System {
- public:
-  explicit ForwardingSystem(System& target) : target_(target) {}
-  std::uint16_t DefaultLanguage() override { return target_.DefaultLanguage(); }
-  std::uint64_t Milliseconds() override { return target_.Milliseconds(); }
-  int SecondsOfHour() override { return target_.SecondsOfHour(); }
-  void Beep() override { target_.Beep(); }
-  std::string FromUtf8(std::string_view text) override { return target_.FromUtf8(text); }
-  std::string ToUtf8(std::string_view text) override { return target_.ToUtf8(text); }
-  std::size_t CharacterLength(std::string_view text) override { return target_.CharacterLength(text); }
-
- private:
-  System& target_;
-};
-
 // Characters in a text.
 std::size_t CountCharacters(System& system, std::string_view text);
 // Bytes that the first `characters` characters take, the whole text's if it has fewer.

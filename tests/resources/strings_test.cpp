@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "resources/ids.h"
+#include "stage/forwarding.h"
 #include "stage/model/headless_system.h"
 
 namespace set32 {

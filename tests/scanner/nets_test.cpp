@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include "scanner/address.h"
+#include "stage/forwarding.h"
 #include "stage/model/headless_system.h"
 #include "stage/model/simulated_network.h"
 

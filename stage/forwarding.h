@@ -1,0 +1,38 @@
+// Interfaces that pass everything on, for fakes that change one thing. The target must outlive them.
+#pragma once
+
+#include "platform/sockets.h"
+#include "platform/system.h"
+
+namespace set32 {
+
+class ForwardingSockets : public Sockets {
+ public:
+  explicit ForwardingSockets(Sockets& target) : target_(target) {}
+  bool Start(std::uint16_t version) override { return target_.Start(version); }
+  void Stop() override { target_.Stop(); }
+  std::unique_ptr<DatagramSocket> Open() override { return target_.Open(); }
+  bool HostName(std::string& name) override { return target_.HostName(name); }
+  bool LookUp(std::string_view name) override { return target_.LookUp(name); }
+  void Sleep(int milliseconds) override { target_.Sleep(milliseconds); }
+
+ private:
+  Sockets& target_;
+};
+
+class ForwardingSystem : public System {
+ public:
+  explicit ForwardingSystem(System& target) : target_(target) {}
+  std::uint16_t DefaultLanguage() override { return target_.DefaultLanguage(); }
+  std::uint64_t Milliseconds() override { return target_.Milliseconds(); }
+  int SecondsOfHour() override { return target_.SecondsOfHour(); }
+  void Beep() override { target_.Beep(); }
+  std::string FromUtf8(std::string_view text) override { return target_.FromUtf8(text); }
+  std::string ToUtf8(std::string_view text) override { return target_.ToUtf8(text); }
+  std::size_t CharacterLength(std::string_view text) override { return target_.CharacterLength(text); }
+
+ private:
+  System& target_;
+};
+
+}  // namespace set32
