@@ -40,16 +40,16 @@ class Control {
   // False for a control that isn't there.
   virtual bool Exists() const { return false; }
 
-  virtual void SetEnabled(bool enabled) { (void)enabled; }
+  virtual void SetEnabled(bool) {}
   virtual bool IsEnabled() const { return false; }
   // The control's own flag, whatever its page's.
-  virtual void SetVisible(bool visible) { (void)visible; }
+  virtual void SetVisible(bool) {}
   virtual bool IsVisible() const { return false; }
 
   // The window rectangle in client coordinates of the dialog.
   virtual Rect Place() const { return {}; }
   // Moves and repaints.
-  virtual void Move(const Rect& place) { (void)place; }
+  virtual void Move(const Rect&) {}
   virtual Size ClientSize() const { return {}; }
 
   virtual void SetFocus() {}
@@ -57,16 +57,13 @@ class Control {
 
   // Caption, edit text, or the text of a combo's selection.
   virtual std::string Text() const { return {}; }
-  virtual void SetText(std::string_view text) { (void)text; }
+  virtual void SetText(std::string_view) {}
 
   // Repaints at once.
   virtual void Update() {}
 
   // Width in pixels of a text in the control's font.
-  virtual int TextWidth(std::string_view text) const {
-    (void)text;
-    return 0;
-  }
+  virtual int TextWidth(std::string_view) const { return 0; }
 
  private:
   int id_;
@@ -77,7 +74,7 @@ class Control {
 class Label : public Control {
  public:
   using Control::Control;
-  virtual void SetColour(std::optional<Colour> colour) { (void)colour; }
+  virtual void SetColour(std::optional<Colour> /*colour*/) {}
   virtual std::optional<Colour> OwnColour() const { return {}; }
 };
 
@@ -109,17 +106,17 @@ class Edit : public Control {
  public:
   using Control::Control;
   // The numeric edit's class tells what it takes, for whoever inspects a page; it changes nothing by itself.
-  virtual void NoteRange(NumberRange range) { (void)range; }
+  virtual void NoteRange(NumberRange) {}
   virtual TextRange Selection() const { return {}; }
   // The caret stands at the end.
-  virtual void Select(TextRange range) { (void)range; }
+  virtual void Select(TextRange) {}
   // Replaces the selection, or inserts at the caret.
-  virtual void ReplaceSelection(std::string_view text) { (void)text; }
+  virtual void ReplaceSelection(std::string_view) {}
   virtual void ScrollCaretIntoView() {}
   // Highest number of characters that a person may type; text set by the program is not cut.
-  virtual void SetLimit(int characters) { (void)characters; }
+  virtual void SetLimit(int /*characters*/) {}
   // Null takes it away. The filter must outlive the edit's window or be taken away before.
-  virtual void SetFilter(EditFilter* filter) { (void)filter; }
+  virtual void SetFilter(EditFilter*) {}
 };
 
 class Button : public Control {  // push buttons
@@ -136,13 +133,13 @@ class PictureButton : public Button {
  public:
   using Button::Button;
   // Takes the button's size from the first picture, if that isn't empty.
-  virtual void SetPictures(const ButtonPictures& pictures) { (void)pictures; }
+  virtual void SetPictures(const ButtonPictures&) {}
 };
 
 class CheckButton : public Control {  // check boxes and radio buttons; the program sets the mark, no click does
  public:
   using Control::Control;
-  virtual void SetChecked(bool checked) { (void)checked; }
+  virtual void SetChecked(bool) {}
   virtual bool IsChecked() const { return false; }
 };
 
@@ -170,45 +167,29 @@ class Combo : public Control {
   using Control::Control;
   virtual int Count() const { return 0; }
   // At the end, or before `index`. Result: the entry's position, -1 on failure.
-  virtual int Add(std::string_view text) {
-    (void)text;
-    return -1;
-  }
-  virtual int Insert(int index, std::string_view text) {
-    (void)index;
-    (void)text;
-    return -1;
-  }
-  virtual void Remove(int index) { (void)index; }
+  virtual int Add(std::string_view) { return -1; }
+  virtual int Insert(int /*index*/, std::string_view /*text*/) { return -1; }
+  virtual void Remove(int /*index*/) {}
   virtual void Clear() {}
-  virtual std::string EntryText(int index) const {
-    (void)index;
-    return {};
-  }
+  virtual std::string EntryText(int /*index*/) const { return {}; }
   // A word of the owner's with each entry; 0 until set.
-  virtual void SetData(int index, std::uintptr_t data) {
-    (void)index;
-    (void)data;
-  }
-  virtual std::uintptr_t Data(int index) const {
-    (void)index;
-    return 0;
-  }
+  virtual void SetData(int /*index*/, std::uintptr_t /*data*/) {}
+  virtual std::uintptr_t Data(int /*index*/) const { return 0; }
   // First entry behind `after` (-1: from the first) that begins with the text, or equals it, in both cases without
   // regard to ASCII letter case, going round at the end; -1 when there is none.
   int FindPrefix(int after, std::string_view text) const;
   int FindExact(int after, std::string_view text) const;
   virtual int Selected() const { return -1; }
   // A position outside selects none.
-  virtual void SelectIndex(int index) { (void)index; }
+  virtual void SelectIndex(int /*index*/) {}
   // First entry visible in the list.
   virtual int TopIndex() const { return 0; }
-  virtual void SetTopIndex(int index) { (void)index; }
+  virtual void SetTopIndex(int /*index*/) {}
   // Smallest width of the dropped list in pixels.
-  virtual void SetDroppedWidth(int pixels) { (void)pixels; }
+  virtual void SetDroppedWidth(int /*pixels*/) {}
   virtual int DroppedWidth() const { return 0; }
   // Owner-drawn combos only; null draws text alone. The painter must outlive the combo's window.
-  virtual void SetPainter(ItemPainter* painter) { (void)painter; }
+  virtual void SetPainter(ItemPainter*) {}
 };
 
 struct RowState {
@@ -221,44 +202,27 @@ class List : public Control {
  public:
   using Control::Control;
   // Icons of 16 by 16 pixels; a row names one by its place here.
-  virtual void SetIcons(const std::vector<Picture>& icons) { (void)icons; }
+  virtual void SetIcons(const std::vector<Picture>&) {}
   virtual int Count() const { return 0; }
   // At the end. `data` is a word of the owner's. Result: the row, -1 on failure.
-  virtual int Add(std::string_view text, int icon, std::uintptr_t data) {
-    (void)text;
-    (void)icon;
-    (void)data;
-    return -1;
-  }
-  virtual void Remove(int row) { (void)row; }
+  virtual int Add(std::string_view /*text*/, int /*icon*/, std::uintptr_t /*data*/) { return -1; }
+  virtual void Remove(int /*row*/) {}
   virtual void Clear() {}
-  virtual std::string RowText(int row) const {
-    (void)row;
-    return {};
-  }
-  virtual int RowIcon(int row) const {
-    (void)row;
-    return -1;
-  }
-  virtual std::uintptr_t RowData(int row) const {
-    (void)row;
-    return 0;
-  }
-  virtual RowState StateOf(int row) const {
-    (void)row;
-    return {};
-  }
+  virtual std::string RowText(int /*row*/) const { return {}; }
+  virtual int RowIcon(int /*row*/) const { return -1; }
+  virtual std::uintptr_t RowData(int /*row*/) const { return 0; }
+  virtual RowState StateOf(int /*row*/) const { return {}; }
   // Selects and focuses a row; the row before loses both.
-  virtual void SelectAndFocus(int row) { (void)row; }
-  virtual void EnsureVisible(int row) { (void)row; }
+  virtual void SelectAndFocus(int /*row*/) {}
+  virtual void EnsureVisible(int /*row*/) {}
   // Scrolls down by pixels, up when negative, as far as there are rows.
-  virtual void ScrollBy(int pixels) { (void)pixels; }
+  virtual void ScrollBy(int /*pixels*/) {}
   virtual int TopRow() const { return 0; }
   // How many whole rows the list can show at once.
   virtual int RowsPerPage() const { return 0; }
   // Pixels inside the border, a vertical scroll bar counted in.
   virtual int InnerWidth() const { return 0; }
-  virtual void SetColumnWidth(int pixels) { (void)pixels; }
+  virtual void SetColumnWidth(int /*pixels*/) {}
   virtual int ColumnWidth() const { return 0; }
 };
 
@@ -266,31 +230,18 @@ class TabBar : public Control {
  public:
   using Control::Control;
   // A strip of images side by side, each `width` pixels; the colour is transparent.
-  virtual void SetImages(const Picture& strip, int width, Colour transparent) {
-    (void)strip;
-    (void)width;
-    (void)transparent;
-  }
+  virtual void SetImages(const Picture& /*strip*/, int /*width*/, Colour /*transparent*/) {}
   virtual int Count() const { return 0; }
   // A tab at the end, with a text or an image (-1: none).
-  virtual void Add(std::string_view text, int image) {
-    (void)text;
-    (void)image;
-  }
-  virtual void Remove(int index) { (void)index; }
+  virtual void Add(std::string_view /*text*/, int /*image*/) {}
+  virtual void Remove(int /*index*/) {}
   virtual void Clear() {}
   virtual int Current() const { return -1; }
-  virtual void SetCurrent(int index) { (void)index; }
-  virtual std::string TabText(int index) const {
-    (void)index;
-    return {};
-  }
-  virtual int TabImage(int index) const {
-    (void)index;
-    return -1;
-  }
-  virtual void SetMinTabWidth(int pixels) { (void)pixels; }
-  virtual void SetPadding(Size padding) { (void)padding; }
+  virtual void SetCurrent(int /*index*/) {}
+  virtual std::string TabText(int /*index*/) const { return {}; }
+  virtual int TabImage(int /*index*/) const { return -1; }
+  virtual void SetMinTabWidth(int /*pixels*/) {}
+  virtual void SetPadding(Size) {}
   // The area that the tabs leave for a page, in the bar's own coordinates.
   virtual Rect DisplayArea() const { return {}; }
 };
@@ -299,22 +250,19 @@ class TabBar : public Control {
 class RangeControl : public Control {
  public:
   using Control::Control;
-  virtual void SetRange(int low, int high) {
-    (void)low;
-    (void)high;
-  }
+  virtual void SetRange(int /*low*/, int /*high*/) {}
   virtual int Low() const { return 0; }
   virtual int High() const { return 0; }
   virtual int Position() const { return 0; }
   // Held to the range.
-  virtual void SetPosition(int position) { (void)position; }
+  virtual void SetPosition(int /*position*/) {}
 };
 
 class Slider : public RangeControl {
  public:
   using RangeControl::RangeControl;
-  virtual void SetTickFrequency(int frequency) { (void)frequency; }
-  virtual void SetLineSize(int size) { (void)size; }
+  virtual void SetTickFrequency(int /*frequency*/) {}
+  virtual void SetLineSize(int /*size*/) {}
 };
 
 class ScrollBar : public RangeControl {
@@ -326,7 +274,7 @@ class Spin : public RangeControl {
  public:
   using RangeControl::RangeControl;
   // The edit whose number the spin keeps; by its id in the same dialog, 0 for none.
-  virtual void SetBuddy(int editId) { (void)editId; }
+  virtual void SetBuddy(int /*editId*/) {}
   virtual int Buddy() const { return 0; }
 };
 
@@ -343,7 +291,7 @@ class Address : public Control {
 class PictureControl : public Control {
  public:
   using Control::Control;
-  virtual void SetPicture(const Picture& picture) { (void)picture; }
+  virtual void SetPicture(const Picture&) {}
   // The system's stop icon.
   virtual void SetStopIcon() {}
 };
@@ -352,7 +300,7 @@ class Frame : public Control {
  public:
   using Control::Control;
   // Draws into the client area, now. The function is called once, or not at all when nothing can be drawn.
-  virtual void Draw(const std::function<void(Canvas&)>& drawing) { (void)drawing; }
+  virtual void Draw(const std::function<void(Canvas&)>&) {}
 };
 
 class GroupBox : public Control {

@@ -11,18 +11,11 @@ class Tooltip {
  public:
   virtual ~Tooltip() = default;
   virtual void Activate() {}
-  virtual void SetDelay(int milliseconds) { (void)milliseconds; }
+  virtual void SetDelay(int /*milliseconds*/) {}
   // A tip over a whole control.
-  virtual void AddTool(int controlId, std::string_view text) {
-    (void)controlId;
-    (void)text;
-  }
+  virtual void AddTool(int /*controlId*/, std::string_view /*text*/) {}
   // A tip over a part of a control, in the control's client coordinates.
-  virtual void AddTool(int controlId, const Rect& part, std::string_view text) {
-    (void)controlId;
-    (void)part;
-    (void)text;
-  }
+  virtual void AddTool(int /*controlId*/, const Rect& /*part*/, std::string_view /*text*/) {}
 };
 
 }  // namespace set32

@@ -37,20 +37,12 @@ class DialogHandler {
   virtual ~DialogHandler() = default;
 
   // The window and its controls stand, nothing is shown yet. `dialog` is the object that creation will return.
-  virtual void OnInit(Dialog& dialog) { (void)dialog; }
-  virtual void OnEvent(const Event& event) { (void)event; }
+  virtual void OnInit(Dialog&) {}
+  virtual void OnEvent(const Event&) {}
   // A message from 0x400 on.
-  virtual MessageResult OnMessage(std::uint32_t message, WParam wParam, LParam lParam) {
-    (void)message;
-    (void)wParam;
-    (void)lParam;
-    return 0;
-  }
+  virtual MessageResult OnMessage(std::uint32_t /*message*/, WParam /*wParam*/, LParam /*lParam*/) { return 0; }
   // A change of the client size. Creation raises none: the first one comes with the first Move to another size.
-  virtual void OnResize(ResizeKind kind, Size client) {
-    (void)kind;
-    (void)client;
-  }
+  virtual void OnResize(ResizeKind /*kind*/, Size /*client*/) {}
   // Enter, or a click on button 1; Escape, a click on button 2, or the close box. These two buttons raise no event of
   // their own. Enter clicks the push button that has the focus, else the default button; a disabled one does nothing.
   // By default a modal dialog ends with 1 or 2, a modeless one is hidden, a page does nothing.
@@ -59,9 +51,9 @@ class DialogHandler {
   // A close message; the default is OnCancel.
   virtual void OnClose() { OnCancel(); }
   // Shown or hidden; a window that ends is not told that it is hidden.
-  virtual void OnShown(bool shown) { (void)shown; }
-  virtual void OnEnabled(bool enabled) { (void)enabled; }
-  virtual void OnPointerMoved(Point at) { (void)at; }
+  virtual void OnShown(bool) {}
+  virtual void OnEnabled(bool) {}
+  virtual void OnPointerMoved(Point) {}
   // The window's parent is about to be destroyed, or the window itself: everything still stands. Parents hear it
   // before their children, and pop-ups that a dying window owns are wholly gone before.
   virtual void OnDestroying() {}

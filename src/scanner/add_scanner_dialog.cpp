@@ -38,8 +38,7 @@ int CAddScannerIpDlg::Run(WindowHandle owner) {
   return source != nullptr ? windows_.RunModal(*source, owner, *this) : dialog_result::cancel;
 }
 
-void CAddScannerIpDlg::OnInit(Dialog& dialog) {
-  (void)dialog;
+void CAddScannerIpDlg::OnInit(Dialog&) {
   Show(State::none);
 }
 

@@ -79,8 +79,7 @@ Received PosixSocket::Receive(std::span<std::uint8_t> into, int milliseconds) {
 
 }  // namespace
 
-bool PosixSockets::Start(std::uint16_t version) {
-  (void)version;
+bool PosixSockets::Start(std::uint16_t) {
   return true;
 }
 

@@ -33,23 +33,12 @@ class RealControl {
   bool Covers(HWND window) const;
 
   // What the window tells its dialog. The codes are the window system's own.
-  virtual void OnCommand(WORD code) { (void)code; }
-  virtual LRESULT OnNotify(const NMHDR& header) {
-    (void)header;
-    return 0;
-  }
-  virtual void OnScroll(WORD code, int position) {
-    (void)code;
-    (void)position;
-  }
-  virtual void OnDrawItem(const DRAWITEMSTRUCT& item) { (void)item; }
+  virtual void OnCommand(WORD) {}
+  virtual LRESULT OnNotify(const NMHDR&) { return 0; }
+  virtual void OnScroll(WORD /*code*/, int /*position*/) {}
+  virtual void OnDrawItem(const DRAWITEMSTRUCT&) {}
   // Before the window itself sees a message; a value ends the message.
-  virtual std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    (void)message;
-    (void)wParam;
-    (void)lParam;
-    return {};
-  }
+  virtual std::optional<LRESULT> OnMessage(UINT /*message*/, WPARAM /*wParam*/, LPARAM /*lParam*/) { return {}; }
 
  protected:
   RealControl(Win32Dialog& dialog, HWND window, int id);
