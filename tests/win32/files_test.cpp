@@ -3,8 +3,11 @@
 #include <gmock/gmock.h>
 
 #include <chrono>
+#include <filesystem>
 #include <functional>
 #include <future>
+#include <string>
+#include <vector>
 
 #include "platform/profile_engine.h"
 #include "platform/win32/win32_files.h"
@@ -47,6 +50,35 @@ TEST_F(FilesOfTheSystem, AFileHeldOnIsLeftAsItIs) {
   EXPECT_FALSE(WhileHeld(1500, [&] { return ProfileEngine(files).WriteString("a", "b", "2", path.c_str()); }));
   EXPECT_EQ(folder.Read("one.ini"), "[a]\r\nb=1\r\n");
   EXPECT_THAT(folder.Names(), testing::ElementsAre("one.ini"));
+}
+
+// Folders of a user's may lie deeper than the older limit on paths.
+TEST_F(FilesOfTheSystem, WorkOnPathsOfAnyLength) {
+  std::vector<std::wstring> made;
+  std::string deep = folder.Path("");
+  while (deep.size() < 300) {
+    deep += std::string(60, 'd');
+    made.push_back(L"\\\\?\\" + std::filesystem::absolute(deep).make_preferred().wstring());
+    ASSERT_NE(CreateDirectoryW(made.back().c_str(), nullptr), FALSE) << deep;
+    deep += '\\';
+  }
+  const std::string file = deep + "p.ini";
+  ProfileEngine engine(files);
+  EXPECT_EQ(files.PresenceOf(file), Presence::absent);
+  EXPECT_TRUE(engine.CreateIfAbsent(file.c_str(), std::string_view("[a]\r\nb=1\r\n")));
+  EXPECT_TRUE(engine.WriteString("a", "b", "2", file.c_str()));
+  EXPECT_EQ(engine.GetInteger("a", "b", 0, file.c_str()), 2U);
+  EXPECT_THAT(files.EndingsBeside(file), testing::ElementsAre(".lock"));
+  EXPECT_TRUE(files.Remove(file));
+  EXPECT_TRUE(files.Remove(file + ".lock"));
+  for (; !made.empty(); made.pop_back()) EXPECT_NE(RemoveDirectoryW(made.back().c_str()), FALSE);
+}
+
+TEST_F(FilesOfTheSystem, AReadOnlyFileStays) {
+  ASSERT_NE(SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_READONLY), FALSE);
+  EXPECT_FALSE(ProfileEngine(files).WriteString("a", "b", "2", path.c_str()));
+  EXPECT_EQ(folder.Read("one.ini"), "[a]\r\nb=1\r\n");
+  SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
 TEST_F(FilesOfTheSystem, NobodyWaitsWhereNothingCanBeWritten) {

@@ -66,7 +66,7 @@ std::string Win32Paths::ModuleFile() {
 
 std::string Win32Paths::TemporaryFolder() {
   std::wstring path(longestPath, L'\0');
-  // A system that has a longer one than it gives tells how long it is: there is none then.
+  // Of a path that finds no room the result is its length.
   const DWORD units = GetTempPathW(longestPath, path.data());
   if (units == 0 || units >= longestPath) return {};
   path.resize(units);
