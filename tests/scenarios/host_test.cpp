@@ -1,79 +1,16 @@
-// What hosts do that no script says: they act in the middle of a message, pass their own record, and call without
-// what a panel needs. And what depends on the system's fonts and places.
-#include <gmock/gmock.h>
-
+// What hosts do that no script says: they pass their own record, and call without what a panel needs. And what
+// depends on the system's fonts and places.
 #include "tests/support/scenario.h"
 #include "ui_fix_setting.h"
 
 namespace set32 {
 namespace {
 
-using testing::ElementsAre;
-
 class HostsPart : public Scenario {
  protected:
-  // The host acts once, inside the first message that begins like this.
-  void Inside(const std::string& message, const std::function<void()>& act) {
-    OnEveryLine([message, act, done = false](const std::string& line) mutable {
-      if (done || !line.starts_with("host " + message)) return;
-      done = true;
-      act();
-    });
-  }
   const Control& ControlOf(int id) { return TheSession().TheDesk().Require(User::Target(id)).control; }
   Rect SheetPlace() { return TheSession().TheDesk().Require(dialog::sheet).Place(); }
 };
-
-// What a saved change sends in the middle of a refresh may make the host write its word; the refresh puts it back.
-TEST_F(HostsPart, WordOutlastsARefresh) {
-  Open();
-  Person().ArrowTo(id::configList, 2);
-  Record().hostWord = 7;
-  Record().sizeId = size_id::legal;  // not on the flatbed
-  Inside("0x404", [this] { Record().hostWord = 8; });
-  ASSERT_TRUE(TheSession().Open());
-  EXPECT_EQ(Record().hostWord, 7U);
-  EXPECT_EQ(Record().sizeId, size_id::none);
-}
-
-// A host that turns to another source in the middle gets the page's own back, with all that a change of source tells.
-TEST_F(HostsPart, SourceIsPutBackAtTheStart) {
-  Inside("0x404", [this] { Record().paperSource = paper_source::positive; });
-  ASSERT_TRUE(TheSession().Open());
-  const std::string added = "host 0x40C 1 \"加入掃描器 IP...\"";
-  const std::string settings = "host 0x403 0 settings";
-  const std::string shown = "host 0x404 0 1";
-  EXPECT_THAT(Heard(), ElementsAre(added, shown, settings, added, "host 0x403 1 settings", "host 0x405 0 100", shown,
-                                   settings, added, settings + " frame 3 0", shown, settings, added,
-                                   "host 0x402 0 settings", "host 0x402 0 settings", shown, settings, added));
-  EXPECT_EQ(Record().paperSource, paper_source::flatbed);
-}
-
-// Already the first words of a start on the feeder come with a record without auto crop.
-TEST_F(HostsPart, RecordHasNoAutoCropWhenAStartOnTheFeederSpeaks) {
-  WriteKey(ModuleFile::options, "OPTION", "LLDriverInterface", "1");
-  WriteKey(ModuleFile::options, "OPTION", "EnablePaperSource", "1");
-  Open();
-  Person().Pick(id::sourceCombo, "自動送件器");
-  Record().autoCrop = 1;
-  Host().Close();
-  TheSession().Restart();
-  std::uint32_t heardWith = 99;
-  Inside("0x404", [&] { heardWith = Record().autoCrop; });
-  ASSERT_TRUE(TheSession().Open());
-  EXPECT_EQ(heardWith, 0U);
-}
-
-// A host that adds a frame on each report can't keep the panel.
-TEST_F(HostsPart, FramesWithoutEndEnd) {
-  Open();
-  OnEveryLine([&](const std::string& line) {
-    if (line.find("frame 3") == std::string::npos) return;
-    Host().Report(0, {}, FrameCommand{.index = 0, .action = frame_action::added});
-  });
-  Person().ClickBesideRows(id::configList);
-  EXPECT_THAT(Heard(), ElementsAre("host 0x403 0 settings frame 3 0"));
-}
 
 TEST_F(HostsPart, ReportMayBeTheHostsOwnRecord) {
   Open();
