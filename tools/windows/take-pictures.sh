@@ -27,7 +27,7 @@ build=$(build_for "$preset" set32 scan-desk)
 mkdir -p build/pictures
 for name in "${names[@]}"; do
   taken=build/pictures/scan-desk-$name.png
-  rm -f "$taken"
+  rm -f "$taken" "$build/bin/QUIRNHW.ini"  # where the dialog was left
   read -ra options <<< "${pictures[$name]}"
   on_windows "$preset" timeout 120 wine "$build/bin/scan-desk.exe" "${options[@]}" --snapshot "$taken" --once \
     samples/flatbed-colour-100dpi.bmp || fail "$name can't be taken"
