@@ -20,22 +20,22 @@ class Panel {
  public:
   Panel(Page& page, int tab) {
     Require(host_.Open(module_, &page.dib) != nullptr);
-    world_.desk.input.ChooseTab(Find(dialog::sheet).Get<TabBar>(id_sheet::tabs), 1);
+    world_.screen.input.ChooseTab(Find(dialog::sheet).Get<TabBar>(id_sheet::tabs), 1);
     advanced_ = &Find(dialog::advanced);
-    world_.desk.input.ChooseTab(advanced_->Get<TabBar>(id148::viewTabs), tab);
-    world_.desk.input.Pump();
+    world_.screen.input.ChooseTab(advanced_->Get<TabBar>(id148::viewTabs), tab);
+    world_.screen.input.Pump();
     host_.heard = [this](std::uint32_t) { ++told_; };
   }
 
   void DragTo(int position) {
     Slider& slider = advanced_->Get<Slider>(id148::firstSlider);
-    world_.desk.input.ScrollTo(slider, scroll_code::thumbTrack, position);
+    world_.screen.input.ScrollTo(slider, scroll_code::thumbTrack, position);
   }
   std::int64_t Told() const { return told_; }
 
  private:
   Dialog& Find(int templateId) {
-    for (Dialog* dialog : world_.desk.windows.Standing()) {
+    for (Dialog* dialog : world_.screen.windows.Standing()) {
       if (dialog->TemplateId() == templateId) return *dialog;
     }
     std::abort();

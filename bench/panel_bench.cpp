@@ -85,10 +85,10 @@ void ChangeWith31Rows(benchmark::State& state) {
   Require(page != nullptr);
   auto& rows = page->Get<List>(id::configList);
   Require(rows.Count() == mostRows);
-  world.desk.input.ArrowTo(rows, mostRows - 1);
+  world.screen.input.ArrowTo(rows, mostRows - 1);
   int entry = 3;
   for (auto _ : state) {
-    world.desk.input.PickEntry(page->Get<Combo>(id::resolutionCombo), entry);
+    world.screen.input.PickEntry(page->Get<Combo>(id::resolutionCombo), entry);
     entry = 7 - entry;
   }
   Require(rows.Count() == mostRows);

@@ -9,8 +9,8 @@
 #include "adjust/own_image_library.h"
 #include "adjust/pixel_roads.h"
 #include "adjust/preview.h"
+#include "apps/stage/model/headless_windows.h"
 #include "bench/measured_page.h"
-#include "stage/model/headless_windows.h"
 
 #if SET32_HAVE_OPENCV
 #include <opencv2/core.hpp>

@@ -10,7 +10,7 @@
 #include "adjust/histogram.h"
 #include "adjust/own_image_library.h"
 #include "adjust/preview.h"
-#include "stage/model/headless_windows.h"
+#include "apps/stage/model/headless_windows.h"
 
 namespace {
 

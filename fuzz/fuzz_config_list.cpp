@@ -45,7 +45,7 @@ class Bench : public DialogHandler, public HostWindowHandler {
  public:
   Bench() : state_(world_.platform) {
     state_.profilePath = MemoryWorld::profilePath;
-    dialog_ = world_.desk.windows.Create(source, world_.desk.input.MakeHostWindow({600, 500}, *this), *this);
+    dialog_ = world_.screen.windows.Create(source, world_.screen.input.MakeHostWindow({600, 500}, *this), *this);
     dialog_->SetVisible(true);
   }
 
@@ -150,7 +150,7 @@ class Bench : public DialogHandler, public HostWindowHandler {
     Require(static_cast<std::size_t>(Rows().Count()) <= std::max<std::size_t>(entries, 1));
     Contents before = Lines();
     for (int row = 0; row < std::min(Rows().Count(), most); ++row) {
-      Input& hands = world_.desk.input;
+      Input& hands = world_.screen.input;
       row % 2 == 0 ? hands.ClickRow(Rows(), row) : hands.ArrowTo(Rows(), row);
       ++record_.jpegQuality;
       store_->SaveChange(record_, source_);

@@ -135,7 +135,7 @@ class Run {
   void Call() { page_ = host_.Open(*module_, preview_.header != nullptr ? &preview_ : nullptr); }
 
   void Act() {
-    Input& hands = world_.desk.input;
+    Input& hands = world_.screen.input;
     const std::uint8_t what = bytes_.Next();
     const std::uint8_t which = bytes_.Next();
     switch (what % 11) {
@@ -200,7 +200,7 @@ class Run {
       report.frameCommand = frame_.Word();
     }
     const ScanSettings* sent = (which & 0x40) != 0 && host_.record->frameCommand == 0 ? host_.record.get() : &report;
-    world_.desk.windows.Send(page_->Handle(), to_panel::frameReport, which % 4, reinterpret_cast<LParam>(sent));
+    world_.screen.windows.Send(page_->Handle(), to_panel::frameReport, which % 4, reinterpret_cast<LParam>(sent));
   }
 
   Bytes bytes_;

@@ -2,9 +2,9 @@
 // searches end in their time and hold no more than was heard.
 #include <cstdlib>
 
+#include "apps/stage/model/headless_system.h"
+#include "apps/stage/model/simulated_network.h"
 #include "scanner/nets.h"
-#include "stage/model/headless_system.h"
-#include "stage/model/simulated_network.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace set32;

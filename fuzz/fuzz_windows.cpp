@@ -5,7 +5,7 @@
 #include <memory>
 #include <vector>
 
-#include "stage/model/headless_desk.h"
+#include "apps/stage/model/model_windows.h"
 
 namespace set32 {
 namespace {
@@ -56,8 +56,8 @@ class Walker : public DialogHandler, public HostWindowHandler {
 class Walk {
  public:
   Walk(const std::uint8_t* data, std::size_t size) : data_(data), end_(data + size) {
-    desk_.windows.SetOpenedHook([this](Dialog&) { ActInside(); });
-    desk_.windows.SetClosedHook([this](Dialog&, int) { ActInside(); });
+    screen_.windows.SetOpenedHook([this](Dialog&) { ActInside(); });
+    screen_.windows.SetClosedHook([this](Dialog&, int) { ActInside(); });
   }
 
   void Run() {
@@ -74,7 +74,7 @@ class Walk {
   int Pick(int choices) { return data_ == end_ ? 0 : *data_++ % choices; }
 
   WindowHandle AnyWindow() {
-    const auto standing = desk_.windows.Standing();
+    const auto standing = screen_.windows.Standing();
     const auto index = static_cast<std::size_t>(Pick(static_cast<int>(standing.size()) + 2));
     return index < standing.size() ? standing[index]->Handle() : host_;
   }
@@ -82,7 +82,7 @@ class Walk {
     return *dialog.Controls()[static_cast<std::size_t>(Pick(static_cast<int>(dialog.Controls().size())))];
   }
   void Create(const DialogTemplate& source) {
-    if (std::unique_ptr<Dialog> dialog = desk_.windows.Create(source, AnyWindow(), walker_)) {
+    if (std::unique_ptr<Dialog> dialog = screen_.windows.Create(source, AnyWindow(), walker_)) {
       dialogs_.push_back(std::move(dialog));
       dialogs_.back()->SetVisible(true);
     }
@@ -96,9 +96,9 @@ class Walk {
 
   void Act() {
     ++depth_;
-    Dialog* dialog = desk_.windows.DialogOf(AnyWindow());
+    Dialog* dialog = screen_.windows.DialogOf(AnyWindow());
     if (dialog == nullptr) {
-      ActOnTheDesk();
+      ActOnTheScene();
     } else if (Pick(2) == 0) {
       ActOnWindow(*dialog);
     } else {
@@ -106,13 +106,13 @@ class Walk {
     }
     --depth_;
   }
-  void ActOnTheDesk() {
+  void ActOnTheScene() {
     switch (Pick(8)) {
       case 0:
-        if (!desk_.windows.IsWindow(host_)) host_ = desk_.input.MakeHostWindow({300, 200}, walker_);
+        if (!screen_.windows.IsWindow(host_)) host_ = screen_.input.MakeHostWindow({300, 200}, walker_);
         break;
       case 1:
-        desk_.input.DestroyHostWindow(host_);
+        screen_.input.DestroyHostWindow(host_);
         break;
       case 2:
         Create(child);
@@ -121,16 +121,16 @@ class Walk {
         Create(modeless);
         break;
       case 4:
-        if (depth_ < deepest) desk_.windows.RunModal(modal, AnyWindow(), walker_);
+        if (depth_ < deepest) screen_.windows.RunModal(modal, AnyWindow(), walker_);
         break;
       case 5:
         ReleaseOne();
         break;
       case 6:
-        desk_.input.Pump();
+        screen_.input.Pump();
         break;
       default:
-        desk_.input.FocusHost();
+        screen_.input.FocusHost();
     }
   }
   void ActOnWindow(Dialog& dialog) {
@@ -154,17 +154,17 @@ class Walk {
         dialog.TakeFocus();
         break;
       case 6:
-        desk_.input.SendClose(dialog);
+        screen_.input.SendClose(dialog);
         break;
       case 7:
-        desk_.windows.Send(dialog.Handle(), 0x403, 0, 0);
+        screen_.windows.Send(dialog.Handle(), 0x403, 0, 0);
         break;
       default:
-        desk_.input.PressKey(static_cast<Key>(Pick(static_cast<int>(Key::end) + 1)));
+        screen_.input.PressKey(static_cast<Key>(Pick(static_cast<int>(Key::end) + 1)));
     }
   }
   void ActOnControl(Dialog& dialog) {
-    Input& hands = desk_.input;
+    Input& hands = screen_.input;
     switch (Pick(12)) {
       case 0:
         hands.Focus(AnyControl(dialog));
@@ -213,7 +213,7 @@ class Walk {
   int depth_ = 0;
   WindowHandle host_ = 0;
   Walker walker_{*this};
-  HeadlessDesk desk_;
+  ModelWindows screen_;
   std::vector<std::unique_ptr<Dialog>> dialogs_;
 };
 

@@ -1,12 +1,12 @@
 // Windows in memory over the system's files and threads.
 #ifndef _WIN32
 #include "apps/driver/assembly.h"
+#include "apps/stage/model/model_windows.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/posix_sockets.h"
 #include "platform/posix/posix_threads.h"
 #include "platform/posix/posix_usb.h"
 #include "platform/profile_engine.h"
-#include "stage/model/headless_desk.h"
 
 namespace set32 {
 
@@ -40,8 +40,8 @@ class PosixAssembly : public Assembly {
   explicit PosixAssembly(const AssemblyOptions& options)
       : Assembly(options),
         profiles_(options.quickFiles ? static_cast<Files&>(quickFiles_) : files_),
-        platform_{desk_.windows,
-                  desk_.boxes,
+        platform_{scene_.windows,
+                  scene_.boxes,
                   files_,
                   paths_,
                   profiles_,
@@ -49,16 +49,16 @@ class PosixAssembly : public Assembly {
                   options.realNetwork ? static_cast<Sockets&>(realSockets_) : network_,
                   options.realNetwork ? static_cast<UsbDevices&>(realUsb_) : usb_,
                   registry_,
-                  desk_.clipboard,
+                  scene_.clipboard,
                   threads_} {}
 
   Platform& ThePlatform() override { return platform_; }
-  WindowWatch& Watch() override { return desk_.windows; }
-  Input& TheInput() override { return desk_.input; }
-  HeadlessBoxes& TheBoxes() override { return desk_.boxes; }
+  WindowWatch& Watch() override { return scene_.windows; }
+  Input& TheInput() override { return scene_.input; }
+  HeadlessBoxes& TheBoxes() override { return scene_.boxes; }
 
  private:
-  HeadlessDesk desk_;
+  ModelWindows scene_;
   PosixFiles files_;
   QuickFiles quickFiles_{files_};
   ProfileEngine profiles_;

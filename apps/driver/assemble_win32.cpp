@@ -1,6 +1,9 @@
 // Real windows, files and threads; all that a script declares or watches beside them is the model's.
 #ifdef _WIN32
 #include "apps/driver/assembly.h"
+#include "apps/stage/model/headless_clipboard.h"
+#include "apps/stage/win32/watched_window_set.h"
+#include "apps/stage/win32/win32_input.h"
 #include "platform/profile_engine.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/win32_files.h"
@@ -8,9 +11,6 @@
 #include "platform/win32/win32_threads.h"
 #include "platform/win32/win32_usb.h"
 #include "platform/win32/win32_windows.h"
-#include "stage/model/headless_clipboard.h"
-#include "stage/win32/watched_desk.h"
-#include "stage/win32/win32_input.h"
 
 namespace set32 {
 
@@ -38,14 +38,14 @@ class Win32Assembly : public Assembly {
                   threads_} {}
 
   Platform& ThePlatform() override { return platform_; }
-  WindowWatch& Watch() override { return *desk_; }
+  WindowWatch& Watch() override { return *windowSet_; }
   Input& TheInput() override { return input_; }
   HeadlessBoxes& TheBoxes() override { return boxes_; }
 
  private:
   Utf8 utf8_;
-  std::shared_ptr<WatchedDesk> desk_ = std::make_shared<WatchedDesk>();
-  Win32Windows windows_{desk_};
+  std::shared_ptr<WatchedWindowSet> windowSet_ = std::make_shared<WatchedWindowSet>();
+  Win32Windows windows_{windowSet_};
   HeadlessBoxes boxes_;
   HeadlessClipboard clipboard_;
   Win32Input input_{windows_, clipboard_, Win32Input::HostWindows::hidden};

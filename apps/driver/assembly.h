@@ -6,16 +6,16 @@
 #include <memory>
 #include <string>
 
+#include "apps/stage/input.h"
+#include "apps/stage/model/folder_paths.h"
+#include "apps/stage/model/folder_registry.h"
+#include "apps/stage/model/headless_boxes.h"
+#include "apps/stage/model/headless_system.h"
+#include "apps/stage/model/simulated_clock.h"
+#include "apps/stage/model/simulated_network.h"
+#include "apps/stage/model/simulated_usb.h"
+#include "apps/stage/window_watch.h"
 #include "platform/platform.h"
-#include "stage/input.h"
-#include "stage/model/folder_paths.h"
-#include "stage/model/folder_registry.h"
-#include "stage/model/headless_boxes.h"
-#include "stage/model/headless_system.h"
-#include "stage/model/simulated_clock.h"
-#include "stage/model/simulated_network.h"
-#include "stage/model/simulated_usb.h"
-#include "stage/window_watch.h"
 
 namespace set32 {
 

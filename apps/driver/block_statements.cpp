@@ -125,7 +125,7 @@ BoxAnswer Interpreter::OnBox(const ShownBox& box) {
   box_ = &open;
   auto block = TakeBlock(boxPlace);
   if (block || options_.interactive) {
-    RunInside({"the box", "box> ", session_.TheDesk().DefaultDialog(), [&open] { return open.answer.has_value(); }},
+    RunInside({"the box", "box> ", session_.TheScene().DefaultDialog(), [&open] { return open.answer.has_value(); }},
               block ? &*block : nullptr);
   }
   return open.answer.value_or(FirstAnswer(box.style));
@@ -140,15 +140,15 @@ void Interpreter::OnHostMessage(std::uint32_t message) {
 }
 
 void Interpreter::RunInside(const Inside& inside, Block* block) {
-  Desk& desk = session_.TheDesk();
-  const int outerDialog = desk.DefaultDialog();
+  Scene& scene = session_.TheScene();
+  const int outerDialog = scene.DefaultDialog();
   const Kept keptInside(inside_);
   const Kept keptCurrent(current_);
   inside_ = &inside;
-  desk.SetDefaultDialog(inside.defaultDialog);
+  scene.SetDefaultDialog(inside.defaultDialog);
   if (block != nullptr) RunBlock(inside, *block);
   if (options_.interactive && !inside.prompt.empty()) RunPrompt(inside);
-  desk.SetDefaultDialog(outerDialog);
+  scene.SetDefaultDialog(outerDialog);
 }
 
 void Interpreter::RunBlock(const Inside& inside, Block& block) {

@@ -13,11 +13,11 @@
 #include <vector>
 
 #include "apps/driver/preview_picture.h"
+#include "apps/stage/input.h"
+#include "apps/stage/window_watch.h"
 #include "host_records.h"
 #include "platform/platform.h"
 #include "pointer_word.h"
-#include "stage/input.h"
-#include "stage/window_watch.h"
 
 namespace set32 {
 

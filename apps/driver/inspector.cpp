@@ -94,11 +94,11 @@ Shown Inspector::ShowPlace(std::span<const Word> words) const {
   const ControlName name = RequireControlName(words[1]);
   const bool isDialog = !name.dialog && IsPopUp(name.id);
   return Line("place " + words[1].text,
-              RectText(isDialog ? desk_.Require(name.id).Place() : desk_.Require(name).control.Place()));
+              RectText(isDialog ? scene_.Require(name.id).Place() : scene_.Require(name).control.Place()));
 }
 
 Shown Inspector::ShowMoved(std::span<const Word> words) const {
-  const FoundControl found = desk_.Require(RequireControlName(words[1]));
+  const FoundControl found = scene_.Require(RequireControlName(words[1]));
   const Rect now = found.control.Place();
   Rect then = now;
   if (const auto page = before_.find(found.dialog.Handle()); page != before_.end()) {
@@ -110,11 +110,11 @@ Shown Inspector::ShowMoved(std::span<const Word> words) const {
 }
 
 Shown Inspector::ShowTitle(std::span<const Word> words) const {
-  return Line("title " + words[1].text, Quote(desk_.Require(RequireInt(words[1])).Title()));
+  return Line("title " + words[1].text, Quote(scene_.Require(RequireInt(words[1])).Title()));
 }
 
 Shown Inspector::ShowPicture(std::span<const Word> words) const {
-  const Control& control = desk_.Require(RequireControlName(words[1])).control;
+  const Control& control = scene_.Require(RequireControlName(words[1])).control;
   const auto* shows = dynamic_cast<const ShowsPicture*>(&control);
   if (shows == nullptr) throw NotPossible("control " + words[1].text + " shows no picture");
   const std::string name = shows->PictureName();
@@ -122,7 +122,7 @@ Shown Inspector::ShowPicture(std::span<const Word> words) const {
 }
 
 Shown Inspector::ShowTip(std::span<const Word> words) const {
-  const auto& [dialog, control] = desk_.Require(RequireControlName(words[1]));
+  const auto& [dialog, control] = scene_.Require(RequireControlName(words[1]));
   const auto* tips = dynamic_cast<const TellsTips*>(&dialog.Tips());
   const auto told = [&](int index) { return Quote(tips == nullptr ? "" : tips->TextAt(control.Id(), index)); };
   if (words.size() == 2) return Line("tip " + words[1].text, told(0));
@@ -132,10 +132,10 @@ Shown Inspector::ShowTip(std::span<const Word> words) const {
 }
 
 Shown Inspector::ShowFocus(std::span<const Word>) const {
-  const auto focus = desk_.Focused();
+  const auto focus = scene_.Focused();
   if (!focus) return Line("focus", "none");
   const std::string id = std::to_string(focus->control->Id());
-  const bool isOnPage = focus->dialog == desk_.Find(dialog::general);
+  const bool isOnPage = focus->dialog == scene_.Find(dialog::general);
   return Line("focus", isOnPage ? id : std::to_string(focus->dialog->TemplateId()) + ':' + id);
 }
 
@@ -144,11 +144,11 @@ Shown Inspector::ShowTime(std::span<const Word>) const {
 }
 
 Shown Inspector::ShowPage(std::span<const Word>) const {
-  const bool onPage = desk_.DefaultDialog() == dialog::general;
-  const Dialog* page = onPage ? desk_.PageInFront() : &desk_.Require(desk_.DefaultDialog());
+  const bool onPage = scene_.DefaultDialog() == dialog::general;
+  const Dialog* page = onPage ? scene_.PageInFront() : &scene_.Require(scene_.DefaultDialog());
   if (page == nullptr) throw NotPossible("no page stands");
   const TabBar* tabs = nullptr;
-  if (const Dialog* sheet = desk_.Find(dialog::sheet); onPage && sheet != nullptr && !host_.IsPageInline()) {
+  if (const Dialog* sheet = scene_.Find(dialog::sheet); onPage && sheet != nullptr && !host_.IsPageInline()) {
     tabs = &sheet->Get<TabBar>(id_sheet::tabs);
   }
   return {DrawInCharacters(*page, tabs), 0, false};
@@ -183,7 +183,7 @@ Shown Inspector::ShowSum(std::span<const Word>) const {
 }
 
 Shown Inspector::ShowDrawing(std::span<const Word>) const {
-  Dialog& page = desk_.Require(dialog::advanced);
+  Dialog& page = scene_.Require(dialog::advanced);
   auto& frame = page.Get<Frame>(id148::pictureFrame);
   const auto* keeps = dynamic_cast<const KeepsDrawing*>(&frame);
   const Picture picture = keeps == nullptr ? Picture{} : keeps->Drawing();
@@ -211,7 +211,7 @@ Shown Inspector::ShowFile(std::span<const Word> words) const {
 
 Inspector::AllPlaces Inspector::PlacesNow() const {
   AllPlaces all;
-  for (const Dialog* dialog : desk_.Standing()) {
+  for (const Dialog* dialog : scene_.Standing()) {
     Places places{dialog->Place(), dialog->ClientSize(), {}};
     for (const auto& control : dialog->Controls()) places.controls[control->Id()] = control->Place();
     all.emplace(dialog->Handle(), std::move(places));

@@ -10,12 +10,12 @@
 #include <string_view>
 #include <vector>
 
-#include "apps/driver/desk.h"
 #include "apps/driver/fake_host.h"
 #include "apps/driver/module_files.h"
+#include "apps/driver/scene.h"
 #include "apps/driver/script_text.h"
-#include "stage/inspection.h"
-#include "stage/model/simulated_clock.h"
+#include "apps/stage/inspection.h"
+#include "apps/stage/model/simulated_clock.h"
 
 namespace set32 {
 
@@ -27,15 +27,15 @@ struct Shown {
 
 class Inspector {
  public:
-  Inspector(Desk& desk, FakeHost& host, ModuleFiles& files, SimulatedClock& clock)
-      : desk_(desk), host_(host), files_(files), clock_(clock) {}
+  Inspector(Scene& scene, FakeHost& host, ModuleFiles& files, SimulatedClock& clock)
+      : scene_(scene), host_(host), files_(files), clock_(clock) {}
 
   // The words behind `show`. Throws NotPossible.
   Shown Show(std::span<const Word> words);
 
   // "combo visible enabled index=4 ..."
   std::string Describe(const Control& control) const;
-  std::string Describe(const ControlName& name) const { return Describe(desk_.Require(name).control); }
+  std::string Describe(const ControlName& name) const { return Describe(scene_.Require(name).control); }
 
   // Where everything stands. Whoever may move pages takes this before, so that `show moved` knows where all was.
   struct Places {
@@ -74,7 +74,7 @@ class Inspector {
   struct Row;
   static std::span<const Row> Rows();
 
-  Desk& desk_;
+  Scene& scene_;
   FakeHost& host_;
   ModuleFiles& files_;
   SimulatedClock& clock_;

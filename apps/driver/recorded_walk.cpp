@@ -22,7 +22,7 @@ bool HangsOnTheFont(int dialogId, int controlId) {
 Chunk LookAtEverything(Session& session) {
   Chunk look{"show focus", "show file profile"};
   for (const int dialogId : {dialog::general, dialog::advanced}) {
-    const Dialog* page = session.TheDesk().Find(dialogId);
+    const Dialog* page = session.TheScene().Find(dialogId);
     if (page == nullptr) continue;
     for (const auto& control : page->Controls()) {
       if (!HangsOnTheFont(dialogId, control->Id()))

@@ -19,12 +19,15 @@ std::string BoxLine(const ShownBox& box) {
 }  // namespace
 
 Session::Session(const AssemblyOptions& options, SessionListener& listener)
-    : listener_(listener), assembly_(Assemble(options)), files_(assembly_->ThePlatform()), desk_(assembly_->Watch()) {
+    : listener_(listener),
+      assembly_(Assemble(options)),
+      files_(assembly_->ThePlatform()),
+      scene_(assembly_->Watch()) {
   Platform& platform = assembly_->ThePlatform();
   host_ = std::make_unique<FakeHost>(platform, assembly_->Watch(), assembly_->TheInput(),
                                      [this](const std::string& line) { listener_.OnLine(line); });
-  user_ = std::make_unique<User>(desk_, assembly_->TheInput(), platform.clipboard, platform.system);
-  inspector_ = std::make_unique<Inspector>(desk_, *host_, files_, assembly_->Clock());
+  user_ = std::make_unique<User>(scene_, assembly_->TheInput(), platform.clipboard, platform.system);
+  inspector_ = std::make_unique<Inspector>(scene_, *host_, files_, assembly_->Clock());
   Listen();
   InstallPlatform(&platform);
 }
@@ -81,7 +84,7 @@ bool Session::Open() {
   inspector_->StartClock();
   const Inspector::AllPlaces before = inspector_->PlacesNow();
   const bool stands = host_->Open();
-  desk_.SetPage(host_->Page());
+  scene_.SetPage(host_->Page());
   inspector_->NoteMoves(before);
   return stands;
 }
@@ -95,7 +98,7 @@ void Session::Resize(Size client) {
 void Session::Restart() {
   InstallPlatform(nullptr);
   host_->EndProcess();
-  desk_.SetPage(0);
+  scene_.SetPage(0);
   files_.OnModuleUnloaded();
   onScreen_.clear();
   inspector_->ForgetMoves();
@@ -103,7 +106,7 @@ void Session::Restart() {
 }
 
 bool Session::IsClosed(WindowHandle window) const {
-  for (const Dialog* dialog : desk_.Standing()) {
+  for (const Dialog* dialog : scene_.Standing()) {
     if (dialog->Handle() == window) return !dialog->IsVisible();
   }
   return true;

@@ -9,10 +9,10 @@
 #include <string>
 
 #include "apps/driver/assembly.h"
-#include "apps/driver/desk.h"
 #include "apps/driver/fake_host.h"
 #include "apps/driver/inspector.h"
 #include "apps/driver/module_files.h"
+#include "apps/driver/scene.h"
 #include "apps/driver/user.h"
 
 namespace set32 {
@@ -43,7 +43,7 @@ class Session {
   FakeHost& Host() { return *host_; }
   User& Person() { return *user_; }
   Inspector& Eye() { return *inspector_; }
-  Desk& TheDesk() { return desk_; }
+  Scene& TheScene() { return scene_; }
   ModuleFiles& TheFiles() { return files_; }
 
   // The host calls uiFixSetting. Result: whether a page stands.
@@ -64,7 +64,7 @@ class Session {
   SessionListener& listener_;
   std::unique_ptr<Assembly> assembly_;
   ModuleFiles files_;
-  Desk desk_;
+  Scene scene_;
   std::unique_ptr<FakeHost> host_;
   std::unique_ptr<User> user_;
   std::unique_ptr<Inspector> inspector_;

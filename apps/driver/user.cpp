@@ -38,7 +38,7 @@ bool IsButton(const Control& control) {
 
 void User::CheckNothingBefore(const Dialog* dialog) const {
   if (boxOpen_) throw NotPossible("a box waits for its answer");
-  const Dialog* modal = desk_.ModalInFront();
+  const Dialog* modal = scene_.ModalInFront();
   if (modal != nullptr && modal != dialog) {
     throw NotPossible("dialog " + std::to_string(modal->TemplateId()) + " is open in front");
   }
@@ -61,7 +61,7 @@ void User::CheckReachable(const FoundControl& found) const {
 }
 
 FoundControl User::Reachable(const Target& target) const {
-  const FoundControl found = desk_.Require(target);
+  const FoundControl found = scene_.Require(target);
   CheckReachable(found);
   return found;
 }
@@ -200,7 +200,7 @@ void User::SetCaret(const Target& target, TextRange range) {
 }
 
 void User::PressKey(Key key) {
-  const auto focus = desk_.Focused();
+  const auto focus = scene_.Focused();
   if (!focus) throw NotPossible("no control has the focus");
   CheckReachable(*focus->dialog);
   input_.PressKey(key);
@@ -264,7 +264,8 @@ void User::Release(const Target& target) {
 }
 
 Dialog& User::PageShown() const {
-  Dialog* page = desk_.DefaultDialog() == dialog::general ? desk_.PageInFront() : desk_.Find(desk_.DefaultDialog());
+  Dialog* page =
+      scene_.DefaultDialog() == dialog::general ? scene_.PageInFront() : scene_.Find(scene_.DefaultDialog());
   if (page == nullptr) throw NotPossible("no page stands");
   CheckNothingBefore(page);
   return *page;
@@ -279,7 +280,7 @@ void User::MovePointer(Point at) {
 }
 
 void User::TurnTo(int pageDialog) {
-  const FoundControl found = desk_.Require(Target(dialog::sheet, id_sheet::tabs));
+  const FoundControl found = scene_.Require(Target(dialog::sheet, id_sheet::tabs));
   CheckReachable(found);
   auto* tabs = dynamic_cast<TabBar*>(&found.control);
   const int index = pageDialog == dialog::general ? 0 : 1;
@@ -294,7 +295,7 @@ void User::Resize(Size client) {
 }
 
 void User::CloseBox(int dialogId) {
-  Dialog& dialog = desk_.Require(dialogId);
+  Dialog& dialog = scene_.Require(dialogId);
   if (dialog.IsChild() || dialogId == dialog::searching) {
     throw NotPossible("dialog " + std::to_string(dialogId) + " has no close box");
   }
@@ -304,7 +305,7 @@ void User::CloseBox(int dialogId) {
 }
 
 void User::Poke(const Target& target) {
-  Control& control = desk_.Require(target).control;
+  Control& control = scene_.Require(target).control;
   if (!IsButton(control)) throw NotPossible(NameOf(control) + " is no button");
   input_.Poke(control);
   input_.Pump();

@@ -11,10 +11,10 @@
 #include <optional>
 #include <string_view>
 
-#include "apps/driver/desk.h"
+#include "apps/driver/scene.h"
+#include "apps/stage/input.h"
 #include "platform/clipboard.h"
 #include "platform/system.h"
-#include "stage/input.h"
 
 namespace set32 {
 
@@ -30,8 +30,8 @@ class User {
     Target(const ControlName& name) : ControlName(name) {}
   };
 
-  User(Desk& desk, Input& input, Clipboard& clipboard, System& system)
-      : desk_(desk), input_(input), clipboard_(clipboard), system_(system) {}
+  User(Scene& scene, Input& input, Clipboard& clipboard, System& system)
+      : scene_(scene), input_(input), clipboard_(clipboard), system_(system) {}
 
   // While a message box stands the person can do nothing else.
   void SetBoxOpen(bool open) { boxOpen_ = open; }
@@ -79,7 +79,7 @@ class User {
   Dialog& PageShown() const;
   Edit& EnterAtEnd(const Target& target);
 
-  Desk& desk_;
+  Scene& scene_;
   Input& input_;
   Clipboard& clipboard_;
   System& system_;

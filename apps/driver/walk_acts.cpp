@@ -25,18 +25,18 @@ bool CanActOn(const Control& control) {
 }  // namespace
 
 Chunk WalkActs::Next(Session& session) {
-  const Dialog* page = session.TheDesk().PageInFront();
+  const Dialog* page = session.TheScene().PageInFront();
   if (page == nullptr) return {"restart", "open"};
   constexpr int hostEvery = 4;
   if (Below(hostEvery) == 0) return ByHost();
-  const Dialog* advanced = session.TheDesk().Find(dialog::gamma);
+  const Dialog* advanced = session.TheScene().Find(dialog::gamma);
   const bool inDialog = advanced != nullptr && advanced->IsVisible() && Below(4) != 0;
   return ByPerson(session, inDialog ? *advanced : *page);
 }
 
 Chunk WalkActs::ByPerson(Session& session, const Dialog& place) {
   constexpr int keyEvery = 6;
-  if (session.TheDesk().Focused() && Below(keyEvery) == 0) return ByKey();
+  if (session.TheScene().Focused() && Below(keyEvery) == 0) return ByKey();
   if (place.TemplateId() == dialog::gamma && Below(keyEvery * 5) == 0) return {"close 103"};
   std::vector<const Control*> reachable;
   for (const auto& control : place.Controls()) {

@@ -56,7 +56,7 @@ std::optional<std::string> WalkChecks::Check(Session& session, const std::string
   if (auto finding = CheckCodes(session.Host().Settings())) return finding;
   if (auto finding = CheckAdjustments(session.Host().Settings())) return finding;
   if (auto finding = CheckProfile(session)) return finding;
-  if (session.TheDesk().Find(dialog::general) == nullptr) return {};
+  if (session.TheScene().Find(dialog::general) == nullptr) return {};
   NoteMode(session.Host().Settings(), act);
   if (auto finding = CheckCombos(session)) return finding;
   if (auto finding = CheckLengths(session)) return finding;
@@ -98,7 +98,7 @@ WalkChecks::Finding WalkChecks::CheckAdjustments(const ScanSettings& settings) c
 
 // The edits of the Advanced page show the two values of its tab.
 WalkChecks::Finding WalkChecks::CheckAdvancedPage(Session& session) const {
-  const Dialog* page = session.TheDesk().Find(dialog::advanced);
+  const Dialog* page = session.TheScene().Find(dialog::advanced);
   if (page == nullptr || !page->IsVisible() || valuesAreOld_) return {};
   const ScanSettings& settings = session.Host().Settings();
   const std::array gammas = {settings.gammaAll, settings.gammaRed, settings.gammaGreen, settings.gammaBlue};
@@ -124,7 +124,7 @@ WalkChecks::Finding WalkChecks::CheckAdvancedPage(Session& session) const {
 
 WalkChecks::Finding WalkChecks::CheckCombos(Session& session) const {
   const ScanSettings& settings = session.Host().Settings();
-  const Dialog& page = session.TheDesk().Require(dialog::general);
+  const Dialog& page = session.TheScene().Require(dialog::general);
   const auto& resolutions = page.Get<Combo>(id::resolutionCombo);
   if (resolutions.Selected() != IndexOfData(resolutions, settings.resolutionId)) {
     return "combo 1210 doesn't show the record's resolution";
@@ -149,7 +149,7 @@ void WalkChecks::NoteMode(const ScanSettings& settings, const std::string& act) 
 // An edit that holds the focus shows what is being typed.
 WalkChecks::Finding WalkChecks::CheckLengths(Session& session) const {
   const ScanSettings& settings = session.Host().Settings();
-  const Dialog& page = session.TheDesk().Require(dialog::general);
+  const Dialog& page = session.TheScene().Require(dialog::general);
   const int shownUnits = page.Get<Combo>(id::unitCombo).Selected();
   if (shownUnits < 0) return "combo 1256 shows nothing";
   if (shownUnits == static_cast<int>(unit::pixel) && pixelsAreOld_) return {};

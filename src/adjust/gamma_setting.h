@@ -159,7 +159,7 @@ class CGammaSetting : public DialogHandler, public AdjustmentFront, private Mode
   Dialog* dialog_ = nullptr;  // null without a window
   bool isStarting_ = false;
   bool hasPlace_ = false;           // of its own, to be remembered
-  std::unique_ptr<Dialog> window_;  // goes first: it calls the edits' filters
+  std::unique_ptr<Dialog> window_;  // goes first: it calls the edits' guards
 };
 
 }  // namespace set32

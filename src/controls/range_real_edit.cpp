@@ -17,7 +17,7 @@ constexpr int mostBeeps = 10;
 void CRangeRealEdit::Attach(Dialog& dialog, int editId) {
   dialog_ = &dialog;
   edit_ = &dialog.Get<Edit>(editId);
-  edit_->SetFilter(this);
+  edit_->SetGuard(this);
   NoteRange();
 }
 

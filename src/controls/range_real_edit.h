@@ -18,7 +18,7 @@ enum class EnterKey {
 };
 
 // Until SetRange: 0.0 to 1000.0. The object must outlive the edit's window. Host's thread only.
-class CRangeRealEdit : public EditFilter {
+class CRangeRealEdit : public EditGuard {
  public:
   CRangeRealEdit(Clipboard& clipboard, System& system, EnterKey enter = EnterKey::leavesEdit)
       : clipboard_(clipboard), system_(system), enter_(enter) {}

@@ -79,9 +79,9 @@ class Label : public Control {
 };
 
 // What looks at a key before the edit does. Implemented above; the edit doesn't own it.
-class EditFilter {
+class EditGuard {
  public:
-  virtual ~EditFilter() = default;
+  virtual ~EditGuard() = default;
   // A character, in the module's code page (1 to 4 bytes; a control character is one byte). True: the edit takes it.
   virtual bool OnCharacter(std::string_view character) = 0;
   // A paste request. True: the edit pastes by itself.
@@ -115,8 +115,8 @@ class Edit : public Control {
   virtual void ScrollCaretIntoView() {}
   // Highest number of characters that a person may type; text set by the program is not cut.
   virtual void SetLimit(int /*characters*/) {}
-  // Null takes it away. The filter must outlive the edit's window or be taken away before.
-  virtual void SetFilter(EditFilter*) {}
+  // Null takes it away. The guard must outlive the edit's window or be taken away before.
+  virtual void SetGuard(EditGuard*) {}
 };
 
 class Button : public Control {  // push buttons

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "stage/model/raster_canvas.h"
+#include "apps/stage/model/raster_canvas.h"
 #include "test_picture.h"
 
 namespace set32 {

@@ -94,7 +94,7 @@ class PixelRoads : public testing::Test {
     }
   }
 
-  // The filter of colours works in place.
+  // The guard of colours works in place.
   void ExpectAlikeColours(std::size_t width, const Bytes& row, const ColourRule& rule) {
     ExpectAlike("colours", width, row, [&](const PixelRoad& road) {
       return [&](const std::uint8_t* from, std::uint8_t* to) {

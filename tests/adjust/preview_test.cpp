@@ -10,7 +10,7 @@
 
 #include "adjust/own_image_library.h"
 #include "adjust/tone_tables.h"
-#include "stage/model/headless_windows.h"
+#include "apps/stage/model/headless_windows.h"
 #include "test_picture.h"
 
 namespace set32 {

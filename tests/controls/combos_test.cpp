@@ -1,10 +1,10 @@
 // The combo classes: how wide a list drops, and what an entry with an icon looks like in each of its states.
 #include <gmock/gmock.h>
 
+#include "apps/stage/model/raster_canvas.h"
 #include "controls/icon_combo.h"
 #include "controls/wide_drop_combo.h"
 #include "resources/ids.h"
-#include "stage/model/raster_canvas.h"
 #include "tests/support/stage.h"
 
 namespace set32 {

@@ -2,10 +2,10 @@
 // beside its page.
 #include <gmock/gmock.h>
 
+#include "apps/stage/model/headless_dialog.h"
 #include "controls/message_dialog.h"
 #include "controls/modal_to_modeless.h"
 #include "controls/thread_message.h"
-#include "stage/model/headless_dialog.h"
 #include "tests/support/scenario.h"
 
 namespace set32 {
@@ -39,7 +39,7 @@ class Messages : public Scenario {
     state_.productName = "Scan Desk";
   }
 
-  Dialog* MessageWindow() { return TheSession().TheDesk().Find(dialog::message); }
+  Dialog* MessageWindow() { return TheSession().TheScene().Find(dialog::message); }
   std::string Shown() { return MessageWindow()->Title() + ": " + Seen("115:1033"); }
   static std::string IconOf(Dialog& window) {
     const auto* modelled = dynamic_cast<HeadlessDialog*>(&window);

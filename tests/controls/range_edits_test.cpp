@@ -1,11 +1,11 @@
 // The numeric edits on edits that stand: keys, pastes, Enter, and texts set by the program.
 #include <gmock/gmock.h>
 
+#include "apps/stage/inspection.h"
+#include "apps/stage/model/headless_clipboard.h"
+#include "apps/stage/model/headless_system.h"
 #include "controls/range_int_edit.h"
 #include "controls/range_real_edit.h"
-#include "stage/inspection.h"
-#include "stage/model/headless_clipboard.h"
-#include "stage/model/headless_system.h"
 #include "tests/support/stage.h"
 
 namespace set32 {

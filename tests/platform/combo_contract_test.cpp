@@ -1,4 +1,4 @@
-#include "stage/inspection.h"
+#include "apps/stage/inspection.h"
 #include "tests/support/contract_case.h"
 
 namespace set32 {

@@ -1,5 +1,5 @@
 // How dialogs appear, run and end.
-#include "stage/inspection.h"
+#include "apps/stage/inspection.h"
 #include "tests/support/contract_case.h"
 
 namespace set32 {

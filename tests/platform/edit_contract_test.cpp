@@ -109,7 +109,7 @@ TEST(EditContract, ARepairInsideTheUpdateNestsItsOwnEvents) {
   EXPECT_EQ(TheEdit(stage).Text(), "good");
 }
 
-class Filter : public EditFilter {
+class Guard : public EditGuard {
  public:
   bool OnCharacter(std::string_view character) override {
     seen.append("<").append(character).append(">");
@@ -124,28 +124,28 @@ class Filter : public EditFilter {
   bool takes = true;
 };
 
-TEST(EditContract, AFilterSeesKeysPasteAndEnterFirst) {
+TEST(EditContract, AGuardSeesKeysPasteAndEnterFirst) {
   Stage stage(page);
-  Filter filter;
+  Guard guard;
   Prepare(stage, "1", {1, 1});
-  TheEdit(stage).SetFilter(&filter);
-  stage.desk->TheClipboard().Write("99");
+  TheEdit(stage).SetGuard(&guard);
+  stage.screen->TheClipboard().Write("99");
   stage.Heard();
 
   stage.Hands().TypeText(TheEdit(stage), "2é");
   stage.Hands().Backspace(TheEdit(stage), 1);
   stage.Hands().Paste(TheEdit(stage));
   EXPECT_EQ(TheEdit(stage).Text(), "1299");
-  filter.takes = false;
+  guard.takes = false;
   stage.Heard();
   stage.Hands().TypeText(TheEdit(stage), "3");
   stage.Hands().Paste(TheEdit(stage));
   stage.Hands().Backspace(TheEdit(stage), 1);
   EXPECT_EQ(TheEdit(stage).Text(), "1299");
   stage.Hands().PressKey(Key::enter);
-  EXPECT_EQ(filter.seen, "<2><é><\b>paste<3>paste<\b>enter");
+  EXPECT_EQ(guard.seen, "<2><é><\b>paste<3>paste<\b>enter");
   EXPECT_THAT(stage.Heard(), ElementsAre("ok"));
-  TheEdit(stage).SetFilter(nullptr);
+  TheEdit(stage).SetGuard(nullptr);
 }
 
 TEST(EditContract, PastesOneLineAsFarAsThereIsRoom) {
@@ -153,7 +153,7 @@ TEST(EditContract, PastesOneLineAsFarAsThereIsRoom) {
   Prepare(stage, "ab", {1, 2});
   TheEdit(stage).SetLimit(4);
   stage.Heard();
-  stage.desk->TheClipboard().Write("一二三四\r\nrest");
+  stage.screen->TheClipboard().Write("一二三四\r\nrest");
   stage.Hands().Paste(TheEdit(stage));
   EXPECT_EQ(TheEdit(stage).Text(), "a一二三");
   EXPECT_THAT(stage.Heard(), testing::ElementsAreArray(oneChange));

@@ -1,8 +1,8 @@
 // What is the model's alone: its geometry, what can't be made in it, its boxes, its raster.
 #include <gmock/gmock.h>
 
-#include "stage/model/headless_desk.h"
-#include "stage/model/raster_canvas.h"
+#include "apps/stage/model/model_windows.h"
+#include "apps/stage/model/raster_canvas.h"
 #include "tests/support/stage.h"
 
 namespace set32 {
@@ -20,14 +20,14 @@ constexpr ControlTemplate controls[] = {
 constexpr DialogTemplate page{1, "", {101, 61}, "Sans", 8, DialogStyle::child, controls};
 
 struct Headless : public testing::Test {
-  HeadlessDesk desk;
+  ModelWindows screen;
   SilentHost host;
   RecordingHandler handler;
-  WindowHandle parent = desk.input.MakeHostWindow({600, 500}, host);
+  WindowHandle parent = screen.input.MakeHostWindow({600, 500}, host);
 };
 
 TEST_F(Headless, DialogUnitsAreRoundedToTheNearestPixel) {
-  const auto dialog = desk.windows.Create(page, parent, handler);
+  const auto dialog = screen.windows.Create(page, parent, handler);
   EXPECT_EQ(dialog->ClientSize(), (Size{152, 99}));
   // 7 units: 10.5; 5 down: 8.1; 33 wide: 49.5; 11 high: 17.9
   EXPECT_EQ(dialog->Find(edit)->Place(), (Rect{11, 8, 61, 26}));
@@ -45,8 +45,8 @@ TEST_F(Headless, DialogUnitsAreRoundedToTheNearestPixel) {
 }
 
 TEST_F(Headless, WhatCantBeMadeIsLeftOut) {
-  desk.windows.failures = {.dialogs = {7}, .controls = {edit}, .tips = true};
-  const auto dialog = desk.windows.Create(page, parent, handler);
+  screen.windows.failures = {.dialogs = {7}, .controls = {edit}, .tips = true};
+  const auto dialog = screen.windows.Create(page, parent, handler);
   ASSERT_NE(dialog, nullptr);
   EXPECT_FALSE(dialog->Get<Edit>(edit).Exists());
   EXPECT_TRUE(dialog->Get<Combo>(combo).Exists());
@@ -54,7 +54,7 @@ TEST_F(Headless, WhatCantBeMadeIsLeftOut) {
   EXPECT_EQ(dynamic_cast<const TellsTips*>(&dialog->Tips()), nullptr);
   DialogTemplate failing = page;
   failing.id = 7;
-  EXPECT_EQ(desk.windows.Create(failing, parent, handler), nullptr);
+  EXPECT_EQ(screen.windows.Create(failing, parent, handler), nullptr);
 }
 
 TEST_F(Headless, DialogsOutliveTheWindowsThatMadeThem) {
@@ -69,13 +69,13 @@ TEST_F(Headless, DialogsOutliveTheWindowsThatMadeThem) {
 
 TEST_F(Headless, BoxesAreToldThenAnswered) {
   std::vector<std::string> told;
-  desk.boxes.SetListener(
+  screen.boxes.SetListener(
       [&](const ShownBox& box) { told.push_back(box.caption + "/" + box.text + (box.onThread ? "/thread" : "")); });
-  EXPECT_EQ(desk.boxes.Show(parent, "sure?", "t", box_style::yesNo), BoxAnswer::yes);
-  EXPECT_EQ(desk.boxes.Show(parent, "well", "t", box_style::stop), BoxAnswer::ok);
-  desk.boxes.SetAnswerer([](const ShownBox&) { return BoxAnswer::no; });
-  EXPECT_EQ(desk.boxes.Show(0, "sure?", "t", box_style::yesNo), BoxAnswer::no);
-  desk.boxes.ShowOnThread(0, "bad", "t", box_style::stop);
+  EXPECT_EQ(screen.boxes.Show(parent, "sure?", "t", box_style::yesNo), BoxAnswer::yes);
+  EXPECT_EQ(screen.boxes.Show(parent, "well", "t", box_style::stop), BoxAnswer::ok);
+  screen.boxes.SetAnswerer([](const ShownBox&) { return BoxAnswer::no; });
+  EXPECT_EQ(screen.boxes.Show(0, "sure?", "t", box_style::yesNo), BoxAnswer::no);
+  screen.boxes.ShowOnThread(0, "bad", "t", box_style::stop);
   EXPECT_THAT(told, ElementsAre("t/sure?", "t/well", "t/sure?", "t/bad/thread"));
 }
 
@@ -130,7 +130,7 @@ TEST(RasterCanvasTest, StretchingAveragesWhenItShrinks) {
 }
 
 TEST_F(Headless, AFrameKeepsItsLastDrawing) {
-  const auto dialog = desk.windows.Create(page, parent, handler);
+  const auto dialog = screen.windows.Create(page, parent, handler);
   Frame& area = dialog->Get<Frame>(frame);
   const auto& kept = dynamic_cast<const KeepsDrawing&>(area);
   EXPECT_TRUE(kept.Drawing().Empty());

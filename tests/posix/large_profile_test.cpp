@@ -34,7 +34,7 @@ bool OpenChangeAndClose() {
   MemoryHost host(world);
   Dialog* const page = host.Open(module);
   if (page == nullptr) return false;
-  world.desk.input.PickEntry(page->Get<Combo>(id::resolutionCombo), 4);
+  world.screen.input.PickEntry(page->Get<Combo>(id::resolutionCombo), 4);
   host.End();
   return true;
 }

@@ -5,10 +5,10 @@
 
 #include <limits>
 
+#include "apps/stage/model/headless_system.h"
 #include "boundary/hardware_options.h"
 #include "host_records.h"
 #include "platform/profile_engine.h"
-#include "stage/model/headless_system.h"
 #include "tests/support/profile_peer.h"
 #include "tests/support/scratch_folder.h"
 

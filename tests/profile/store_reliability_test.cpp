@@ -19,10 +19,10 @@ namespace {
 struct Panel {
   explicit Panel(Files& files) : world(files), module(world.platform), host(world) {}
   bool Open() { return (page = host.Open(module)) != nullptr; }
-  Input& Hands() { return world.desk.input; }
+  Input& Hands() { return world.screen.input; }
 
   void SaveAs(const std::string& name) {
-    world.desk.windows.SetOpenedHook([this, name](Dialog& opened) {
+    world.screen.windows.SetOpenedHook([this, name](Dialog& opened) {
       if (opened.TemplateId() != dialog::saveConfig) return;
       auto& edit = opened.Get<Edit>(id104::nameEdit);
       Hands().SelectAll(edit);

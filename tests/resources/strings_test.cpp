@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "apps/stage/forwarding.h"
+#include "apps/stage/model/headless_system.h"
 #include "resources/ids.h"
-#include "stage/forwarding.h"
-#include "stage/model/headless_system.h"
 
 namespace set32 {
 namespace {

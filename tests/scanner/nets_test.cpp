@@ -3,10 +3,10 @@
 
 #include <gmock/gmock.h>
 
+#include "apps/stage/forwarding.h"
+#include "apps/stage/model/headless_system.h"
+#include "apps/stage/model/simulated_network.h"
 #include "scanner/address.h"
-#include "stage/forwarding.h"
-#include "stage/model/headless_system.h"
-#include "stage/model/simulated_network.h"
 
 namespace set32 {
 namespace {

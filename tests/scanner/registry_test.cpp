@@ -3,8 +3,8 @@
 
 #include <filesystem>
 
+#include "apps/stage/model/folder_registry.h"
 #include "scanner/registry_value.h"
-#include "stage/model/folder_registry.h"
 #include "tests/support/scratch_folder.h"
 
 namespace set32 {

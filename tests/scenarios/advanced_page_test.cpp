@@ -18,14 +18,14 @@ class AdvancedPage : public PageScenario {
     if (tab != 0) Person().Pick({page, id148::viewTabs}, tab);
   }
 
-  Rect Area() { return TheSession().TheDesk().Require(page).Get<Frame>(id148::pictureFrame).Place(); }
+  Rect Area() { return TheSession().TheScene().Require(page).Get<Frame>(id148::pictureFrame).Place(); }
 
   // The read-outs with the pointer so far to the right of the area's left edge, half way down.
   std::string ReadOut(int x) {
     Person().MovePointer({Area().left + x, (Area().top + Area().bottom) / 2});
     return ReadOutText(id148::xValue) + ' ' + ReadOutText(id148::yValue);
   }
-  std::string ReadOutText(int id) { return TheSession().TheDesk().Require(page).Get<Label>(id).Text(); }
+  std::string ReadOutText(int id) { return TheSession().TheScene().Require(page).Get<Label>(id).Text(); }
 
   // The picture area, a character a pixel; empty where drawings can't be seen.
   std::string Drawing() {

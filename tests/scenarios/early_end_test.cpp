@@ -37,7 +37,7 @@ class EarlyEnd : public PageScenario {
       EXPECT_TRUE(std::ranges::all_of(std::as_bytes(std::span(&Record(), 1)), isGone))
           << "the host's record was touched";
       EXPECT_EQ(linesAfter, "");
-      EXPECT_TRUE(TheSession().TheDesk().Standing().empty());
+      EXPECT_TRUE(TheSession().TheScene().Standing().empty());
     }
     return ended;
   }
@@ -148,7 +148,7 @@ TEST_F(EarlyEnd, UnderADialogAndABox) {
   WhenDialog(dialog::addScanner, [this] { Host().EndWindows(); });
   Person().Pick(id::scannerCombo, 0);
   EXPECT_EQ(Heard(), std::vector<std::string>{});
-  EXPECT_TRUE(TheSession().TheDesk().Standing().empty());
+  EXPECT_TRUE(TheSession().TheScene().Standing().empty());
 
   for (const int button : {id::deleteButton, id::saveButton}) {
     StartAfresh();
@@ -165,7 +165,7 @@ TEST_F(EarlyEnd, UnderADialogAndABox) {
     Person().Click(button);
     OnEveryLine({});
     EXPECT_EQ(Changed(stored), "Active | Tmp");
-    EXPECT_TRUE(TheSession().TheDesk().Standing().empty());
+    EXPECT_TRUE(TheSession().TheScene().Standing().empty());
   }
 }
 

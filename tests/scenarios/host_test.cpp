@@ -8,8 +8,8 @@ namespace {
 
 class HostsPart : public Scenario {
  protected:
-  const Control& ControlOf(int id) { return TheSession().TheDesk().Require(User::Target(id)).control; }
-  Rect SheetPlace() { return TheSession().TheDesk().Require(dialog::sheet).Place(); }
+  const Control& ControlOf(int id) { return TheSession().TheScene().Require(User::Target(id)).control; }
+  Rect SheetPlace() { return TheSession().TheScene().Require(dialog::sheet).Place(); }
 };
 
 TEST_F(HostsPart, ReportMayBeTheHostsOwnRecord) {
@@ -74,7 +74,7 @@ TEST_F(HostsPart, LongEntriesWidenOpenedLists) {
   WriteKey(ModuleFile::options, "OPTION", "EnablePaperSource", "1");
   Open();
   for (const int list : {id::sizeCombo, id::resolutionCombo, id::scannerCombo, id::sourceCombo}) {
-    auto& combo = dynamic_cast<Combo&>(TheSession().TheDesk().Require(User::Target(list)).control);
+    auto& combo = dynamic_cast<Combo&>(TheSession().TheScene().Require(User::Target(list)).control);
     const int closed = combo.DroppedWidth();
     combo.Add(std::string(60, 'W'));
     Person().DropList(list);
@@ -85,7 +85,7 @@ TEST_F(HostsPart, LongEntriesWidenOpenedLists) {
 TEST_F(HostsPart, LowPageHasAScrollBarBesideItsRows) {
   Open();
   const auto& list = dynamic_cast<const List&>(ControlOf(id::configList));
-  const Size page = TheSession().TheDesk().Require(User::Target(id::configList)).dialog.ClientSize();
+  const Size page = TheSession().TheScene().Require(User::Target(id::configList)).dialog.ClientSize();
   Person().Resize({page.width, page.height - 100});
   const int scrollBar = TheSession().Outside().ThePlatform().windows.ScrollBarWidth();
   EXPECT_EQ(list.ColumnWidth(), list.InnerWidth() - scrollBar);

@@ -16,7 +16,7 @@ class Scanners : public Scenario {
   void NoteSearches(int count) {
     for (int i = 0; i < count; ++i) {
       WhenDialog(dialog::searching, [this] {
-        const auto& label = TheSession().TheDesk().Require(dialog::searching).Get<Label>(id120::text);
+        const auto& label = TheSession().TheScene().Require(dialog::searching).Get<Label>(id120::text);
         searches_.push_back(label.Text() + " after " + std::to_string(Network().Requests().size()));
       });
     }
@@ -38,7 +38,7 @@ TEST_F(Scanners, SearchesStandBeforeTheyAsk) {
                                               testing::StartsWith("正在本端網路中搜尋")));
   EXPECT_EQ(Network().Requests().size(), 4U);
   EXPECT_EQ(Network().Running(), 0);
-  EXPECT_EQ(TheSession().TheDesk().Find(dialog::searching), nullptr);
+  EXPECT_EQ(TheSession().TheScene().Find(dialog::searching), nullptr);
 }
 
 TEST_F(Scanners, OlderValueGoesWithItsKeysAlone) {

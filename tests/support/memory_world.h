@@ -8,14 +8,14 @@
 #include <string>
 #include <utility>
 
+#include "apps/stage/model/folder_registry.h"
+#include "apps/stage/model/headless_system.h"
+#include "apps/stage/model/model_windows.h"
+#include "apps/stage/model/simulated_network.h"
+#include "apps/stage/model/simulated_usb.h"
 #include "host/module.h"
 #include "platform/profile_engine.h"
 #include "profile/config_items.h"
-#include "stage/model/folder_registry.h"
-#include "stage/model/headless_desk.h"
-#include "stage/model/headless_system.h"
-#include "stage/model/simulated_network.h"
-#include "stage/model/simulated_usb.h"
 
 namespace set32 {
 
@@ -36,7 +36,7 @@ struct MemoryWorld {
   };
 
   Files& files;
-  HeadlessDesk desk;
+  ModelWindows screen;
   SimulatedClock clock;
   HeadlessSystem system{clock, 0x0409};
   ProfileEngine profiles{files};
@@ -45,15 +45,15 @@ struct MemoryWorld {
   SimulatedUsb usb;
   FolderRegistry registry{"/no/such/folder"};
   NoThreads threads;
-  Platform platform{desk.windows, desk.boxes, files,    paths,          profiles, system,
-                    network,      usb,        registry, desk.clipboard, threads};
+  Platform platform{screen.windows, screen.boxes,     files,  paths, profiles, system, network, usb,
+                    registry,       screen.clipboard, threads};
 };
 
 class MemoryHost : public HostWindowHandler {
  public:
   explicit MemoryHost(MemoryWorld& world)
       : world_(world),
-        window_(world.desk.input.MakeHostWindow({600, 500}, *this)),
+        window_(world.screen.input.MakeHostWindow({600, 500}, *this)),
         record(std::make_unique<ScanSettings>(MakeSettings(world.system, {}))) {}
   ~MemoryHost() override { End(); }
   MemoryHost(const MemoryHost&) = delete;
@@ -64,12 +64,12 @@ class MemoryHost : public HostWindowHandler {
     if (window_ == 0) return nullptr;
     const WindowHandle page = module.FixSetting({window_, window_, limits ? &*limits : nullptr, record.get(), preview,
                                                  false, 128, 36, &place, caps ? &*caps : nullptr});
-    return world_.desk.windows.DialogOf(page);
+    return world_.screen.windows.DialogOf(page);
   }
   // The window goes, with the page in it, and then the record.
   void End() {
     if (window_ == 0) return;
-    world_.desk.input.DestroyHostWindow(std::exchange(window_, 0));
+    world_.screen.input.DestroyHostWindow(std::exchange(window_, 0));
     record.reset();
   }
 

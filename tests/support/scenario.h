@@ -79,10 +79,10 @@ class Scenario : public testing::Test, protected SessionListener {
     if (waiting.empty()) return false;
     const auto act = std::move(waiting.front());
     waiting.pop_front();
-    const int outer = session_.TheDesk().DefaultDialog();
-    session_.TheDesk().SetDefaultDialog(dialog.TemplateId());
+    const int outer = session_.TheScene().DefaultDialog();
+    session_.TheScene().SetDefaultDialog(dialog.TemplateId());
     act();
-    session_.TheDesk().SetDefaultDialog(outer);
+    session_.TheScene().SetDefaultDialog(outer);
     return true;
   }
 

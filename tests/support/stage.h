@@ -3,8 +3,8 @@
 
 #include <memory>
 
-#include "tests/support/desk.h"
 #include "tests/support/recording_handler.h"
+#include "tests/support/windows_under_test.h"
 
 namespace set32 {
 
@@ -16,14 +16,14 @@ class SilentHost : public HostWindowHandler {
 };
 
 struct Stage {
-  explicit Stage(const DialogTemplate& page) : dialog(desk->TheWindows().Create(page, host, handler)) {
-    desk->Hands().Pump();
+  explicit Stage(const DialogTemplate& page) : dialog(screen->TheWindows().Create(page, host, handler)) {
+    screen->Hands().Pump();
     handler.Take();
   }
 
-  Input& Hands() { return desk->Hands(); }
-  Windows& TheWindows() { return desk->TheWindows(); }
-  WindowWatch& Watch() { return desk->Watch(); }
+  Input& Hands() { return screen->Hands(); }
+  Windows& TheWindows() { return screen->TheWindows(); }
+  WindowWatch& Watch() { return screen->Watch(); }
   template <typename T>
   T& Get(int id) {
     return dialog->Get<T>(id);
@@ -32,8 +32,8 @@ struct Stage {
 
   SilentHost hostHandler;
   RecordingHandler handler;
-  std::unique_ptr<DeskUnderTest> desk = MakeDesk();
-  WindowHandle host = desk->Hands().MakeHostWindow({600, 500}, hostHandler);
+  std::unique_ptr<WindowsUnderTest> screen = MakeWindowsUnderTest();
+  WindowHandle host = screen->Hands().MakeHostWindow({600, 500}, hostHandler);
   std::unique_ptr<Dialog> dialog;
 };
 

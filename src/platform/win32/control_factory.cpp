@@ -1,15 +1,15 @@
 #include "platform/win32/combo_control.h"
-#include "platform/win32/desk_state.h"
 #include "platform/win32/edit_control.h"
 #include "platform/win32/list_control.h"
 #include "platform/win32/range_controls.h"
 #include "platform/win32/real_tooltip.h"
 #include "platform/win32/simple_controls.h"
 #include "platform/win32/tab_control.h"
+#include "platform/win32/window_set.h"
 
 namespace set32::win32 {
 
-std::unique_ptr<Control> DeskState::MakeControl(Win32Dialog& dialog, HWND window, const ControlTemplate& source) {
+std::unique_ptr<Control> WindowSet::MakeControl(Win32Dialog& dialog, HWND window, const ControlTemplate& source) {
   switch (source.kind) {
     case ControlKind::label:
       return std::make_unique<RealLabel>(dialog, window, source);
@@ -48,7 +48,7 @@ std::unique_ptr<Control> DeskState::MakeControl(Win32Dialog& dialog, HWND window
   return nullptr;
 }
 
-std::unique_ptr<RealTooltip> DeskState::MakeTips(HWND dialog) {
+std::unique_ptr<RealTooltip> WindowSet::MakeTips(HWND dialog) {
   return std::make_unique<RealTooltip>(dialog);
 }
 

@@ -46,8 +46,8 @@ bool Win32Dialog::MakeWindow(const DialogTemplate& source) {
   }
   window_ = window;
   client_ = win32::ClientSizeOf(window);
-  desk_->standing.push_back(this);
-  if (desk_->loopHook == nullptr) desk_->loopHook = std::make_unique<win32::LoopHook>();
+  windowSet_->standing.push_back(this);
+  if (windowSet_->loopHook == nullptr) windowSet_->loopHook = std::make_unique<win32::LoopHook>();
   TakeControls(source);
   // A page lies over the tab bar of the sheet around it.
   if (child_ && Of(parent_) != nullptr)
@@ -63,7 +63,7 @@ void Win32Dialog::TakeControls(const DialogTemplate& source) {
     // A group's frame lies under everything inside it.
     if (control.kind == ControlKind::group)
       SetWindowPos(window, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    controls_.push_back(desk_->MakeControl(*this, window, control));
+    controls_.push_back(windowSet_->MakeControl(*this, window, control));
   }
 }
 
@@ -72,8 +72,8 @@ Win32Dialog::~Win32Dialog() {
   if (Win32Dialog::IsAlive()) {
     TellClosed();
     const HWND window = window_;
-    const win32::Quiet quiet(desk_, win32::Quiet::What::both);
-    for (Win32Dialog* other : desk_->standing) {
+    const win32::Quiet quiet(windowSet_, win32::Quiet::What::both);
+    for (Win32Dialog* other : windowSet_->standing) {
       const HWND home = other->child_ ? other->window_ : other->parent_;
       if (home == window || ::IsChild(window, home)) other->silent_ = true;
     }
@@ -83,7 +83,7 @@ Win32Dialog::~Win32Dialog() {
     if (::IsWindow(window)) OnWindowGone();
     if (!child_) ReturnFocus(focusBefore_);
   }
-  if (desk_->deliveries > 0) desk_->graveyard.push_back(std::move(controls_));
+  if (windowSet_->deliveries > 0) windowSet_->graveyard.push_back(std::move(controls_));
 }
 
 void Win32Dialog::SetVisible(bool visible) {
@@ -142,7 +142,7 @@ void Win32Dialog::LeaveScreen() {
   const bool returnsFocus = takesFocus_ || FocusIsInside();
   focusPlaced_ = false;
   {
-    const win32::Quiet quiet(desk_, win32::Quiet::What::gains);
+    const win32::Quiet quiet(windowSet_, win32::Quiet::What::gains);
     ShowWindow(window, SW_HIDE);
     if (Of(window) == this && FocusIsInside()) ::SetFocus(nullptr);
     if (returnsFocus) ReturnFocus(before);
@@ -163,15 +163,15 @@ void Win32Dialog::TellShown(bool shown) {
 
 void Win32Dialog::TellOpened() {
   if (!IsAlive()) return;
-  const win32::Delivery delivery(desk_);
-  desk_->OnOpened(*this);
+  const win32::Delivery delivery(windowSet_);
+  windowSet_->OnOpened(*this);
 }
 
 void Win32Dialog::TellClosed() {
   if (!onScreen_) return;
   onScreen_ = false;
-  const win32::Delivery delivery(desk_);
-  desk_->OnClosed(*this, result_);
+  const win32::Delivery delivery(windowSet_);
+  windowSet_->OnClosed(*this, result_);
 }
 
 void Win32Dialog::EndModal(int result) {
@@ -181,7 +181,7 @@ void Win32Dialog::EndModal(int result) {
   ended_ = true;
   // It isn't to be seen any more, and hears nothing of that.
   shown_ = false;
-  const win32::Quiet quiet(desk_, win32::Quiet::What::gains);
+  const win32::Quiet quiet(windowSet_, win32::Quiet::What::gains);
   SetWindowPos(window, nullptr, 0, 0, 0, 0, SWP_HIDEWINDOW | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
   if (Of(window) == this && FocusIsInside()) ::SetFocus(window);
   PostMessageW(window, WM_NULL, 0, 0);  // so that the loop looks
@@ -203,14 +203,14 @@ int Win32Dialog::RunLoop() {
 void Win32Dialog::Destroy() {
   if (!IsAlive() || destroying_) return;
   const HWND window = window_;
-  const std::shared_ptr<win32::DeskState> desk = desk_;
+  const std::shared_ptr<win32::WindowSet> windowSet = windowSet_;
   if (!child_) LeaveScreen();
   Win32Dialog* self = Of(window);
   if (self == nullptr) return;
   if (child_) {
     // Everything hears what is coming while the focus still is where it was.
     self->OnWindowDestroying();
-    const win32::Quiet quiet(desk, win32::Quiet::What::both);
+    const win32::Quiet quiet(windowSet, win32::Quiet::What::both);
     DestroyWindow(window);
   } else {
     DestroyWindow(window);
@@ -221,7 +221,7 @@ void Win32Dialog::Destroy() {
 // owners.
 void Win32Dialog::DestroyOwned() const {
   const HWND window = window_;
-  const std::vector<Win32Dialog*> standing = desk_->standing;
+  const std::vector<Win32Dialog*> standing = windowSet_->standing;
   std::vector<HWND> owned;
   for (const Win32Dialog* other : standing) {
     if (!other->child_ && (other->parent_ == window || ::IsChild(window, other->parent_)))
@@ -243,7 +243,7 @@ void Win32Dialog::OnWindowDestroying() {
   if (destroying_) return;
   destroying_ = true;
   const HWND window = window_;
-  const std::shared_ptr<win32::DeskState> desk = desk_;
+  const std::shared_ptr<win32::WindowSet> windowSet = windowSet_;
   DestroyOwned();
   if (Of(window) != this) return;
   if (!child_) {
@@ -253,7 +253,7 @@ void Win32Dialog::OnWindowDestroying() {
   if (Of(window) != this) return;
   Tell([](DialogHandler& handler) { handler.OnDestroying(); });
   std::vector<HWND> inside;
-  for (const Win32Dialog* other : desk->standing) {
+  for (const Win32Dialog* other : windowSet->standing) {
     if (other->child_ && ::IsChild(window, other->window_)) inside.push_back(other->window_);
   }
   for (const HWND child : inside) {
@@ -265,13 +265,13 @@ void Win32Dialog::OnWindowGone() {
   RemovePropW(window_, ObjectProperty());
   window_ = nullptr;
   tips_.reset();
-  const std::shared_ptr<win32::DeskState> desk = desk_;
-  std::erase(desk->standing, this);
-  if (desk->standing.empty()) desk->loopHook.reset();
+  const std::shared_ptr<win32::WindowSet> windowSet = windowSet_;
+  std::erase(windowSet->standing, this);
+  if (windowSet->standing.empty()) windowSet->loopHook.reset();
   // So that the loop of its run looks, which a message sent from outside would not wake.
   if (modal_) PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
   if (silent_) return;
-  const win32::Delivery delivery(desk);
+  const win32::Delivery delivery(windowSet);
   DialogHandler& handler = *handler_;
   Win32Windows::Detach(handler);
   handler.OnDestroyed();

@@ -194,8 +194,8 @@ void Win32Dialog::OnSize(WPARAM how, Size client) {
 }
 
 void Win32Dialog::Deliver(const Event& event) const {
-  if (event.kind == EventKind::focusGained && desk_->quietGains > 0) return;
-  if (event.kind == EventKind::focusLost && desk_->quietLosses > 0) return;
+  if (event.kind == EventKind::focusGained && windowSet_->quietGains > 0) return;
+  if (event.kind == EventKind::focusLost && windowSet_->quietLosses > 0) return;
   Tell([&](DialogHandler& handler) { handler.OnEvent(event); });
 }
 

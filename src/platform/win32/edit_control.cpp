@@ -61,12 +61,12 @@ std::optional<LRESULT> RealEdit::OnMessage(UINT message, WPARAM wParam, LPARAM) 
   switch (message) {
     case WM_CHAR: {
       const auto unit = static_cast<wchar_t>(wParam);
-      if (filter_ != nullptr && !filter_->OnCharacter(ModuleText().Narrow({&unit, 1}))) return 0;
+      if (guard_ != nullptr && !guard_->OnCharacter(ModuleText().Narrow({&unit, 1}))) return 0;
       if (!Exists() || (unit >= L' ' && IsFull())) return 0;
       break;
     }
     case WM_PASTE:
-      if (filter_ != nullptr && !filter_->OnPaste()) return 0;
+      if (guard_ != nullptr && !guard_->OnPaste()) return 0;
       break;
     default:
       break;
@@ -75,7 +75,7 @@ std::optional<LRESULT> RealEdit::OnMessage(UINT message, WPARAM wParam, LPARAM) 
 }
 
 void RealEdit::OnEnterSeen() const {
-  if (filter_ != nullptr) filter_->OnEnterKey();
+  if (guard_ != nullptr) guard_->OnEnterKey();
 }
 
 }  // namespace set32::win32

@@ -13,7 +13,7 @@ class RealEdit : public Real<Edit> {
   void ReplaceSelection(std::string_view text) override;
   void ScrollCaretIntoView() override { Ask(EM_SCROLLCARET); }
   void SetLimit(int characters) override;
-  void SetFilter(EditFilter* filter) override { filter_ = filter; }
+  void SetGuard(EditGuard* guard) override { guard_ = guard; }
 
   void OnCommand(WORD code) override;
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -23,7 +23,7 @@ class RealEdit : public Real<Edit> {
  private:
   bool IsFull() const;
 
-  EditFilter* filter_ = nullptr;
+  EditGuard* guard_ = nullptr;
 };
 
 }  // namespace set32::win32

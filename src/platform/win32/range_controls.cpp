@@ -37,7 +37,7 @@ std::optional<LRESULT> RealSlider::OnMessage(UINT message, WPARAM wParam, LPARAM
 
 // A notch is one line, and where it leads is the dialog's to say. Fine wheels turn by parts of a notch.
 void RealSlider::TurnWheel(int delta) {
-  const Delivery delivery(Owner().Desk());
+  const Delivery delivery(Owner().WindowSet());
   if (std::int64_t{turned_} * delta < 0) turned_ = 0;
   turned_ += delta;
   const WORD code = turned_ > 0 ? scroll_code::lineRight : scroll_code::lineLeft;

@@ -1,4 +1,4 @@
-// What all controls on real windows share: their window, and the roads by which its messages come in.
+// What all controls on real windows share: their window, and the ways by which its messages come in.
 //
 // A typed control is Real<Interface>: the interface of platform/control.h over a window that the dialog's template
 // made. When the window dies, the object notices and answers like a control that isn't there.

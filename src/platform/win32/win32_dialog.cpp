@@ -13,9 +13,9 @@ namespace set32 {
 using win32::ModuleText;
 using win32::RealControl;
 
-Win32Dialog::Win32Dialog(std::shared_ptr<win32::DeskState> desk, const DialogTemplate& source, HWND parent,
+Win32Dialog::Win32Dialog(std::shared_ptr<win32::WindowSet> windowSet, const DialogTemplate& source, HWND parent,
                          DialogHandler& handler, bool modal)
-    : desk_(std::move(desk)),
+    : windowSet_(std::move(windowSet)),
       templateId_(source.id),
       parent_(parent),
       handler_(&handler),
@@ -150,7 +150,7 @@ void Win32Dialog::PutAt(const Rect& place) const {
 Tooltip& Win32Dialog::Tips() {
   static Tooltip none;
   if (!IsAlive()) return none;
-  if (tips_ == nullptr) tips_ = desk_->MakeTips(window_);
+  if (tips_ == nullptr) tips_ = windowSet_->MakeTips(window_);
   return tips_->Exists() ? static_cast<Tooltip&>(*tips_) : none;
 }
 

@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/win32/desk_state.h"
 #include "platform/win32/real_control.h"
 #include "platform/win32/real_tooltip.h"
+#include "platform/win32/window_set.h"
 #include "platform/windows.h"
 
 namespace set32 {
@@ -20,7 +20,7 @@ class Win32Windows;
 
 class Win32Dialog : public Dialog {
  public:
-  Win32Dialog(std::shared_ptr<win32::DeskState> desk, const DialogTemplate& source, HWND parent,
+  Win32Dialog(std::shared_ptr<win32::WindowSet> windowSet, const DialogTemplate& source, HWND parent,
               DialogHandler& handler, bool modal);
   ~Win32Dialog() override;
   Win32Dialog(const Win32Dialog&) = delete;
@@ -58,11 +58,11 @@ class Win32Dialog : public Dialog {
   // The object of a window, null for one that isn't a dialog's of ours.
   static Win32Dialog* Of(HWND window);
   HWND Window() const { return window_; }
-  const std::shared_ptr<win32::DeskState>& Desk() const { return desk_; }
+  const std::shared_ptr<win32::WindowSet>& WindowSet() const { return windowSet_; }
   void Deliver(const Event& event) const;
   void Accept() const;
   void Cancel() const;
-  // Enter, with the edit's filter first, then a push button that has the focus, the default button, or OK.
+  // Enter, with the edit's guard first, then a push button that has the focus, the default button, or OK.
   void TakeEnter() const;
   // The control that a window is or lies in, null for none.
   win32::RealControl* ControlAround(HWND window) const;
@@ -106,7 +106,7 @@ class Win32Dialog : public Dialog {
   void Centre(const Rect& over);
   void PutAt(const Rect& place) const;
 
-  std::shared_ptr<win32::DeskState> desk_;
+  std::shared_ptr<win32::WindowSet> windowSet_;
   int templateId_;
   HWND parent_;
   HWND window_ = nullptr;
@@ -132,7 +132,7 @@ class Win32Dialog : public Dialog {
 template <typename Act>
 void Win32Dialog::Tell(Act act) const {
   if (silent_ || window_ == nullptr) return;
-  const win32::Delivery delivery(desk_);
+  const win32::Delivery delivery(windowSet_);
   act(*handler_);
 }
 

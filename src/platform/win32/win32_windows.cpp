@@ -45,7 +45,7 @@ class OwnerPause {
 
 }  // namespace
 
-Win32Windows::Win32Windows(std::shared_ptr<win32::DeskState> desk) : desk_(std::move(desk)) {
+Win32Windows::Win32Windows(std::shared_ptr<win32::WindowSet> windowSet) : windowSet_(std::move(windowSet)) {
   INITCOMMONCONTROLSEX classes{};
   classes.dwSize = sizeof classes;
   classes.dwICC = ICC_LISTVIEW_CLASSES | ICC_TAB_CLASSES | ICC_BAR_CLASSES | ICC_UPDOWN_CLASS | ICC_INTERNET_CLASSES;
@@ -56,11 +56,11 @@ std::unique_ptr<Win32Dialog> Win32Windows::Make(const DialogTemplate& source, Wi
                                                 DialogHandler& handler, bool modal) {
   const bool child = source.style == DialogStyle::child || source.style == DialogStyle::sheet;
   if ((parent != 0 || child) && !IsOfThisProcess(WindowOf(parent))) return nullptr;
-  auto dialog = std::make_unique<Win32Dialog>(desk_, source, WindowOf(parent), handler, modal);
+  auto dialog = std::make_unique<Win32Dialog>(windowSet_, source, WindowOf(parent), handler, modal);
   if (!dialog->MakeWindow(source)) return nullptr;
-  const win32::Delivery delivery(desk_);
+  const win32::Delivery delivery(windowSet_);
   Attach(handler, dialog.get());
-  if (!child) desk_->OnOpening(*dialog);
+  if (!child) windowSet_->OnOpening(*dialog);
   dialog->Tell([&](DialogHandler& hears) { hears.OnInit(*dialog); });
   return dialog->IsAlive() ? std::move(dialog) : nullptr;
 }
@@ -102,7 +102,7 @@ void Win32Windows::Invalidate(WindowHandle window) {
   } else {
     InvalidateRect(WindowOf(window), nullptr, TRUE);
   }
-  desk_->OnRepaintAsked(WindowOf(window));
+  windowSet_->OnRepaintAsked(WindowOf(window));
 }
 
 void Win32Windows::Enable(WindowHandle window, bool enabled) {

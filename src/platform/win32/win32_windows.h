@@ -3,14 +3,14 @@
 
 #include <memory>
 
-#include "platform/win32/desk_state.h"
+#include "platform/win32/window_set.h"
 #include "platform/windows.h"
 
 namespace set32 {
 
 class Win32Windows : public Windows {
  public:
-  explicit Win32Windows(std::shared_ptr<win32::DeskState> desk = std::make_shared<win32::DeskState>());
+  explicit Win32Windows(std::shared_ptr<win32::WindowSet> windowSet = std::make_shared<win32::WindowSet>());
 
   std::unique_ptr<Dialog> Create(const DialogTemplate& source, WindowHandle parent, DialogHandler& handler) override;
   int RunModal(const DialogTemplate& source, WindowHandle owner, DialogHandler& handler) override;
@@ -23,14 +23,14 @@ class Win32Windows : public Windows {
   Rect WorkAreaAt(const Rect& place) const override;
   int ScrollBarWidth() const override;
 
-  const std::shared_ptr<win32::DeskState>& Desk() const { return desk_; }
+  const std::shared_ptr<win32::WindowSet>& WindowSet() const { return windowSet_; }
   static void Detach(DialogHandler& handler) { Attach(handler, nullptr); }
 
  private:
   std::unique_ptr<Win32Dialog> Make(const DialogTemplate& source, WindowHandle parent, DialogHandler& handler,
                                     bool modal);
 
-  std::shared_ptr<win32::DeskState> desk_;
+  std::shared_ptr<win32::WindowSet> windowSet_;
 };
 
 }  // namespace set32

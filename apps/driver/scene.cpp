@@ -1,0 +1,67 @@
+#include "apps/driver/scene.h"
+
+#include <algorithm>
+#include <string>
+
+#include "apps/driver/not_possible.h"
+
+namespace set32 {
+
+std::vector<Dialog*> Scene::Standing() const {
+  std::vector<Dialog*> standing = watch_.Standing();
+  std::erase_if(standing, [](const Dialog* dialog) { return !dialog->IsAlive(); });
+  return standing;
+}
+
+Dialog* Scene::Find(int dialogId) const {
+  Dialog* found = nullptr;
+  for (Dialog* candidate : Standing()) {
+    if (candidate->TemplateId() != dialogId) continue;
+    found = candidate;
+    if (candidate->Handle() == page_) break;
+  }
+  return found;
+}
+
+Dialog& Scene::Require(int dialogId) const {
+  Dialog* found = Find(dialogId);
+  if (found == nullptr) {
+    throw NotPossible(dialogId == dialog::general ? "no page stands"
+                                                  : "dialog " + std::to_string(dialogId) + " isn't open");
+  }
+  return *found;
+}
+
+FoundControl Scene::Require(const ControlName& name) const {
+  Dialog& holder = Require(name.dialog.value_or(default_));
+  Control* control = holder.Find(name.id);
+  if (control == nullptr || !control->Exists()) {
+    throw NotPossible("dialog " + std::to_string(holder.TemplateId()) + " has no control " + std::to_string(name.id));
+  }
+  return {holder, *control};
+}
+
+Dialog* Scene::PageInFront() const {
+  Dialog* general = Find(dialog::general);
+  if (general != nullptr && !general->IsVisible()) {
+    Dialog* advanced = Find(dialog::advanced);
+    if (advanced != nullptr && advanced->IsVisible()) return advanced;
+  }
+  return general;
+}
+
+Dialog* Scene::ModalInFront() const {
+  const std::vector<Dialog*> standing = Standing();
+  const auto last = std::find_if(standing.rbegin(), standing.rend(),
+                                 [](const Dialog* dialog) { return dialog->IsModal() && dialog->IsVisible(); });
+  return last == standing.rend() ? nullptr : *last;
+}
+
+std::optional<Scene::Focus> Scene::Focused() const {
+  for (Dialog* dialog : Standing()) {
+    if (Control* control = dialog->Focused()) return Focus{dialog, control};
+  }
+  return {};
+}
+
+}  // namespace set32
