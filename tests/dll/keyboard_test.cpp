@@ -156,6 +156,63 @@ TEST_F(Keyboard, AMnemonicClicksAndEscapeEndsTheDialogAlone) {
   EXPECT_TRUE(IsWindowEnabled(host.window));
 }
 
+// The inline face with its advanced dialog, a window of its own beside the host's.
+class KeyboardInTheAdvancedDialog : public Dll {
+ protected:
+  KeyboardInTheAdvancedDialog() {
+    folder_.Write("QUIRNHTp.INI", "[Option]\r\nUIFace=0\r\n");
+    ShowWindow(host.window, SW_SHOW);
+    page = OpenIn(host);
+  }
+  HWND Show() const {
+    SendMessageW(GetDlgItem(page, id::advancedButton), BM_CLICK, 0, 0);
+    HWND dialog = nullptr;
+    EnumThreadWindows(GetCurrentThreadId(), TakeAdvancedDialog, reinterpret_cast<LPARAM>(&dialog));
+    return IsWindowVisible(dialog) ? dialog : nullptr;
+  }
+  static BOOL CALLBACK TakeAdvancedDialog(HWND window, LPARAM found) {
+    if (GetDlgItem(window, id103::brightnessEdit) == nullptr) return TRUE;
+    *reinterpret_cast<HWND*>(found) = window;
+    return FALSE;
+  }
+
+  HostWindow host;
+  HWND page = nullptr;
+};
+
+TEST_F(KeyboardInTheAdvancedDialog, ItsKeysStayInItAndTheHostStaysUsable) {
+  const HWND dialog = Show();
+  ASSERT_NE(dialog, nullptr);
+  EXPECT_EQ(GetWindow(dialog, GW_OWNER), host.window);
+  EXPECT_TRUE(IsWindowEnabled(host.window));
+  EXPECT_TRUE(IsWindowEnabled(page));
+  EXPECT_TRUE(IsChild(dialog, GetFocus()));
+  const HWND edit = GetDlgItem(dialog, id103::brightnessEdit);
+  for (int step = 0; step < 10 && GetFocus() != edit; ++step) EXPECT_THAT(Press(VK_TAB), IsEmpty());
+  EXPECT_EQ(GetFocus(), edit);
+  EXPECT_EQ(settings.useDefaults, 0U) << "the focus on a radio button is no click";
+  SetWindowTextW(edit, L"30");
+  EXPECT_THAT(Press(VK_RETURN), IsEmpty());
+  EXPECT_EQ(settings.brightness, 30);
+  EXPECT_EQ(GetFocus(), edit);
+  EXPECT_THAT(Press(VK_F6), ElementsAre(VK_F6));
+  EXPECT_THAT(Press(VK_ESCAPE), IsEmpty());
+  EXPECT_FALSE(IsWindowVisible(dialog));
+  EXPECT_TRUE(IsWindowVisible(page));
+}
+
+TEST_F(KeyboardInTheAdvancedDialog, ItGoesByItsBoxAndWithItsPage) {
+  const HWND dialog = Show();
+  ASSERT_NE(dialog, nullptr);
+  SendMessageW(dialog, WM_SYSCOMMAND, SC_CLOSE, 0);
+  EXPECT_FALSE(IsWindowVisible(dialog));
+  const HWND again = Show();
+  ASSERT_NE(again, nullptr);
+  DestroyWindow(host.window);
+  EXPECT_FALSE(IsWindow(again));
+  EXPECT_FALSE(IsWindow(page));
+}
+
 // A host's dialog whose loop hands its keys to the dialog; the panel stands in it between two buttons.
 class KeyboardInADialog : public Dll {
  public:
