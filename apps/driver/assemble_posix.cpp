@@ -1,6 +1,7 @@
 // Windows in memory over the system's files and threads.
 #ifndef _WIN32
 #include "apps/driver/assembly.h"
+#include "apps/stage/forwarding.h"
 #include "apps/stage/model/model_windows.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/posix_sockets.h"

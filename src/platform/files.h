@@ -66,22 +66,4 @@ class Files {
   virtual std::unique_ptr<FileLock> Lock(std::string_view path, int milliseconds) = 0;
 };
 
-class ForwardingFiles : public Files {
- public:
-  explicit ForwardingFiles(Files& target) : target_(target) {}
-  Presence PresenceOf(std::string_view path) override { return target_.PresenceOf(path); }
-  std::optional<std::string> PlaceToReplace(std::string_view path) override { return target_.PlaceToReplace(path); }
-  std::vector<std::string> EndingsBeside(std::string_view path) override { return target_.EndingsBeside(path); }
-  std::unique_ptr<File> OpenToRead(std::string_view path) override { return target_.OpenToRead(path); }
-  std::unique_ptr<File> OpenToWrite(std::string_view path) override { return target_.OpenToWrite(path); }
-  bool Replace(std::string_view from, std::string_view to) override { return target_.Replace(from, to); }
-  bool Remove(std::string_view path) override { return target_.Remove(path); }
-  std::unique_ptr<FileLock> Lock(std::string_view path, int milliseconds) override {
-    return target_.Lock(path, milliseconds);
-  }
-
- private:
-  Files& target_;
-};
-
 }  // namespace set32

@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "platform/files.h"
+#include "apps/stage/forwarding.h"
 
 namespace set32 {
 

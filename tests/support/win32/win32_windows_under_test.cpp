@@ -3,7 +3,7 @@
 #include "apps/stage/win32/win32_input.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/win32_windows.h"
-#include "tests/support/windowSet.h"
+#include "tests/support/windows_under_test.h"
 
 namespace set32 {
 
