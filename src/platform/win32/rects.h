@@ -1,6 +1,8 @@
 // Between the window system's rectangles and the project's.
 #pragma once
 
+#include <algorithm>
+
 #include "platform/geometry.h"
 #include "platform/win32/windows_api.h"
 
@@ -24,6 +26,15 @@ inline Size ClientSizeOf(HWND window) {
   RECT client{};
   GetClientRect(window, &client);
   return {client.right, client.bottom};
+}
+
+// The screen without the task bar. Some systems tell of more than the screen shows.
+inline Size FullScreenSize() {
+  RECT area{};
+  SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+  const Size told{GetSystemMetrics(SM_CXFULLSCREEN), GetSystemMetrics(SM_CYFULLSCREEN)};
+  if (IsRectEmpty(&area)) return told;
+  return {std::min<int>(told.width, area.right - area.left), std::min<int>(told.height, area.bottom - area.top)};
 }
 
 inline COLORREF ToCOLORREF(Colour colour) {

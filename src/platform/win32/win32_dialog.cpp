@@ -124,7 +124,8 @@ void Win32Dialog::CentreOverParent() {
 }
 
 void Win32Dialog::CentreOnScreen() {
-  if (IsAlive()) Centre({0, 0, GetSystemMetrics(SM_CXFULLSCREEN), GetSystemMetrics(SM_CYFULLSCREEN)});
+  const Size screen = win32::FullScreenSize();
+  if (IsAlive()) Centre({0, 0, screen.width, screen.height});
 }
 
 void Win32Dialog::CentreOnPointer() {

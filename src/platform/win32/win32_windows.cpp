@@ -1,6 +1,5 @@
 #include "platform/win32/win32_windows.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "platform/win32/rects.h"
@@ -115,13 +114,8 @@ void Win32Windows::RaiseToFront(WindowHandle window) {
     SetWindowPos(WindowOf(window), place, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
-// Some systems tell of more than the screen shows.
 Size Win32Windows::FullScreen() const {
-  RECT area{};
-  SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
-  const Size told{GetSystemMetrics(SM_CXFULLSCREEN), GetSystemMetrics(SM_CYFULLSCREEN)};
-  if (IsRectEmpty(&area)) return told;
-  return {std::min<int>(told.width, area.right - area.left), std::min<int>(told.height, area.bottom - area.top)};
+  return win32::FullScreenSize();
 }
 
 Rect Win32Windows::WorkAreaAt(const Rect& place) const {
