@@ -28,8 +28,8 @@ class EarlyEnd : public PageScenario {
     });
     try {
       act();
-    } catch (const NotPossible&) {
-      // The person finds no page any more.
+    } catch (const NotPossible& why) {
+      EXPECT_TRUE(ended) << why.what();  // then the person finds no page any more
     }
     OnEveryLine({});
     if (ended) {
@@ -53,6 +53,7 @@ struct EndCase {
   std::function<void(User&)> act;
   bool isStart = false;
   bool needsRow = false;
+  bool isInline = false;
 };
 
 TEST_F(EarlyEnd, InEveryMessageOfEveryAct) {
@@ -92,6 +93,26 @@ TEST_F(EarlyEnd, InEveryMessageOfEveryAct) {
        [](User& p) {
          p.TurnTo(dialog::advanced), p.Poke({dialog::advanced, id148::highBitCheck});
        }},
+      {"advanced dialog, its values",
+       [](User& p) {
+         p.Pick(id::modeCombo, "黑白"), p.Click(id::advancedButton);
+         p.Scroll({dialog::gamma, id103::brightnessBar}, scroll_code::thumbTrack, 30);
+         p.Pick(id::modeCombo, "全彩");
+         p.Type({dialog::gamma, id103::contrastEdit}, "-12"), p.PressKey(Key::enter);
+         p.Click({dialog::gamma, id103::gammaBandsRadio});
+         p.Scroll({dialog::gamma, id103::gammaRedBar}, scroll_code::pageRight, {});
+         p.Type({dialog::gamma, id103::gammaBlueEdit}, "0.5"), p.PressKey(Key::escape);
+       },
+       false, false, true},
+      {"advanced dialog, its options",
+       [](User& p) {
+         p.Pick(id::modeCombo, "全彩"), p.Click(id::advancedButton);
+         p.Click({dialog::gamma, id103::descreenCheck}), p.Click({dialog::gamma, id103::descreenCheck});
+         p.Poke({dialog::gamma, id103::highBitCheck});
+         p.Click({dialog::gamma, id103::customRadio}), p.Click({dialog::gamma, id103::defaultsRadio});
+         p.Type({dialog::gamma, id103::gammaAllEdit}, "0"), p.Pick(id::sourceCombo, "自動送件器");
+       },
+       false, false, true},
   };
   for (const EndCase& one : cases) {
     SCOPED_TRACE(one.name);
@@ -102,10 +123,11 @@ TEST_F(EarlyEnd, InEveryMessageOfEveryAct) {
       StartAfresh();
       Record() = {};
       OfferSources();
+      WriteKey(ModuleFile::options, "Option", "UIFace", one.isInline ? "0" : "1");
       Open();
       if (one.needsRow) {
         SaveAs("mine");
-      } else {
+      } else if (!one.isInline) {
         Person().ArrowTo(id::configList, 4);
       }
       if (one.isStart) {
@@ -124,7 +146,8 @@ TEST_F(EarlyEnd, InEveryMessageOfEveryAct) {
       if (one.isStart) {
         EXPECT_EQ(Changed(before), "");
       }
-      EXPECT_FALSE(ended && TheSession().Open());  // there is no panel left to open
+      // There is no panel left to open but on the face that begins again.
+      EXPECT_FALSE(ended && !one.isInline && TheSession().Open());
     }
     EXPECT_GT(line, 1);
   }
@@ -177,6 +200,18 @@ TEST_F(EarlyEnd, OfAWindowTakesWhatWasTyped) {
   const std::string area = "host 0x402 0 settings";
   EXPECT_EQ(Heard(), (std::vector<std::string>{"host 0x409 1 settings", area, area}));
   EXPECT_EQ(Record().width, 4.25);
+}
+
+TEST_F(EarlyEnd, OfTheOwnerKeepsTheAdvancedDialogsPlace) {
+  WriteKey(ModuleFile::options, "Option", "UIFace", "0");
+  Open();
+  Person().Click(id::advancedButton);
+  Person().Type({dialog::gamma, id103::gammaAllEdit}, "0");  // and says nothing of what is out of range
+  Host().EndWindows();
+  EXPECT_TRUE(TheSession().TheScene().Standing().empty());
+  const std::vector<std::string> kept = TheSession().TheFiles().Lines(ModuleFile::hardware);
+  ASSERT_EQ(kept.size(), 2U);
+  EXPECT_TRUE(kept.back().starts_with("AdvancePos="));
 }
 
 }  // namespace
