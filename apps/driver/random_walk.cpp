@@ -50,11 +50,6 @@ std::vector<Chunk> Shrink(std::vector<Chunk> chunks, const std::string& why) {
   return chunks;
 }
 
-Chunk FirstChunk(const WalkOptions& options) {
-  if (options.inlineFace) return {"ini options Option UIFace 0", "args jpegModes=1 outputBits=48", "open"};
-  return {"open"};
-}
-
 void Write(std::ostream& file, const Chunk& chunk) {
   for (const std::string& line : chunk) file << line << '\n';
   file.flush();
@@ -63,7 +58,7 @@ void Write(std::ostream& file, const Chunk& chunk) {
 }  // namespace
 
 int WalkAtRandom(const WalkOptions& options, const std::function<void(const std::string&)>& print) {
-  WalkActs acts(options.seed);
+  WalkActs acts(options.seed, options.face);
   int done = 0;
   while (done < options.steps) {
     std::vector<Chunk> chunks;
@@ -72,7 +67,7 @@ int WalkAtRandom(const WalkOptions& options, const std::function<void(const std:
       Walker walker;
       std::ofstream file(options.scriptPath, std::ios::binary);
       for (int step = 0; step < stepsALeg && done < options.steps && why.empty(); ++step, ++done) {
-        const Chunk chunk = step == 0 ? FirstChunk(options) : acts.Next(walker.TheSession());
+        const Chunk chunk = step == 0 ? acts.First() : acts.Next(walker.TheSession());
         Write(file, chunk);
         const Walker::Outcome outcome = walker.Do(chunk);
         if (outcome.result != Walker::Result::notPossible) chunks.push_back(chunk);

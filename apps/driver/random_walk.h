@@ -9,13 +9,15 @@
 #include <functional>
 #include <string>
 
+#include "apps/driver/walk_acts.h"
+
 namespace set32 {
 
 struct WalkOptions {
   std::uint32_t seed = 1;
   int steps = 1000;
   std::string scriptPath;  // where a failing script is written
-  bool inlineFace = false;
+  WalkActs::Face face = WalkActs::Face::sheet;
 };
 
 // Result: the exit status, 0 when all held, 1 after a failure.

@@ -21,7 +21,7 @@ bool HangsOnTheFont(int dialogId, int controlId) {
 
 Chunk LookAtEverything(Session& session) {
   Chunk look{"show focus", "show file profile"};
-  for (const int dialogId : {dialog::general, dialog::advanced}) {
+  for (const int dialogId : {dialog::general, dialog::advanced, dialog::gamma}) {
     const Dialog* page = session.TheScene().Find(dialogId);
     if (page == nullptr) continue;
     for (const auto& control : page->Controls()) {
@@ -46,10 +46,10 @@ std::vector<Chunk> Playable(const std::vector<Chunk>& chunks) {
 int RecordWalk(const WalkOptions& options, const std::function<void(const std::string&)>& print) {
   std::vector<Chunk> chunks;
   {
-    WalkActs acts(options.seed);
+    WalkActs acts(options.seed, options.face);
     Walker walker;
     for (int step = 0; step < options.steps; ++step) {
-      const Chunk chunk = step == 0 ? Chunk{"open"} : acts.Next(walker.TheSession());
+      const Chunk chunk = step == 0 ? acts.First() : acts.Next(walker.TheSession());
       const Walker::Outcome outcome = walker.Do(chunk);
       if (outcome.result == Walker::Result::failed) {
         print("step " + std::to_string(step) + ": " + outcome.why);

@@ -24,12 +24,21 @@ bool CanActOn(const Control& control) {
 
 }  // namespace
 
+Chunk WalkActs::First() const {
+  if (face_ == Face::sheet) return {"open"};
+  return {"ini options Option UIFace 0", "args jpegModes=1 outputBits=48", "open"};
+}
+
+// Only the inline page can be opened again by the same process.
 Chunk WalkActs::Next(Session& session) {
   const Dialog* page = session.TheScene().PageInFront();
-  if (page == nullptr) return {"restart", "open"};
+  if (page == nullptr || session.Host().Page() == 0)
+    return face_ == Face::inlinePage && Below(2) == 0 ? Chunk{"open"} : Chunk{"restart", "open"};
   constexpr int hostEvery = 4;
   if (Below(hostEvery) == 0) return ByHost();
   const Dialog* advanced = session.TheScene().Find(dialog::gamma);
+  constexpr int dialogEvery = 8;
+  if (advanced == nullptr && face_ == Face::inlinePage && Below(dialogEvery) == 0) return {"click 3094"};
   const bool inDialog = advanced != nullptr && advanced->IsVisible() && Below(4) != 0;
   return ByPerson(session, inDialog ? *advanced : *page);
 }
@@ -184,12 +193,28 @@ Chunk WalkActs::BetweenOpenings(int kind) {
       return {"close", std::string("caps sourceCaps=0x60000 restrictedMaxDpi=") + OneOf(restricted), "restart",
               "open"};
     case 4:
+      if (face_ == Face::inlinePage) return BesideTheInlinePage();
       return {Below(2) == 0 ? "stores units" : "stores nothing",
               "usb " + std::to_string(Below(5)) + (Below(2) == 0 ? " 0x0C5A 0x0E72" : " none")};
     case 5:
       return {"set descreen " + std::to_string(Below(2)), "set highBitDepth " + std::to_string(Below(2)), "open"};
     default:
       return {"ini options OPTION EnablePaperSource 1", "ini options OPTION LLDriverInterface 1", "restart", "open"};
+  }
+}
+
+// The host refuses a source, ends the page, or opens the other face in the same process.
+Chunk WalkActs::BesideTheInlinePage() {
+  switch (Below(6)) {
+    case 0:
+    case 1:
+      return {Below(2) == 0 ? "answers 2 0" : "answers 2 1"};
+    case 2:
+      return {"close", "open"};
+    case 3:
+      return {"ini options Option UIFace 1", "open"};
+    default:
+      return {"ini options Option UIFace 0", "open"};
   }
 }
 

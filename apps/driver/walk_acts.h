@@ -15,8 +15,11 @@ using Chunk = std::vector<std::string>;
 // Looks at what stands and picks an act; the same seed gives the same acts on the same panel.
 class WalkActs {
  public:
-  explicit WalkActs(std::uint32_t seed) : random_(seed) {}
+  enum class Face { sheet, inlinePage };
+  WalkActs(std::uint32_t seed, Face face) : random_(seed), face_(face) {}
 
+  // What a walk begins with.
+  Chunk First() const;
   Chunk Next(Session& session);
 
  private:
@@ -33,11 +36,13 @@ class WalkActs {
   Chunk ByKey();
   Chunk ByHost();
   Chunk BetweenOpenings(int kind);
+  Chunk BesideTheInlinePage();
   Chunk InsideAMessage();
   std::string Report();
   std::string NumberText();
 
   std::mt19937 random_;
+  Face face_;
 };
 
 }  // namespace set32

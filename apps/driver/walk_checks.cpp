@@ -49,6 +49,13 @@ bool ReadsBack(const std::string& text, double inches, std::uint32_t units, std:
   return std::abs(*shown - inches * dpi) <= 1 + spare;
 }
 
+// Each page then shows what it was told last, and the other may have changed the record since.
+bool BothFacesStand(Session& session) {
+  const std::vector<Dialog*> standing = session.TheScene().Standing();
+  return std::count_if(standing.begin(), standing.end(),
+                       [](auto* dialog) { return dialog->TemplateId() == dialog::general; }) > 1;
+}
+
 }  // namespace
 
 std::optional<std::string> WalkChecks::Check(Session& session, const std::string& act) {
@@ -56,8 +63,8 @@ std::optional<std::string> WalkChecks::Check(Session& session, const std::string
   if (auto finding = CheckCodes(session.Host().Settings())) return finding;
   if (auto finding = CheckAdjustments(session.Host().Settings())) return finding;
   if (auto finding = CheckProfile(session)) return finding;
-  if (session.TheScene().Find(dialog::general) == nullptr) return {};
-  NoteMode(session.Host().Settings(), act);
+  NoteChanges(session.Host().Settings(), act);
+  if (session.Host().Page() == 0 || BothFacesStand(session)) return {};
   if (auto finding = CheckCombos(session)) return finding;
   if (auto finding = CheckLengths(session)) return finding;
   if (auto finding = CheckAdvancedPage(session)) return finding;
@@ -83,7 +90,8 @@ WalkChecks::Finding WalkChecks::CheckCodes(const ScanSettings& settings) const {
 
 // Nobody in a walk writes anything else, so the panel must hold its values to their ranges.
 WalkChecks::Finding WalkChecks::CheckAdjustments(const ScanSettings& settings) const {
-  const auto isGamma = [](double gamma) { return gamma >= 0.01 && gamma <= 10.0; };
+  constexpr double lowest = static_cast<double>(0.01F);  // as the Advanced page keeps what the dialog lets stand
+  const auto isGamma = [](double gamma) { return gamma >= lowest && gamma <= 10.0; };
   if (!isGamma(settings.gammaAll) || !isGamma(settings.gammaRed) || !isGamma(settings.gammaGreen) ||
       !isGamma(settings.gammaBlue)) {
     return "a gamma is out of its range";
@@ -98,8 +106,8 @@ WalkChecks::Finding WalkChecks::CheckAdjustments(const ScanSettings& settings) c
 
 // The edits of the Advanced page show the two values of its tab.
 WalkChecks::Finding WalkChecks::CheckAdvancedPage(Session& session) const {
-  const Dialog* page = session.TheScene().Find(dialog::advanced);
-  if (page == nullptr || !page->IsVisible() || valuesAreOld_) return {};
+  const Dialog* page = session.TheScene().PageInFront();
+  if (page == nullptr || page->TemplateId() != dialog::advanced || valuesAreOld_) return {};
   const ScanSettings& settings = session.Host().Settings();
   const std::array gammas = {settings.gammaAll, settings.gammaRed, settings.gammaGreen, settings.gammaBlue};
   const int band = std::clamp(page->Get<Combo>(id148::bandCombo).Selected(), 0, 3);
@@ -139,10 +147,11 @@ WalkChecks::Finding WalkChecks::CheckCombos(Session& session) const {
 
 // A mode can bring the resolution down without writing the sizes anew, and clear values without showing them, so
 // lengths in pixels and the Advanced page's edits stay behind until the next act that writes them.
-void WalkChecks::NoteMode(const ScanSettings& settings, const std::string& act) {
+void WalkChecks::NoteChanges(const ScanSettings& settings, const std::string& act) {
   const bool isChoice = act.starts_with("pick 1011 ") || act.starts_with("key ");
   if (std::exchange(dpiBefore_, settings.dpi) != settings.dpi) pixelsAreOld_ = isChoice;
   if (std::exchange(modeBefore_, settings.mode) != settings.mode) valuesAreOld_ = isChoice;
+  sizeIsNew_ = std::exchange(sizeBefore_, settings.sizeId) != settings.sizeId;
   if (act == "open" || act.starts_with("pick 148:1067 ")) valuesAreOld_ = false;
 }
 
@@ -184,8 +193,7 @@ WalkChecks::Finding WalkChecks::CheckProfile(Session& session) {
 
 // At rest a new size is told to the host, whatever refreshes were quiet before.
 WalkChecks::Finding WalkChecks::CheckNotified(Session& session, const std::string& act) {
-  const std::uint32_t before = std::exchange(sizeBefore_, session.Host().Settings().sizeId);
-  if (!act.starts_with("pick 1251 ") || before == sizeBefore_) return {};
+  if (!act.starts_with("pick 1251 ") || !sizeIsNew_) return {};
   const auto& heard = session.Host().Heard();
   if (std::find(heard.begin(), heard.end(), "host 0x402 0 settings") != heard.end()) return {};
   return "the host wasn't told of a new size";

@@ -21,12 +21,13 @@ class WalkChecks {
   Finding CheckAdvancedPage(Session& session) const;
   Finding CheckCombos(Session& session) const;
   Finding CheckLengths(Session& session) const;
-  void NoteMode(const ScanSettings& settings, const std::string& act);
+  void NoteChanges(const ScanSettings& settings, const std::string& act);
   Finding CheckProfile(Session& session);
   Finding CheckNotified(Session& session, const std::string& act);
 
   std::map<std::string, std::string> factoryRows_;  // as they were when they were first seen
   std::uint32_t sizeBefore_ = 0;
+  bool sizeIsNew_ = false;
   std::int32_t dpiBefore_ = 0;
   std::uint32_t modeBefore_ = 0;
   bool pixelsAreOld_ = false;

@@ -48,7 +48,7 @@ struct CommandLine {
   bool realNetwork = false;
   bool echo = false;
   bool help = false;
-  bool inlineFace = false;
+  std::optional<set32::WalkActs::Face> face;
   std::optional<set32::WalkOptions> walk;
   std::string record;
   std::string script;
@@ -60,7 +60,7 @@ std::optional<set32::WalkOptions> ParseWalk(std::string_view seed, std::string_v
   if (!seedNumber || *seedNumber < 0 || *seedNumber > std::numeric_limits<std::uint32_t>::max()) return {};
   if (!stepCount || *stepCount < 1 || *stepCount > std::numeric_limits<int>::max()) return {};
   return set32::WalkOptions{static_cast<std::uint32_t>(*seedNumber), static_cast<int>(*stepCount),
-                            "random-" + std::to_string(*seedNumber) + ".scn", false};
+                            "random-" + std::to_string(*seedNumber) + ".scn"};
 }
 
 // Nothing when the arguments make no sense.
@@ -101,7 +101,7 @@ std::optional<CommandLine> Parse(const std::vector<std::string_view>& arguments)
     } else if (argument == "--face") {
       const auto face = value();
       if (!face || (*face != "sheet" && *face != "inline")) return {};
-      line.inlineFace = *face == "inline";
+      line.face = *face == "inline" ? set32::WalkActs::Face::inlinePage : set32::WalkActs::Face::sheet;
     } else if (argument.starts_with('-') || argument.empty() || !line.script.empty()) {
       return {};
     } else {
@@ -112,8 +112,10 @@ std::optional<CommandLine> Parse(const std::vector<std::string_view>& arguments)
     if (!line.walk) return {};
     line.walk->scriptPath = line.record;
   }
-  if (line.inlineFace && !line.walk) return {};
-  if (line.walk) line.walk->inlineFace = line.inlineFace;
+  if (line.face) {
+    if (!line.walk) return {};
+    line.walk->face = *line.face;
+  }
   return line;
 }
 

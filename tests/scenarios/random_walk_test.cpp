@@ -71,12 +71,14 @@ TEST_F(WalkCheckScenario, SeesANewSizeThatNobodyWasTold) {
 }
 
 TEST(RandomWalk, Holds) {
-  for (const std::uint32_t seed : {1U, 2U}) {
+  using enum WalkActs::Face;
+  for (const auto& [seed, face] : {std::pair{1U, sheet}, {2U, sheet}, {3U, inlinePage}, {4U, inlinePage}}) {
     std::string said;
     const SessionFolder folder;
-    const std::string script = folder.Path() + "/walk.scn";
-    EXPECT_EQ(WalkAtRandom({.seed = seed, .steps = 1200, .scriptPath = script}, [&said](const std::string& line) { said += line + '\n'; }), 0)
-        << said << "scan-host --random " << seed << " 1200 shows it again";
+    const WalkOptions walk{.seed = seed, .steps = 1000, .scriptPath = folder.Path() + "/walk.scn", .face = face};
+    EXPECT_EQ(WalkAtRandom(walk, [&said](const std::string& line) { said += line + '\n'; }), 0)
+        << said << "scan-host --random " << seed << " 1000 --face " << (face == sheet ? "sheet" : "inline")
+        << " shows it again";
   }
 }
 

@@ -15,9 +15,10 @@ programs=$(build_for "$preset" scan-host)/bin
 
 rm -rf "$walks"
 mkdir -p "$walks"
-for seed in 1 2 3 4; do
-  build/bin/scan-host --random "$seed" "$steps" --record "$walks/$seed.scn" || fail "walk $seed can't be recorded"
-  build/bin/scan-host --echo "$walks/$seed.scn" > "$walks/$seed.model" || fail "walk $seed doesn't play to its end"
+for walk in sheet-1 sheet-2 sheet-3 inline-1 inline-2 inline-3; do
+  build/bin/scan-host --random "${walk#*-}" "$steps" --face "${walk%-*}" --record "$walks/$walk.scn" ||
+    fail "walk $walk can't be recorded"
+  build/bin/scan-host --echo "$walks/$walk.scn" > "$walks/$walk.model" || fail "walk $walk doesn't play to its end"
 done
 on_windows "$preset" bash -c '
   for walk in "$2"/*.scn; do
