@@ -368,6 +368,7 @@ TEST(ProfileEngineLock, ComesToEachWriterOnABusyDisk) {
   BusyDisk files(SystemFiles());
   ProfileEngine engine(files, {.wait = 300, .restraint = 0});
   std::vector<std::future<int>> failures;
+  failures.reserve(writers);
   for (int writer = 0; writer < writers; ++writer) {
     failures.push_back(std::async(std::launch::async, [&, writer] {
       int failed = 0;
