@@ -10,31 +10,23 @@ namespace set32 {
 
 void CPanelPage::FillModes() {
   Get<Combo>(id::modeCombo).Clear();
-  AddModeEntries();
+  FitModeEntries();
 }
 
 void CPanelPage::ShowModeAtStart() {
   Get<Combo>(id::modeCombo).SelectIndex(std::max(IndexOfMode(settings_->mode), 0));
 }
 
-// Takes away the entries that don't stand on the record's source. The flatbed alone gives back what is missing; the
-// entries that come and go are always the last.
+// Takes away the entries that don't stand on the record's source and adds those that do; the ones that come and go
+// are always the last.
 void CPanelPage::FitModeEntries() {
   for (const ModeEntry& entry : AllModes()) {
-    if (!StandsNow(entry)) modeCombo_.RemoveByText(String(entry.stringId));
-  }
-  if (settings_->paperSource == paper_source::flatbed) AddModeEntries();
-}
-
-void CPanelPage::AddModeEntries() {
-  for (const ModeEntry& entry : AllModes()) {
     const std::string text = String(entry.stringId);
-    if (StandsNow(entry) && !modeCombo_.Has(text)) modeCombo_.AddResourceIcon(entry.icon, text);
+    const bool stands = ModeStands(entry.mode, settings_->paperSource, state_.jpegModesOn);
+    const bool isThere = modeCombo_.Has(text);
+    if (isThere && !stands) modeCombo_.RemoveByText(text);
+    if (stands && !isThere) modeCombo_.AddResourceIcon(entry.icon, text);
   }
-}
-
-bool CPanelPage::StandsNow(const ModeEntry& entry) const {
-  return ModeStands(entry.mode, settings_->paperSource, state_.jpegModesOn);
 }
 
 void CPanelPage::SelectMode(std::uint32_t mode) {

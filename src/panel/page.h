@@ -29,7 +29,6 @@
 #include "dib.h"
 #include "host_records.h"
 #include "panel/rules/face_rules.h"
-#include "panel/rules/mode_rules.h"
 #include "panel/rules/resolution_rules.h"
 #include "panel/rules/size_rules.h"
 #include "platform/windows.h"
@@ -148,8 +147,6 @@ class CPanelPage : public DialogHandler, public PanelServices {
   void ApplyMode(std::uint32_t mode);
   void OfferModes();
   void FitModeEntries();
-  void AddModeEntries();
-  bool StandsNow(const ModeEntry& entry) const;
 
   // Paper source.
   void SelectSource(std::uint32_t source);
