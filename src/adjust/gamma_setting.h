@@ -84,7 +84,6 @@ class CGammaSetting : public DialogHandler, public AdjustmentFront, private Mode
   void SetUpQuality();
   void SetUpOptions();
   void SetUpPictures();
-  void AddTooltips();
   void PlaceOnScreen();
   void LeaveFocusedEdit();
   void KeepPlace();

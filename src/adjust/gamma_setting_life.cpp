@@ -2,6 +2,7 @@
 #include <utility>
 
 #include "adjust/gamma_setting.h"
+#include "controls/tips.h"
 #include "resources/dialogs.h"
 #include "resources/ids.h"
 #include "resources/pictures.h"
@@ -9,11 +10,6 @@
 namespace set32 {
 
 namespace {
-
-struct Tip {
-  int controlId;
-  int textId;
-};
 
 constexpr Tip tips[] = {
     {id103::customRadio, text::userDefinedTip},
@@ -96,7 +92,7 @@ void CGammaSetting::OnInit(Dialog& dialog) {
   SetUpOptions();
   RefreshAdjustments();
   if (!HasWindow()) return;
-  AddTooltips();
+  AddTips(*dialog_, state_.platform.system, tips);
   Record().singleFile = 0;
   dialog_->SetTitle(String(text::advancedTitle));
   if (!state_.jpegModesOn || Record().paperSource == paper_source::feeder) ShowJpegGroup(false);
@@ -150,14 +146,6 @@ void CGammaSetting::SetUpOptions() {
   if (state_.highBitRestricted) highBit.SetEnabled(false);
   // The refresh names the caption of 16 bits a band, by mode.
   if (state_.outputBits == output_bits::fourteenABand) highBit.SetText(String(text::output42Bits));
-}
-
-void CGammaSetting::AddTooltips() {
-  constexpr int delay = 1000;  // milliseconds
-  Tooltip& tooltip = dialog_->Tips();
-  tooltip.Activate();
-  tooltip.SetDelay(delay);
-  for (const Tip& tip : tips) tooltip.AddTool(tip.controlId, String(tip.textId));
 }
 
 // Where it was left, at first in the lower right corner; so that its title bar can be taken hold of.

@@ -8,6 +8,36 @@
 
 namespace set32 {
 
+// What both faces answer alike.
+std::span<const MessageRow<CPanelPage>> CPanelPage::SharedMessages() {
+  using Page = CPanelPage;
+  static constexpr MessageRow<Page> rows[] = {
+      {EventKind::selectionChosen, id::resolutionCombo, &Page::OnResolutionChoice},
+      {EventKind::focusLost, id::resolutionEdit, &Page::OnResolutionEdit},
+      {EventKind::selectionChosen, id::sizeCombo, &Page::OnSizeChoice},
+      {EventKind::selectionChosen, id::unitCombo, &Page::OnUnitChoice},
+      {EventKind::focusGained, id::widthEdit, &Page::OnSizeEditEnter},
+      {EventKind::focusGained, id::heightEdit, &Page::OnSizeEditEnter},
+      {EventKind::focusLost, id::widthEdit, &Page::OnWidthEdit},
+      {EventKind::focusLost, id::heightEdit, &Page::OnHeightEdit},
+      {EventKind::selectionChosen, id::modeCombo, &Page::OnModeChoice},
+      {EventKind::clicked, id::colourButton, &Page::OnColourClicked},
+      {EventKind::clicked, id::colourRadio, &Page::OnColourClicked},
+      {EventKind::clicked, id::grayButton, &Page::OnGrayClicked},
+      {EventKind::clicked, id::grayRadio, &Page::OnGrayClicked},
+      {EventKind::clicked, id::bwButton, &Page::OnBlackWhiteClicked},
+      {EventKind::clicked, id::bwRadio, &Page::OnBlackWhiteClicked},
+      {EventKind::rowChanged, id::configList, &Page::OnRowChanged},
+      {EventKind::clicked, id::saveButton, &Page::OnSaveClicked},
+      {EventKind::clicked, id::deleteButton, &Page::OnDeleteClicked},
+  };
+  return rows;
+}
+
+void CPanelPage::OnEvent(const Event& event) {
+  Dispatch(*this, SharedMessages(), event);
+}
+
 CPanelPage::CPanelPage(ModuleState& state, const PanelFace& face)
     : state_(state),
       face_(face),
@@ -67,6 +97,15 @@ void CPanelPage::AttachControls(Dialog& dialog) {
   widthEdit_.Attach(dialog, id::widthEdit);
   heightEdit_.Attach(dialog, id::heightEdit);
   modeCombo_.Attach(Get<Combo>(id::modeCombo));
+}
+
+// List and group stretch with the page's height; what lies beneath them moves.
+void CPanelPage::EnterSharedAnchors() {
+  anchors_.Add(anchor::moveY | anchor::stretchY, {id::listGroup, id::configList});
+  anchors_.Add(anchor::moveY, {id::saveButton, id::deleteButton, id::scanGroup, id::modeCombo, id::resolutionCombo,
+                               id::resolutionEdit, id::sizeCombo, id::unitCombo, id::heightEdit, id::widthEdit,
+                               id::widthPicture, id::heightPicture, id::advancedButton, id::autoCropCheck,
+                               id::modeLabel, id::resolutionLabel, id::sizeLabel});
 }
 
 void CPanelPage::ReadProductName() {

@@ -14,6 +14,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 
 #include "adjust/own_image_library.h"
@@ -24,6 +25,7 @@
 #include "boundary/panel_services.h"
 #include "controls/anchors.h"
 #include "controls/icon_combo.h"
+#include "controls/message_table.h"
 #include "controls/range_real_edit.h"
 #include "controls/wide_drop_combo.h"
 #include "dib.h"
@@ -74,7 +76,8 @@ class CPanelPage : public DialogHandler, public PanelServices {
   WindowHandle Window() const { return dialog_ != nullptr ? dialog_->Handle() : 0; }
   bool StillStands(WindowHandle window) const { return window != 0 && Window() == window; }
 
-  // DialogHandler
+  // DialogHandler. A face answers its own events first and leaves the others to this table.
+  void OnEvent(const Event& event) override;
   void OnResize(ResizeKind kind, Size client) override;
   void OnOk() override {}  // Enter and Escape have no effect on a page
   void OnCancel() override {}
@@ -91,6 +94,7 @@ class CPanelPage : public DialogHandler, public PanelServices {
   virtual void LeaveSizeEdit(Dimension dimension) = 0;
 
   // Steps of a page's start.
+  void EnterSharedAnchors();
   void AttachControls(Dialog& dialog);
   void ReadProductName();
   void DecideHighBit();
@@ -98,8 +102,7 @@ class CPanelPage : public DialogHandler, public PanelServices {
   void FillUnits();
   void FillSources();
   void FillModes();
-  enum class Frames { none, some };
-  void AddTooltips(Frames frames);
+  void AddTooltips();
   void HidePaperSource(int listTop);
   void FirstRefresh();
   void ShowAutoCropAtStart();
@@ -207,6 +210,7 @@ class CPanelPage : public DialogHandler, public PanelServices {
   DeviceCaps caps_{};
 
  private:
+  static std::span<const MessageRow<CPanelPage>> SharedMessages();
   ResolutionInput ResolutionNow() const;
   // What a choice of mode does once the field has its value.
   void FinishModeChoice(std::uint32_t before);

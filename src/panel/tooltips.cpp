@@ -1,16 +1,11 @@
-// Tips of the page's controls.
+// Tips of the controls that both faces have.
+#include "controls/tips.h"
 #include "panel/page.h"
 #include "resources/ids.h"
-#include "resources/strings.h"
 
 namespace set32 {
 
 namespace {
-
-struct Tip {
-  int controlId;
-  int textId;
-};
 
 constexpr Tip tips[] = {
     {id::modeCombo, text::modeTip},
@@ -32,21 +27,12 @@ constexpr Tip tips[] = {
     {id::saveButton, text::saveTip},
     {id::deleteButton, text::deleteTip},
     {id::autoCropCheck, text::autoCropTip},
-    {id::removeFrameButton, text::removeFrameTip},
 };
 
 }  // namespace
 
-// A face without frames leaves their button out.
-void CPanelPage::AddTooltips(Frames frames) {
-  constexpr int delay = 1000;  // milliseconds
-  Tooltip& tooltip = dialog_->Tips();
-  tooltip.Activate();
-  tooltip.SetDelay(delay);
-  for (const Tip& tip : tips) {
-    if (tip.controlId == id::removeFrameButton && frames == Frames::none) continue;
-    tooltip.AddTool(tip.controlId, String(tip.textId));
-  }
+void CPanelPage::AddTooltips() {
+  AddTips(*dialog_, state_.platform.system, tips);
 }
 
 }  // namespace set32

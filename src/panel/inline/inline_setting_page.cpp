@@ -19,29 +19,11 @@ constexpr PanelFace inlineFace = {.rules = inlineFaceRules,
 std::span<const MessageRow<CInlineSettingPage>> CInlineSettingPage::Messages() {
   using Page = CInlineSettingPage;
   static constexpr MessageRow<Page> rows[] = {
-      {EventKind::selectionChosen, id::resolutionCombo, &Page::OnResolutionChoice},
       {EventKind::focusGained, id::resolutionEdit, &Page::OnResolutionEditEnter},
-      {EventKind::focusLost, id::resolutionEdit, &Page::OnResolutionEdit},
-      {EventKind::selectionChosen, id::sizeCombo, &Page::OnSizeChoice},
-      {EventKind::selectionChosen, id::unitCombo, &Page::OnUnitChoice},
-      {EventKind::focusGained, id::widthEdit, &Page::OnSizeEditEnter},
-      {EventKind::focusGained, id::heightEdit, &Page::OnSizeEditEnter},
-      {EventKind::focusLost, id::widthEdit, &Page::OnWidthEdit},
-      {EventKind::focusLost, id::heightEdit, &Page::OnHeightEdit},
-      {EventKind::selectionChosen, id::modeCombo, &Page::OnModeChoice},
-      {EventKind::clicked, id::colourButton, &Page::OnColourClicked},
-      {EventKind::clicked, id::colourRadio, &Page::OnColourClicked},
-      {EventKind::clicked, id::grayButton, &Page::OnGrayClicked},
-      {EventKind::clicked, id::grayRadio, &Page::OnGrayClicked},
-      {EventKind::clicked, id::bwButton, &Page::OnBlackWhiteClicked},
-      {EventKind::clicked, id::bwRadio, &Page::OnBlackWhiteClicked},
       {EventKind::selectionChosen, id::sourceCombo, &Page::OnSourceChoice},
       {EventKind::clicked, id::autoCropCheck, &Page::OnAutoCropClicked},
       {EventKind::clicked, id::advancedButton, &Page::OnAdvancedClicked},
-      {EventKind::rowChanged, id::configList, &Page::OnRowChanged},
       {EventKind::rowClicked, id::configList, &Page::OnRowClicked},
-      {EventKind::clicked, id::saveButton, &Page::OnSaveClicked},
-      {EventKind::clicked, id::deleteButton, &Page::OnDeleteClicked},
   };
   return rows;
 }
@@ -50,7 +32,7 @@ CInlineSettingPage::CInlineSettingPage(ModuleState& state)
     : CPanelPage(state, inlineFace), gammaDialog_(state, *this) {}
 
 void CInlineSettingPage::OnEvent(const Event& event) {
-  Dispatch(*this, Messages(), event);
+  if (!Dispatch(*this, Messages(), event)) CPanelPage::OnEvent(event);
 }
 
 MessageResult CInlineSettingPage::OnMessage(std::uint32_t message, WParam wParam, LParam lParam) {
@@ -71,7 +53,7 @@ void CInlineSettingPage::OnInit(Dialog& dialog) {
   FillUnits();
   DecideHighBit();
   if (!Options().PaperSourceControlsShown()) HidePaperSource(TopOfGroup());
-  AddTooltips(Frames::none);
+  AddTooltips();
   FillSources();
   store_.SetUpList();
   StartStore();
@@ -112,16 +94,8 @@ int CInlineSettingPage::TopOfGroup() const {
 }
 
 void CInlineSettingPage::FinishOpening() {
-  EnterAnchors();
+  EnterSharedAnchors();
   isOpen_ = true;
-}
-
-void CInlineSettingPage::EnterAnchors() {
-  anchors_.Add(anchor::moveY | anchor::stretchY, {id::listGroup, id::configList});
-  anchors_.Add(anchor::moveY, {id::saveButton, id::deleteButton, id::scanGroup, id::modeCombo, id::resolutionCombo,
-                               id::resolutionEdit, id::sizeCombo, id::unitCombo, id::heightEdit, id::widthEdit,
-                               id::widthPicture, id::heightPicture, id::advancedButton, id::autoCropCheck,
-                               id::modeLabel, id::resolutionLabel, id::sizeLabel});
 }
 
 void CInlineSettingPage::RefreshPanel() {

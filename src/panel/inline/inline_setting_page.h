@@ -39,7 +39,6 @@ class CInlineSettingPage : public CPanelPage {
   void OnWindowGone() override;
   int TopOfGroup() const;
   void ShowControlsOfFace();
-  void EnterAnchors();
 
   void OnAdvancedClicked(const Event&) { gammaDialog_.Open(); }
   void OnResolutionEditEnter(const Event&) { ShowSizeText(); }

@@ -1,6 +1,7 @@
 // The General page's message table, its start, its refresh and its end.
 #include "panel/sheet/setting_box_page.h"
 
+#include "controls/tips.h"
 #include "panel/rules/mode_rules.h"
 #include "pointer_word.h"
 #include "resources/ids.h"
@@ -12,34 +13,18 @@ namespace {
 constexpr PanelFace sheetFace = {
     .rules = sheetFaceRules, .preview = sheetPreview, .sizeChoiceRefreshesPreview = true, .ownsFrameCommand = true};
 
+constexpr Tip frameTips[] = {{id::removeFrameButton, text::removeFrameTip}};
+
 }  // namespace
 
 std::span<const MessageRow<CSettingBoxPage>> CSettingBoxPage::Messages() {
   using Page = CSettingBoxPage;
   static constexpr MessageRow<Page> rows[] = {
-      {EventKind::selectionChosen, id::resolutionCombo, &Page::OnResolutionChoice},
-      {EventKind::focusLost, id::resolutionEdit, &Page::OnResolutionEdit},
-      {EventKind::selectionChosen, id::sizeCombo, &Page::OnSizeChoice},
-      {EventKind::selectionChosen, id::unitCombo, &Page::OnUnitChoice},
-      {EventKind::focusGained, id::widthEdit, &Page::OnSizeEditEnter},
-      {EventKind::focusGained, id::heightEdit, &Page::OnSizeEditEnter},
-      {EventKind::focusLost, id::widthEdit, &Page::OnWidthEdit},
-      {EventKind::focusLost, id::heightEdit, &Page::OnHeightEdit},
-      {EventKind::selectionChosen, id::modeCombo, &Page::OnModeChoice},
-      {EventKind::clicked, id::colourButton, &Page::OnColourClicked},
-      {EventKind::clicked, id::colourRadio, &Page::OnColourClicked},
-      {EventKind::clicked, id::grayButton, &Page::OnGrayClicked},
-      {EventKind::clicked, id::grayRadio, &Page::OnGrayClicked},
-      {EventKind::clicked, id::bwButton, &Page::OnBlackWhiteClicked},
-      {EventKind::clicked, id::bwRadio, &Page::OnBlackWhiteClicked},
       {EventKind::selectionChosen, id::sourceCombo, &Page::OnSourceChoice},
       {EventKind::clicked, id::autoCropCheck, &Page::OnAutoCropClicked},
       {EventKind::tabChanged, id::frameTabs, &Page::OnFrameTabChange},
       {EventKind::clicked, id::removeFrameButton, &Page::OnRemoveFrame},
-      {EventKind::rowChanged, id::configList, &Page::OnRowChanged},
       {EventKind::rowClicked, id::configList, &Page::OnRowClicked},
-      {EventKind::clicked, id::saveButton, &Page::OnSaveClicked},
-      {EventKind::clicked, id::deleteButton, &Page::OnDeleteClicked},
       {EventKind::selectionChosen, id::scannerCombo, &Page::OnScannerChoice},
       {EventKind::clicked, id::refreshButton, &Page::OnRefreshScanners},
       {EventKind::dropDown, id::sizeCombo, &Page::OnSizeDropDown},
@@ -54,7 +39,7 @@ CSettingBoxPage::CSettingBoxPage(ModuleState& state, AdjustmentFront& front)
     : CPanelPage(state, sheetFace), front_(front), scanners_(state, host_) {}
 
 void CSettingBoxPage::OnEvent(const Event& event) {
-  Dispatch(*this, Messages(), event);
+  if (!Dispatch(*this, Messages(), event)) CPanelPage::OnEvent(event);
 }
 
 MessageResult CSettingBoxPage::OnMessage(std::uint32_t message, WParam wParam, LParam lParam) {
@@ -90,7 +75,8 @@ void CSettingBoxPage::OnInit(Dialog& dialog) {
   FillUnits();
   DecideHighBit();
   if (!Options().PaperSourceControlsShown()) HidePaperSource(TopOfSource());
-  AddTooltips(Frames::some);
+  AddTooltips();
+  AddTips(dialog, state_.platform.system, frameTips);
   scanners_.Attach(dialog);
   scanners_.Start();
   FillSources();
@@ -114,12 +100,8 @@ void CSettingBoxPage::OnInit(Dialog& dialog) {
 }
 
 void CSettingBoxPage::EnterAnchors() {
-  anchors_.Add(anchor::moveY | anchor::stretchY, {id::listGroup, id::configList});
-  anchors_.Add(anchor::moveY, {id::saveButton,      id::deleteButton,   id::scanGroup,    id::modeCombo,
-                               id::resolutionCombo, id::resolutionEdit, id::sizeCombo,    id::unitCombo,
-                               id::heightEdit,      id::widthEdit,      id::widthPicture, id::heightPicture,
-                               id::advancedButton,  id::autoCropCheck,  id::modeLabel,    id::resolutionLabel,
-                               id::sizeLabel,       id::frameTabs,      id::framesLabel,  id::removeFrameButton});
+  EnterSharedAnchors();
+  anchors_.Add(anchor::moveY, {id::frameTabs, id::framesLabel, id::removeFrameButton});
 }
 
 // The scanner's row stands above on this face, so the list begins only where the paper source stood.
