@@ -1,5 +1,6 @@
 // Any bytes as the host's records, as records that were stored, as the host's reports and as what a person does at
-// the page; and a host that may go away, with its record, inside any message.
+// the pages of both faces and at their dialogs; and a host that may go away, with its record, or end a page or turn
+// to the other face, inside any message.
 //
 // Opening the panel costs more than a dozen acts, so one input carries many: a short head that bends the records of
 // an ordinary host, then acts up to its end. The panel's pictures are read once, not once an input.
@@ -8,6 +9,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 #include <map>
 #include <memory>
 #include <span>
@@ -15,6 +17,7 @@
 #include <utility>
 
 #include "messages.h"
+#include "platform/events.h"
 #include "pointer_word.h"
 #include "profile/hex_text.h"
 #include "resources/embedded_pictures.h"
@@ -76,15 +79,21 @@ constexpr int mostActs = 200;
 constexpr const char* typed[] = {"1", "300", "0.30", "8.5", "99999999", "", ".", "19200", "-1", "3.333"};
 constexpr int combos[] = {id::resolutionCombo, id::sizeCombo, id::unitCombo, id::modeCombo, id::sourceCombo};
 constexpr int edits[] = {id::resolutionEdit, id::widthEdit, id::heightEdit};
-constexpr int buttons[] = {id::autoCropCheck, id::removeFrameButton, id::grayRadio, id::saveButton, id::deleteButton};
+constexpr int buttons[] = {id::autoCropCheck, id::removeFrameButton, id::grayRadio,
+                           id::saveButton,    id::deleteButton,      id::advancedButton};
+constexpr int scrollCodes[] = {scroll_code::lineLeft,  scroll_code::lineRight,     scroll_code::pageLeft,
+                               scroll_code::pageRight, scroll_code::thumbPosition, scroll_code::thumbTrack,
+                               scroll_code::endScroll};
 
 class Run {
  public:
   explicit Run(Bytes bytes) : bytes_(bytes), world_(files_), host_(world_) {
-    files_.content[MemoryWorld::optionsPath] = "[Option]\nLLDriverInterface=1\nEnablePaperSource=1\n";
     files_.content[MemoryWorld::modulePath] = "[RunTime]\nDriverType=0\n";
     leaveAt_ = bytes_.Next();
     const std::uint8_t given = bytes_.Next();
+    ChooseFace((given & 32) != 0);
+    host_.jpegModes = (given & 64) != 0;
+    if ((given & 128) != 0) host_.outputBits = bytes_.Next();
     host_.caps = DeviceCaps{};
     host_.caps->words[DeviceCaps::restrictedMaxDpiWord] = 600;
     host_.caps->words[DeviceCaps::sourceCapsWord] = 0x60000;
@@ -103,7 +112,8 @@ class Run {
     }
     files_.content[MemoryWorld::profilePath] = (given & 16) != 0 ? StoredRecords() : "[Config Items]\n";
     host_.heard = [this](std::uint32_t) {
-      if (leaveAt_ != 0 && --leaveAt_ == 0) host_.End();
+      if (leaveAt_ == 0 || --leaveAt_ != 0) return;
+      LeaveInside();
     };
   }
 
@@ -111,8 +121,14 @@ class Run {
     Module module(world_.platform);
     module_ = &module;
     Call();
-    for (int act = 0; act < mostActs && !bytes_.IsEmpty() && page_ != nullptr && host_.record != nullptr; ++act)
-      Act();
+    for (int act = 0; act < mostActs && !bytes_.IsEmpty() && host_.record != nullptr; ++act) {
+      if (Dialog* page = world_.screen.windows.DialogOf(page_)) {
+        Act(*page);
+      } else {
+        Call();
+        if (page_ == 0) break;
+      }
+    }
     host_.End();
     preview_.header = nullptr;
   }
@@ -132,22 +148,88 @@ class Run {
     return items + "[Tmp]\nTmp=" + tmp + "\n";
   }
 
-  void Call() { page_ = host_.Open(*module_, preview_.header != nullptr ? &preview_ : nullptr); }
+  void ChooseFace(bool isInline) {
+    files_.content[MemoryWorld::optionsPath] =
+        std::string("[Option]\nLLDriverInterface=1\nEnablePaperSource=1\nUIFace=") + (isInline ? "0\n" : "1\n") +
+        "[OPTION]\nLLDriverInterface=1\nEnablePaperSource=1\nAppName=a\nEnable36BitApps=a\n";
+  }
 
-  void Act() {
+  void Call() {
+    const Dialog* page = host_.Open(*module_, preview_.header != nullptr ? &preview_ : nullptr);
+    page_ = page != nullptr ? page->Handle() : 0;
+  }
+
+  // What a host may do inside a message.
+  void LeaveInside() {
+    const std::uint8_t how = bytes_.Next();
+    leaveAt_ = how / 4;
+    switch (how % 4) {
+      case 0:
+        return host_.End();
+      case 1:
+        if (Dialog* page = world_.screen.windows.DialogOf(page_)) world_.screen.input.SendClose(*page);
+        return;
+      case 2:
+        ChooseFace((how & 4) != 0);
+        return Call();
+      default:
+        return ActAnywhere();
+    }
+  }
+
+  // At any control of any window that stands, also a hidden one, as a program may.
+  void ActAnywhere() {
+    const auto standing = world_.screen.windows.Standing();
+    if (standing.empty()) return;
+    Dialog& dialog = *standing[bytes_.Next() % standing.size()];
+    const std::uint8_t what = bytes_.Next();
+    const auto& controls = dialog.Controls();
+    if (what == 0) return world_.screen.input.SendClose(dialog);
+    if (what % 8 == 1)
+      return world_.screen.input.PressKey(static_cast<Key>(what / 8 % (static_cast<int>(Key::end) + 1)));
+    if (!controls.empty()) ActOn(*controls[bytes_.Next() % controls.size()], what);
+  }
+
+  void ActOn(Control& control, std::uint8_t what) {
+    Input& hands = world_.screen.input;
+    switch (control.Kind()) {
+      case ControlKind::edit:
+        hands.Focus(control);
+        hands.SelectAll(static_cast<Edit&>(control));
+        return hands.TypeText(static_cast<Edit&>(control), typed[what % std::size(typed)]);
+      case ControlKind::combo:
+      case ControlKind::iconCombo:
+        return hands.PickEntry(static_cast<Combo&>(control), what % 16);
+      case ControlKind::tab:
+        return hands.ChooseTab(static_cast<TabBar&>(control), what % 4);
+      case ControlKind::list:
+        return hands.ClickRow(static_cast<List&>(control), what % 12 - 1);
+      case ControlKind::spin:
+        return hands.SpinBy(static_cast<Spin&>(control), what % 9 - 4);
+      case ControlKind::slider:
+        if (what % 16 == 2) return hands.Release(static_cast<Slider&>(control));
+        [[fallthrough]];
+      case ControlKind::scroll:
+        return hands.ScrollTo(control, scrollCodes[what % std::size(scrollCodes)], bytes_.Next() * 9 - 1000);
+      default:
+        return (what & 4) != 0 ? hands.Click(control) : hands.Poke(control);
+    }
+  }
+
+  void Act(Dialog& page) {
     Input& hands = world_.screen.input;
     const std::uint8_t what = bytes_.Next();
     const std::uint8_t which = bytes_.Next();
-    switch (what % 11) {
+    switch (what % 16) {
       case 0:
       case 1:
-        Report(which);
+        Report(page, which);
         break;
       case 2:
-        hands.PickEntry(page_->Get<Combo>(combos[which % 5]), which / 5 % 16);
+        hands.PickEntry(page.Get<Combo>(combos[which % 5]), which / 5 % 16);
         break;
       case 3: {
-        auto& edit = page_->Get<Edit>(edits[which % 3]);
+        auto& edit = page.Get<Edit>(edits[which % 3]);
         hands.Focus(edit);
         hands.SelectAll(edit);
         hands.TypeText(edit, typed[which / 3 % 10]);
@@ -155,16 +237,16 @@ class Run {
         break;
       }
       case 4:
-        hands.Click(page_->Get<Control>(buttons[which % 5]));
+        hands.Click(page.Get<Control>(buttons[which % std::size(buttons)]));
         break;
       case 5:
-        hands.ClickRow(page_->Get<List>(id::configList), which % 12 - 1);
+        hands.ClickRow(page.Get<List>(id::configList), which % 12 - 1);
         break;
       case 6:
-        hands.ArrowTo(page_->Get<List>(id::configList), which % 12);
+        hands.ArrowTo(page.Get<List>(id::configList), which % 12);
         break;
       case 7:
-        hands.ChooseTab(page_->Get<TabBar>(id::frameTabs), which % 4);
+        hands.ChooseTab(page.Get<TabBar>(id::frameTabs), which % 4);
         break;
       case 8:
         bytes_.Bend(*host_.record);  // the host may write at any time
@@ -172,8 +254,17 @@ class Run {
       case 9:
         CallWithOthers(which);
         break;
+      case 10:
+        ChooseFace((which & 1) != 0);
+        break;
+      case 11:
+      case 12:
+      case 13:
+      case 14:
+        ActAnywhere();
+        break;
       default:
-        hands.Resize(*page_, {which * 7 - 100, which * 3 - 50});
+        hands.Resize(page, {which * 7 - 100, which * 3 - 50});
     }
   }
 
@@ -190,7 +281,7 @@ class Run {
       std::swap(host_.record, other);
   }
 
-  void Report(std::uint8_t which) {
+  void Report(Dialog& page, std::uint8_t which) {
     ScanSettings report = *host_.record;
     bytes_.Bend(report);
     report.frameCommand = 0;
@@ -200,7 +291,7 @@ class Run {
       report.frameCommand = frame_.Word();
     }
     const ScanSettings* sent = (which & 0x40) != 0 && host_.record->frameCommand == 0 ? host_.record.get() : &report;
-    world_.screen.windows.Send(page_->Handle(), to_panel::frameReport, which % 4, reinterpret_cast<LParam>(sent));
+    world_.screen.windows.Send(page.Handle(), to_panel::frameReport, which % 4, reinterpret_cast<LParam>(sent));
   }
 
   Bytes bytes_;
@@ -211,7 +302,7 @@ class Run {
   BitmapInfoHeader header_{};
   CDib preview_;
   LowMemory<FrameCommand> frame_;
-  Dialog* page_ = nullptr;
+  WindowHandle page_ = 0;
   int leaveAt_ = 0;
 };
 

@@ -59,11 +59,11 @@ class MemoryHost : public HostWindowHandler {
   MemoryHost(const MemoryHost&) = delete;
   MemoryHost& operator=(const MemoryHost&) = delete;
 
-  // The General page, null when none stands.
+  // The page of the face that the options name, null when none stands.
   Dialog* Open(Module& module, CDib* preview = nullptr) {
     if (window_ == 0) return nullptr;
     const WindowHandle page = module.FixSetting({window_, window_, limits ? &*limits : nullptr, record.get(), preview,
-                                                 false, 128, 36, &place, caps ? &*caps : nullptr});
+                                                 jpegModes, 128, outputBits, &place, caps ? &*caps : nullptr});
     return world_.screen.windows.DialogOf(page);
   }
   // The window goes, with the page in it, and then the record.
@@ -89,6 +89,8 @@ class MemoryHost : public HostWindowHandler {
   std::optional<DeviceLimits> limits = DeviceLimits{7, 0x7FFE, 4800, 75};
   std::optional<DeviceCaps> caps;
   PanelRect place{0, 0, 300, 430};
+  bool jpegModes = false;
+  std::uint32_t outputBits = 36;
 };
 
 }  // namespace set32
