@@ -15,6 +15,7 @@
 #include <span>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "messages.h"
 #include "platform/events.h"
@@ -129,7 +130,7 @@ class Run {
         if (page_ == 0) break;
       }
     }
-    host_.End();
+    EndHost();
     preview_.header = nullptr;
   }
 
@@ -165,7 +166,7 @@ class Run {
     leaveAt_ = how / 4;
     switch (how % 4) {
       case 0:
-        return host_.End();
+        return EndHost();
       case 1:
         if (Dialog* page = world_.screen.windows.DialogOf(page_)) world_.screen.input.SendClose(*page);
         return;
@@ -252,7 +253,7 @@ class Run {
         bytes_.Bend(*host_.record);  // the host may write at any time
         break;
       case 9:
-        CallWithOthers(which);
+        CallWithOthers();
         break;
       case 10:
         ChooseFace((which & 1) != 0);
@@ -268,17 +269,21 @@ class Run {
     }
   }
 
-  // The host calls again, with a record of its own and other limits; the old record stays until the call returns.
-  void CallWithOthers(std::uint8_t which) {
+  // The host calls again, with a record of its own and other limits; the old record stays, since the page of the
+  // other face may have it still.
+  void CallWithOthers() {
     auto other = std::make_unique<ScanSettings>(*host_.record);
     bytes_.Bend(*other);
     if (host_.limits) bytes_.Bend(*host_.limits);
     bytes_.Bend(host_.place);
     std::swap(host_.record, other);
-    if ((which & 1) != 0)
-      Call();
-    else
-      std::swap(host_.record, other);
+    earlier_.push_back(std::move(other));
+    Call();
+  }
+
+  void EndHost() {
+    host_.End();
+    earlier_.clear();
   }
 
   void Report(Dialog& page, std::uint8_t which) {
@@ -297,6 +302,7 @@ class Run {
   Bytes bytes_;
   MemoryFiles files_;
   MemoryWorld world_;
+  std::vector<std::unique_ptr<ScanSettings>> earlier_;
   MemoryHost host_;
   Module* module_ = nullptr;
   BitmapInfoHeader header_{};
