@@ -86,6 +86,8 @@ void CAdvanceMainSheet::FitPages() {
 
 void CAdvanceMainSheet::Activate(int page) {
   if (!HasWindow() || page < 0 || page >= pageCount || page == active_) return;
+  LeaveFront();
+  if (!HasWindow() || page == active_) return;
   const bool isNew = pages_[static_cast<std::size_t>(page)].window == nullptr;
   Dialog* wanted = EnsureWindow(page);
   if (wanted == nullptr) return;
@@ -94,6 +96,12 @@ void CAdvanceMainSheet::Activate(int page) {
   active_ = page;
   Tabs().SetCurrent(page);
   wanted->SetVisible(true);
+}
+
+// An edit is left before its page is hidden, so that what this changes is there when the page looks at what to store.
+void CAdvanceMainSheet::LeaveFront() {
+  Dialog* front = pages_[static_cast<std::size_t>(active_)].window.get();
+  if (front != nullptr && front->Focused() != nullptr) front->TakeFocus();
 }
 
 void CAdvanceMainSheet::OnEvent(const Event& event) {

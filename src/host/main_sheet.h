@@ -57,6 +57,7 @@ class CAdvanceMainSheet : public DialogHandler {
   Dialog* EnsureWindow(int page);
   Rect PageArea() const;
   void FitPages();
+  void LeaveFront();
 
   ModuleState& state_;
   std::string caption_;
