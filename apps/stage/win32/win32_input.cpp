@@ -148,10 +148,26 @@ void Win32Input::Pump() {
 
 // A control that leaving the one before it has disabled or ended takes no act any more; its object stands until the
 // act is over.
+// To the control at once, also in another top-level window: one that comes to the front gives the focus back to where
+// it was by itself, and that would then be left a second time.
+void Win32Input::MoveFocus(Control& control) {
+  const auto* real = dynamic_cast<const RealControl*>(&control);
+  const HWND root = real != nullptr ? GetAncestor(real->Window(), GA_ROOT) : nullptr;
+  if (root != nullptr && root != GetActiveWindow()) {
+    if (const HWND focused = GetFocus()) SetFocus(GetAncestor(focused, GA_ROOT));
+    if (IsWindow(root)) {
+      const win32::Quiet quiet(windows_.WindowSet(), win32::Quiet::What::both);
+      SetActiveWindow(root);
+      SetFocus(root);
+    }
+  }
+  control.SetFocus();
+}
+
 template <typename RealType, typename Act>
 void Win32Input::FocusAnd(Control& control, Act act) {
   const win32::Delivery delivery(windows_.WindowSet());
-  control.SetFocus();
+  MoveFocus(control);
   auto* real = dynamic_cast<RealType*>(&control);
   if (real != nullptr && control.IsEnabled()) act(*real);
 }
@@ -253,7 +269,7 @@ void Win32Input::FillAddress(Address& address, const std::array<std::optional<in
 
 void Win32Input::Focus(Control& control) {
   const win32::Delivery delivery(windows_.WindowSet());
-  control.SetFocus();
+  MoveFocus(control);
 }
 
 void Win32Input::FocusHost() {

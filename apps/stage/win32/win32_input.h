@@ -54,6 +54,7 @@ class Win32Input : public Input {
   void TurnToTab(TabBar& bar, int index) override;
 
  private:
+  void MoveFocus(Control& control);
   template <typename RealType, typename Act>
   void FocusAnd(Control& control, Act act);
 
