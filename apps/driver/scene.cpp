@@ -24,12 +24,10 @@ Dialog* Scene::Find(int dialogId) const {
 }
 
 Dialog& Scene::Require(int dialogId) const {
-  Dialog* found = Find(dialogId);
-  if (found == nullptr) {
-    throw NotPossible(dialogId == dialog::general ? "no page stands"
-                                                  : "dialog " + std::to_string(dialogId) + " isn't open");
-  }
-  return *found;
+  if (Dialog* found = Find(dialogId)) return *found;
+  if (dialogId == dialog::general) throw NotPossible("no page stands");
+  if (dialogId == dialog::sheet) throw NotPossible("no sheet stands");
+  throw NotPossible("dialog " + std::to_string(dialogId) + " isn't open");
 }
 
 FoundControl Scene::Require(const ControlName& name) const {
