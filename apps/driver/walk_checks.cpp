@@ -63,7 +63,7 @@ std::optional<std::string> WalkChecks::Check(Session& session, const std::string
   if (auto finding = CheckCodes(session.Host().Settings())) return finding;
   if (auto finding = CheckAdjustments(session.Host().Settings())) return finding;
   if (auto finding = CheckProfile(session)) return finding;
-  NoteChanges(session.Host().Settings(), act);
+  NoteChanges(session, act);
   if (session.Host().Page() == 0 || BothFacesStand(session)) return {};
   if (auto finding = CheckCombos(session)) return finding;
   if (auto finding = CheckLengths(session)) return finding;
@@ -147,12 +147,15 @@ WalkChecks::Finding WalkChecks::CheckCombos(Session& session) const {
 
 // A mode can bring the resolution down without writing the sizes anew, and clear values without showing them, so
 // lengths in pixels and the Advanced page's edits stay behind until the next act that writes them.
-void WalkChecks::NoteChanges(const ScanSettings& settings, const std::string& act) {
+void WalkChecks::NoteChanges(Session& session, const std::string& act) {
+  const ScanSettings& settings = session.Host().Settings();
   const bool isChoice = act.starts_with("pick 1011 ") || act.starts_with("key ");
   if (std::exchange(dpiBefore_, settings.dpi) != settings.dpi) pixelsAreOld_ = isChoice;
   if (std::exchange(modeBefore_, settings.mode) != settings.mode) valuesAreOld_ = isChoice;
   sizeIsNew_ = std::exchange(sizeBefore_, settings.sizeId) != settings.sizeId;
-  if (act == "open" || act.starts_with("pick 148:1067 ")) valuesAreOld_ = false;
+  const int tab = Dialog::ControlOf<TabBar>(session.TheScene().Find(dialog::advanced), id148::viewTabs).Current();
+  const bool isTurned = std::exchange(tabBefore_, tab) != tab;  // picking the current tab raises nothing
+  if (act == "open" || isTurned) valuesAreOld_ = false;
 }
 
 // An edit that holds the focus shows what is being typed.

@@ -21,7 +21,7 @@ class WalkChecks {
   Finding CheckAdvancedPage(Session& session) const;
   Finding CheckCombos(Session& session) const;
   Finding CheckLengths(Session& session) const;
-  void NoteChanges(const ScanSettings& settings, const std::string& act);
+  void NoteChanges(Session& session, const std::string& act);
   Finding CheckProfile(Session& session);
   Finding CheckNotified(Session& session, const std::string& act);
 
@@ -30,7 +30,9 @@ class WalkChecks {
   bool sizeIsNew_ = false;
   std::int32_t dpiBefore_ = 0;
   std::uint32_t modeBefore_ = 0;
+  int tabBefore_ = -1;  // of the Advanced page
   bool pixelsAreOld_ = false;
+  int tabBefore_ = -1;
   bool valuesAreOld_ = false;  // in the edits of the Advanced page
 };
 
