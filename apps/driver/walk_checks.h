@@ -32,7 +32,6 @@ class WalkChecks {
   std::uint32_t modeBefore_ = 0;
   int tabBefore_ = -1;  // of the Advanced page
   bool pixelsAreOld_ = false;
-  int tabBefore_ = -1;
   bool valuesAreOld_ = false;  // in the edits of the Advanced page
 };
 

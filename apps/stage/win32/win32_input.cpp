@@ -146,28 +146,26 @@ void Win32Input::Pump() {
   }
 }
 
-// A control that leaving the one before it has disabled or ended takes no act any more; its object stands until the
-// act is over.
-// To the control at once, also in another top-level window: one that comes to the front gives the focus back to where
-// it was by itself, and that would then be left a second time.
-void Win32Input::MoveFocus(Control& control) {
+// A pop-up that comes to the front puts the focus back on the control that had it there last, and the act would leave
+// that one again: nobody is told of the window system's detour.
+void Win32Input::GiveFocus(Control& control) {
   const auto* real = dynamic_cast<const RealControl*>(&control);
-  const HWND root = real != nullptr ? GetAncestor(real->Window(), GA_ROOT) : nullptr;
-  if (root != nullptr && root != GetActiveWindow()) {
-    if (const HWND focused = GetFocus()) SetFocus(GetAncestor(focused, GA_ROOT));
-    if (IsWindow(root)) {
-      const win32::Quiet quiet(windows_.WindowSet(), win32::Quiet::What::both);
-      SetActiveWindow(root);
-      SetFocus(root);
-    }
+  const HWND front = real == nullptr ? nullptr : GetAncestor(real->Window(), GA_ROOT);
+  if (front != nullptr && front != GetActiveWindow() && Win32Dialog::Of(front) != nullptr) {
+    SetFocus(nullptr);
+    const win32::Quiet quiet(windows_.WindowSet(), win32::Quiet::What::both);
+    SetActiveWindow(front);
+    if (windows_.IsWindow(reinterpret_cast<WindowHandle>(front))) SetFocus(front);
   }
   control.SetFocus();
 }
 
+// A control that leaving the one before it has disabled or ended takes no act any more; its object stands until the
+// act is over.
 template <typename RealType, typename Act>
 void Win32Input::FocusAnd(Control& control, Act act) {
   const win32::Delivery delivery(windows_.WindowSet());
-  MoveFocus(control);
+  GiveFocus(control);
   auto* real = dynamic_cast<RealType*>(&control);
   if (real != nullptr && control.IsEnabled()) act(*real);
 }
@@ -269,7 +267,7 @@ void Win32Input::FillAddress(Address& address, const std::array<std::optional<in
 
 void Win32Input::Focus(Control& control) {
   const win32::Delivery delivery(windows_.WindowSet());
-  MoveFocus(control);
+  GiveFocus(control);
 }
 
 void Win32Input::FocusHost() {

@@ -134,12 +134,13 @@ void Win32Dialog::PlaceFocus() {
   }
 }
 
-// A pop-up disappears, to be shown again or to die. The focus goes back where it was, without a word.
+// A pop-up disappears, to be shown again or to die. The focus goes back where it was, without a word, unless a person
+// has put it elsewhere meanwhile.
 void Win32Dialog::LeaveScreen() {
   if (!IsAlive() || !onScreen_) return;
   const HWND window = window_;
   const HWND before = std::exchange(focusBefore_, nullptr);
-  const bool returnsFocus = takesFocus_ || FocusIsInside();
+  const bool returnsFocus = FocusIsInside() || (takesFocus_ && GetFocus() == nullptr);
   focusPlaced_ = false;
   {
     const win32::Quiet quiet(windowSet_, win32::Quiet::What::gains);
