@@ -11,6 +11,7 @@
 
 #include "apps/scan-desk/window/arguments.h"
 #include "apps/scan-desk/window/desk_window.h"
+#include "apps/scan-desk/window/drag_measure.h"
 #include "apps/scan-desk/window/snapshot.h"
 
 namespace {
@@ -63,6 +64,12 @@ int main() {
   if (!desk.Create(arguments->picture)) return 1;
   scan_desk::TurnToPage(desk.Page(), arguments->page, arguments->tab);
   if (arguments->advanced) scan_desk::OpenAdvanced(desk.Page());
+  if (arguments->drag) {
+    Settle();
+    const auto told = scan_desk::MeasureDrag(desk.Window(), desk.Page(), desk.Preview());
+    SayLine(desk.Window(), told.value_or(L"There is no slider to drag."));
+    if (!told) return 1;
+  }
   if (!arguments->snapshot.empty()) {
     Settle();
     if (!scan_desk::SaveSnapshot(arguments->snapshot)) return 1;

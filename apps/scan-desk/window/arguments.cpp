@@ -64,6 +64,7 @@ const wchar_t usage[] =
     L"--jpeg on|off, --output-bits 36|42|48: what the device can do, for the inline face\n"
     L"--page 0|1, --tab 0|1|2: turn to a page of the sheet, and to a tab of its Advanced page\n"
     L"--advanced: open the inline face's dialog\n"
+    L"--drag: drag the upper slider of the Advanced page, and say how long a step takes until it is painted\n"
     L"--snapshot FILE.png: write a picture of the window as soon as the panel stands\n"
     L"--once: end then";
 
@@ -80,6 +81,8 @@ std::optional<Arguments> ReadArguments(const wchar_t* commandLine) {
       arguments.once = true;
     } else if (value == L"--advanced") {
       arguments.advanced = true;
+    } else if (value == L"--drag") {
+      arguments.drag = true;
     } else if (value == L"--snapshot" && !next.empty()) {
       arguments.snapshot = values[++i];
     } else if (Follow(value, next, arguments)) {

@@ -14,6 +14,7 @@ struct Arguments {
   PanelChoices choices;
   int page = 0;           // of the panel's sheet, on the snapshot
   int tab = 0;            // of the Advanced page
+  bool drag = false;      // a slider is dragged and timed
   bool advanced = false;  // the inline face's dialog stands open
   bool once = false;
 };

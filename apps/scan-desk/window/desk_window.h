@@ -35,6 +35,7 @@ class DeskWindow {
   HWND Window() const { return window_.Get(); }
   // The panel's window for messages; null while none stands.
   HWND Page() const { return panel_.Page(); }
+  const set32::CDib& Preview() const { return picture_.Dib(); }
   // A loop that knows nothing of dialogs offers each message first. Result: whether it was one of the desk's keys.
   bool TakeKey(MSG& message) const;
 
