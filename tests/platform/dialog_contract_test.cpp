@@ -183,6 +183,22 @@ TEST_F(DialogContract, AModelessPopUpIsMovedOnTheScreenAndKeepsItsKeys) {
   EXPECT_THAT(stage.Heard(), IsEmpty());
 }
 
+TEST_F(DialogContract, APopUpBehindOthersTakesAClickOnOneControlAlone) {
+  stage.Get<Edit>(edit).SetFocus();
+  const auto dialog = stage.TheWindows().Create(modeless, stage.host, popUp);
+  dialog->SetVisible(true);
+  stage.Hands().FocusHost();
+  popUp.Take();
+  stage.Hands().Focus(*dialog->Find(dialog_result::ok));
+  stage.Hands().Pump();
+  EXPECT_THAT(popUp.Take(), IsEmpty());
+  EXPECT_TRUE(dialog->Find(dialog_result::ok)->HasFocus());
+  stage.Hands().FocusHost();
+  stage.Heard();
+  dialog->Destroy();
+  EXPECT_FALSE(stage.Get<Edit>(edit).HasFocus()) << "a person has moved the focus elsewhere";
+}
+
 TEST_F(DialogContract, APopUpWithoutControlsTakesTheFocusItself) {
   stage.Get<Edit>(edit).SetFocus();
   stage.Heard();

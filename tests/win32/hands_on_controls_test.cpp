@@ -149,6 +149,22 @@ TEST_F(HandsOnControls, ASpinTellsItsStepAndCanBeRefused) {
   EXPECT_EQ(stage.Get<Spin>(freeSpin).Position(), before);
 }
 
+TEST_F(HandsOnControls, APopUpThatIsActivatedAgainHasItsFocusBack) {
+  static constexpr ControlTemplate fields[] = {{buddy, ControlKind::edit, "", 0, 0, 30, 12, 0},
+                                               {combo, ControlKind::combo, "", 0, 20, 30, 40, 0}};
+  constexpr DialogTemplate source{2, "", {60, 40}, "Sans", 8, DialogStyle::modelessPopup, fields};
+  RecordingHandler handler;
+  const auto popUp = stage.TheWindows().Create(source, stage.host, handler);
+  popUp->SetVisible(true);
+  popUp->Find(combo)->SetFocus();
+  stage.Hands().FocusHost();
+  handler.Take();
+  SetActiveWindow(reinterpret_cast<HWND>(popUp->Handle()));
+  stage.Hands().Pump();
+  EXPECT_TRUE(popUp->Find(combo)->HasFocus());
+  EXPECT_THAT(handler.Take(), ElementsAre("71 gained"));
+}
+
 TEST_F(HandsOnControls, AFrameThatIsUncoveredShowsWhatWasDrawn) {
   Frame& area = stage.Get<Frame>(frame);
   stage.handler.recordPaint = true;

@@ -146,26 +146,12 @@ void Win32Input::Pump() {
   }
 }
 
-// A pop-up that comes to the front puts the focus back on the control that had it there last, and the act would leave
-// that one again: nobody is told of the window system's detour.
-void Win32Input::GiveFocus(Control& control) {
-  const auto* real = dynamic_cast<const RealControl*>(&control);
-  const HWND front = real == nullptr ? nullptr : GetAncestor(real->Window(), GA_ROOT);
-  if (front != nullptr && front != GetActiveWindow() && Win32Dialog::Of(front) != nullptr) {
-    SetFocus(nullptr);
-    const win32::Quiet quiet(windows_.WindowSet(), win32::Quiet::What::both);
-    SetActiveWindow(front);
-    if (windows_.IsWindow(reinterpret_cast<WindowHandle>(front))) SetFocus(front);
-  }
-  control.SetFocus();
-}
-
 // A control that leaving the one before it has disabled or ended takes no act any more; its object stands until the
 // act is over.
 template <typename RealType, typename Act>
 void Win32Input::FocusAnd(Control& control, Act act) {
   const win32::Delivery delivery(windows_.WindowSet());
-  GiveFocus(control);
+  control.SetFocus();
   auto* real = dynamic_cast<RealType*>(&control);
   if (real != nullptr && control.IsEnabled()) act(*real);
 }
@@ -267,7 +253,7 @@ void Win32Input::FillAddress(Address& address, const std::array<std::optional<in
 
 void Win32Input::Focus(Control& control) {
   const win32::Delivery delivery(windows_.WindowSet());
-  GiveFocus(control);
+  control.SetFocus();
 }
 
 void Win32Input::FocusHost() {

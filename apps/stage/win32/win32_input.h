@@ -54,7 +54,6 @@ class Win32Input : public Input {
   void TurnToTab(TabBar& bar, int index) override;
 
  private:
-  void GiveFocus(Control& control);
   template <typename RealType, typename Act>
   void FocusAnd(Control& control, Act act);
 

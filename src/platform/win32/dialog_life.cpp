@@ -72,6 +72,7 @@ Win32Dialog::~Win32Dialog() {
   if (Win32Dialog::IsAlive()) {
     TellClosed();
     const HWND window = window_;
+    const bool returnsFocus = !child_ && ReturnsFocus();
     const win32::Quiet quiet(windowSet_, win32::Quiet::What::both);
     for (Win32Dialog* other : windowSet_->standing) {
       const HWND home = other->child_ ? other->window_ : other->parent_;
@@ -81,7 +82,7 @@ Win32Dialog::~Win32Dialog() {
     DestroyOwned();
     DestroyWindow(window);
     if (::IsWindow(window)) OnWindowGone();
-    if (!child_) ReturnFocus(focusBefore_);
+    if (returnsFocus) ReturnFocus(focusBefore_);
   }
   if (windowSet_->deliveries > 0) windowSet_->graveyard.push_back(std::move(controls_));
 }
@@ -135,12 +136,12 @@ void Win32Dialog::PlaceFocus() {
 }
 
 // A pop-up disappears, to be shown again or to die. The focus goes back where it was, without a word, unless a person
-// has put it elsewhere meanwhile.
+// has moved it elsewhere meanwhile.
 void Win32Dialog::LeaveScreen() {
   if (!IsAlive() || !onScreen_) return;
   const HWND window = window_;
   const HWND before = std::exchange(focusBefore_, nullptr);
-  const bool returnsFocus = FocusIsInside() || (takesFocus_ && GetFocus() == nullptr);
+  const bool returnsFocus = ReturnsFocus();
   focusPlaced_ = false;
   {
     const win32::Quiet quiet(windowSet_, win32::Quiet::What::gains);
@@ -149,6 +150,10 @@ void Win32Dialog::LeaveScreen() {
     if (returnsFocus) ReturnFocus(before);
   }
   if (Of(window) == this) TellClosed();
+}
+
+bool Win32Dialog::ReturnsFocus() const {
+  return FocusIsInside() || (takesFocus_ && GetFocus() == nullptr);
 }
 
 void Win32Dialog::ReturnFocus(HWND before) {

@@ -20,6 +20,11 @@ UINT OpenedMessage() {
   return message;
 }
 
+UINT ActivatedMessage() {
+  static const UINT message = RegisterWindowMessageW(L"set32.activated");
+  return message;
+}
+
 bool IsPointerMessage(WORD message) {
   switch (message) {
     case WM_MOUSEMOVE:
@@ -99,8 +104,7 @@ INT_PTR Win32Dialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       Tell([enabled = wParam != FALSE](DialogHandler& handler) { handler.OnEnabled(enabled); });
       return TRUE;
     case WM_ACTIVATE:
-      // Where the focus of a pop-up that appears begins is decided when it stands.
-      return child_ || focusPlaced_ ? FALSE : TRUE;
+      return child_ ? FALSE : OnActivate(LOWORD(wParam) != WA_INACTIVE);
     case WM_SETFOCUS:
       return TRUE;  // the focus stays on the window: by default it would go on to a control
     case WM_CLOSE:
@@ -117,6 +121,10 @@ INT_PTR Win32Dialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   }
   if (message == OpenedMessage()) {
     TellOpened();
+    return TRUE;
+  }
+  if (message == ActivatedMessage()) {
+    TakeFocusBack();
     return TRUE;
   }
   return message >= firstHostMessage && message <= lastHostMessage ? OnHostMessage(message, wParam, lParam) : FALSE;
@@ -138,6 +146,24 @@ INT_PTR Win32Dialog::OnHostMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   MessageResult result = 0;
   Tell([&](DialogHandler& handler) { result = handler.OnMessage(message, wParam, lParam); });
   return Answer(window, result);
+}
+
+// The control that had the focus gets it back once whatever brought the window to the front is over: a click on
+// another one would else leave it at once, and an edit that is left judges what stands in it.
+INT_PTR Win32Dialog::OnActivate(bool active) {
+  if (!active) {
+    focusInside_ = FocusIsInside() ? GetFocus() : nullptr;
+  } else if (focusPlaced_ && focusInside_ != nullptr) {
+    PostMessageW(window_, ActivatedMessage(), 0, 0);
+  }
+  return TRUE;
+}
+
+void Win32Dialog::TakeFocusBack() {
+  const HWND control = std::exchange(focusInside_, nullptr);
+  const HWND focus = GetFocus();
+  const bool isOnNoControl = focus == nullptr || focus == window_;
+  if (isOnNoControl && GetActiveWindow() == window_ && ::IsWindow(control)) ::SetFocus(control);
 }
 
 // The result of a message; of a window that is gone nobody waits for one.

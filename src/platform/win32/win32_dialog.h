@@ -88,6 +88,8 @@ class Win32Dialog : public Dialog {
   INT_PTR OnCursor(WORD mouseMessage) const;
   void SpareFrames(HDC dc) const;
   INT_PTR OnPaint();
+  INT_PTR OnActivate(bool active);
+  void TakeFocusBack();
   void OnSize(WPARAM how, Size client);
   static INT_PTR Answer(HWND window, LRESULT result);
   void OnWindowDestroying();
@@ -96,6 +98,7 @@ class Win32Dialog : public Dialog {
   void Show();
   void PlaceFocus();
   void LeaveScreen();
+  bool ReturnsFocus() const;
   static void ReturnFocus(HWND before);
   void TellShown(bool shown);
   void PostOpened() const;
@@ -122,8 +125,9 @@ class Win32Dialog : public Dialog {
   bool focusPlaced_ = false;
   bool repaintDue_ = false;  // by the handler
   int result_ = dialog_result::cancel;
-  Size client_;  // as the handler knows it
-  HWND focusBefore_ = nullptr;
+  Size client_;                 // as the handler knows it
+  HWND focusBefore_ = nullptr;  // outside, of a pop-up that appeared
+  HWND focusInside_ = nullptr;  // of a pop-up behind another window
   win32::OwnedIcon icon_;
   std::vector<std::unique_ptr<Control>> controls_;
   std::unique_ptr<win32::RealTooltip> tips_;
