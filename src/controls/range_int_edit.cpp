@@ -27,8 +27,9 @@ void CRangeIntEdit::OnUpdate() {
   if (edit_ == nullptr || isShowing_) return;
   const std::optional<std::string> shown = rules_.Repair(edit_->Text());
   if (!shown) return;
-  // Raises the event once more; that time there is nothing to repair.
+  // Raises the event once more; that time there is nothing to repair. Whoever hears of it may end the dialog.
   edit_->SetText(*shown);
+  if (edit_ == nullptr) return;
   const int end = static_cast<int>(shown->size());
   edit_->Select({end, end});
   edit_->ScrollCaretIntoView();
