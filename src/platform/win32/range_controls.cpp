@@ -1,5 +1,6 @@
 #include "platform/win32/range_controls.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 
@@ -97,8 +98,13 @@ void RealSpin::SetBuddy(int editId) {
   const HWND edit = editId == 0 ? nullptr : GetDlgItem(GetParent(Window()), editId);
   buddy_ = edit == nullptr ? 0 : editId;
   Ask(UDM_SETBUDDY, reinterpret_cast<WPARAM>(edit));
-  // The arrows lie over the edit's end.
+  // The arrows lie over the edit's end; its text ends before them.
   SetWindowPos(Window(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  RECT arrows{};
+  RECT field{};
+  if (edit == nullptr || !GetWindowRect(Window(), &arrows) || !GetWindowRect(edit, &field)) return;
+  const LONG covered = std::max<LONG>(field.right - arrows.left, 0);
+  SendMessageW(edit, EM_SETMARGINS, EC_RIGHTMARGIN, MAKELPARAM(0, covered));
 }
 
 LRESULT RealSpin::OnNotify(const NMHDR& header) {
