@@ -6,11 +6,11 @@
 #include <span>
 #include <vector>
 
-#include "adjust/dib/dib_file.h"
 #include "adjust/histogram.h"
 #include "adjust/own_image_library.h"
 #include "adjust/preview.h"
 #include "apps/stage/model/headless_windows.h"
+#include "set32/dib_file.h"
 
 namespace {
 

@@ -17,14 +17,14 @@
 #include <utility>
 #include <vector>
 
-#include "messages.h"
 #include "platform/events.h"
-#include "pointer_word.h"
 #include "profile/hex_text.h"
 #include "resources/embedded_pictures.h"
 #include "resources/ids.h"
 #include "resources/picture_reader.h"
 #include "resources/pictures.h"
+#include "set32/messages.h"
+#include "set32/pointer_word.h"
 #include "tests/support/memory_files.h"
 #include "tests/support/memory_world.h"
 

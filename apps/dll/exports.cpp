@@ -4,7 +4,7 @@
 
 #include "host/module.h"
 #include "platform/win32/win32_platform.h"
-#include "ui_fix_setting.h"
+#include "set32/ui_fix_setting.h"
 
 namespace {
 

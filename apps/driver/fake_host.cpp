@@ -5,11 +5,11 @@
 #include "apps/driver/not_possible.h"
 #include "apps/driver/script_text.h"
 #include "apps/driver/settings_fields.h"
-#include "messages.h"
-#include "pointer_word.h"
 #include "profile/config_items.h"
 #include "resources/ids.h"
-#include "ui_fix_setting.h"
+#include "set32/messages.h"
+#include "set32/pointer_word.h"
+#include "set32/ui_fix_setting.h"
 
 namespace set32 {
 

@@ -15,9 +15,9 @@
 #include "apps/driver/preview_picture.h"
 #include "apps/stage/input.h"
 #include "apps/stage/window_watch.h"
-#include "host_records.h"
 #include "platform/platform.h"
-#include "pointer_word.h"
+#include "set32/host_records.h"
+#include "set32/pointer_word.h"
 
 namespace set32 {
 

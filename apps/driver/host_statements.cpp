@@ -6,7 +6,7 @@
 #include "apps/driver/interpreter.h"
 #include "apps/driver/not_possible.h"
 #include "apps/driver/settings_fields.h"
-#include "messages.h"
+#include "set32/messages.h"
 
 namespace set32 {
 

@@ -6,9 +6,9 @@
 #include <memory>
 #include <vector>
 
-#include "adjust/dib/dib_file.h"
 #include "adjust/picture_view.h"
 #include "apps/driver/not_possible.h"
+#include "set32/dib_file.h"
 
 namespace set32 {
 

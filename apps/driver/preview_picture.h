@@ -6,10 +6,10 @@
 #include <optional>
 #include <string>
 
-#include "dib.h"
 #include "platform/boxes.h"
 #include "platform/files.h"
 #include "platform/geometry.h"
+#include "set32/dib.h"
 
 namespace set32 {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "host_records.h"
+#include "set32/host_records.h"
 
 namespace set32 {
 

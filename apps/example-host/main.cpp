@@ -16,9 +16,9 @@
 #include <string_view>
 #include <vector>
 
-#include "adjust/dib/dib_file.h"
-#include "messages.h"
-#include "ui_fix_setting.h"
+#include <set32/dib_file.h>
+#include <set32/messages.h>
+#include <set32/ui_fix_setting.h>
 
 namespace {
 

@@ -7,8 +7,8 @@
 #include <string_view>
 
 #include "boundary/adjustment_defaults.h"
-#include "dib.h"
-#include "host_records.h"
+#include "set32/dib.h"
+#include "set32/host_records.h"
 
 namespace set32 {
 

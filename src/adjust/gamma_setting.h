@@ -27,8 +27,8 @@
 #include "controls/modal_to_modeless.h"
 #include "controls/range_int_edit.h"
 #include "controls/range_real_edit.h"
-#include "messages.h"
 #include "platform/windows.h"
+#include "set32/messages.h"
 
 namespace set32 {
 

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "dib.h"
+#include "set32/dib.h"
 
 namespace set32 {
 

@@ -9,7 +9,7 @@
 #include <cstdint>
 #include <span>
 
-#include "dib.h"
+#include "set32/dib.h"
 
 namespace set32 {
 

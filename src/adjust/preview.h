@@ -8,8 +8,8 @@
 
 #include "adjust/image_library.h"
 #include "boundary/host_link.h"
-#include "dib.h"
-#include "host_records.h"
+#include "set32/dib.h"
+#include "set32/host_records.h"
 
 namespace set32 {
 

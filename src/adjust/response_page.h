@@ -25,8 +25,8 @@
 #include "boundary/panel_services.h"
 #include "controls/anchors.h"
 #include "controls/message_table.h"
-#include "host_records.h"
 #include "platform/windows.h"
+#include "set32/host_records.h"
 
 namespace set32 {
 

@@ -10,9 +10,9 @@
 
 #include "adjust/adjustment_rules.h"
 #include "adjust/histogram.h"
-#include "dib.h"
-#include "host_records.h"
 #include "resources/ids.h"
+#include "set32/dib.h"
+#include "set32/host_records.h"
 
 namespace set32 {
 

@@ -7,8 +7,8 @@
 #include <array>
 #include <cstdint>
 
-#include "dib.h"
 #include "platform/geometry.h"
+#include "set32/dib.h"
 
 namespace set32 {
 

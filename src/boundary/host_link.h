@@ -5,10 +5,10 @@
 #include <cstdint>
 #include <string>
 
-#include "host_records.h"
-#include "messages.h"
 #include "platform/windows.h"
-#include "pointer_word.h"
+#include "set32/host_records.h"
+#include "set32/messages.h"
+#include "set32/pointer_word.h"
 
 namespace set32 {
 

@@ -9,7 +9,7 @@
 
 #include "boundary/option_keys.h"
 #include "platform/platform.h"
-#include "window_handle.h"
+#include "set32/window_handle.h"
 
 namespace set32 {
 

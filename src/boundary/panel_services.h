@@ -9,8 +9,8 @@
 
 #include "boundary/adjustment_defaults.h"
 #include "boundary/host_link.h"
-#include "dib.h"
-#include "host_records.h"
+#include "set32/dib.h"
+#include "set32/host_records.h"
 
 namespace set32 {
 

@@ -8,7 +8,7 @@
 #include <memory>
 
 #include "platform/threads.h"
-#include "window_handle.h"
+#include "set32/window_handle.h"
 
 namespace set32 {
 

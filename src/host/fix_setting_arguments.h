@@ -4,10 +4,10 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "dib.h"
-#include "host_records.h"
 #include "platform/geometry.h"
-#include "window_handle.h"
+#include "set32/dib.h"
+#include "set32/host_records.h"
+#include "set32/window_handle.h"
 
 namespace set32 {
 

@@ -9,10 +9,10 @@
 
 #include "adjust/response_page.h"
 #include "boundary/module_state.h"
-#include "host_records.h"
 #include "panel/sheet/setting_box_page.h"
 #include "platform/windows.h"
 #include "resources/ids.h"
+#include "set32/host_records.h"
 
 namespace set32 {
 

@@ -6,7 +6,7 @@
 
 #include "host/fix_setting_arguments.h"
 #include "platform/platform.h"
-#include "window_handle.h"
+#include "set32/window_handle.h"
 
 namespace set32 {
 

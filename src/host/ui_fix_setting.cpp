@@ -1,5 +1,5 @@
 // The two functions, and the one module behind them.
-#include "ui_fix_setting.h"
+#include "set32/ui_fix_setting.h"
 
 #include <memory>
 

@@ -28,14 +28,14 @@
 #include "controls/message_table.h"
 #include "controls/range_real_edit.h"
 #include "controls/wide_drop_combo.h"
-#include "dib.h"
-#include "host_records.h"
 #include "panel/rules/face_rules.h"
 #include "panel/rules/resolution_rules.h"
 #include "panel/rules/size_rules.h"
 #include "platform/windows.h"
 #include "profile/config_store.h"
 #include "profile/options.h"
+#include "set32/dib.h"
+#include "set32/host_records.h"
 
 namespace set32 {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "window_handle.h"
+#include "set32/window_handle.h"
 
 namespace set32 {
 

@@ -17,7 +17,7 @@
 #include "platform/events.h"
 #include "platform/geometry.h"
 #include "platform/tooltip.h"
-#include "window_handle.h"
+#include "set32/window_handle.h"
 
 namespace set32 {
 

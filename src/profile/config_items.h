@@ -12,9 +12,9 @@
 #include <string_view>
 #include <vector>
 
-#include "host_records.h"
 #include "platform/profile_calls.h"
 #include "platform/system.h"
+#include "set32/host_records.h"
 
 namespace set32 {
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <span>
 
-#include "host_records.h"
+#include "set32/host_records.h"
 
 namespace set32 {
 

@@ -13,11 +13,11 @@
 #include <vector>
 
 #include "boundary/module_state.h"
-#include "host_records.h"
 #include "platform/windows.h"
 #include "profile/config_items.h"
 #include "profile/config_rules.h"
 #include "resources/ids.h"
+#include "set32/host_records.h"
 
 namespace set32 {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "controls/number_text.h"
-#include "host_records.h"
 #include "profile/profile_keys.h"
+#include "set32/host_records.h"
 
 namespace set32 {
 

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "host_records.h"
+#include "set32/host_records.h"
 
 namespace set32::profile_key {
 

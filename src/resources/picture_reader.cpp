@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <optional>
 
-#include "dib.h"
+#include "set32/dib.h"
 
 namespace set32 {
 namespace {

@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-#include "adjust/dib/dib_file.h"
 #include "platform/dib_handles.h"
+#include "set32/dib_file.h"
 
 namespace set32 {
 namespace {

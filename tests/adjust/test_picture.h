@@ -6,7 +6,7 @@
 #include <random>
 #include <vector>
 
-#include "dib.h"
+#include "set32/dib.h"
 
 namespace set32 {
 

@@ -3,7 +3,7 @@
 
 #include "apps/scan-desk/frames/desk_layout.h"
 #include "apps/scan-desk/frames/frame_drag.h"
-#include "host_records.h"
+#include "set32/host_records.h"
 
 namespace scan_desk {
 namespace {

@@ -1,7 +1,7 @@
 // The desk's window: its panes, its keys, its pictures, and what it says when something is missing.
 #include "apps/scan-desk/window/arguments.h"
 #include "apps/scan-desk/window/desk_menu.h"
-#include "messages.h"
+#include "set32/messages.h"
 #include "tests/desk_window/desk_fixture.h"
 
 namespace scan_desk {

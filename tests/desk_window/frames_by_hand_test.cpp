@@ -1,6 +1,6 @@
 // Frames on the preview, by mouse and by keys, and what the panel makes of them.
 #include "apps/scan-desk/window/host_lines.h"
-#include "host_records.h"
+#include "set32/host_records.h"
 #include "tests/desk_window/desk_fixture.h"
 
 namespace scan_desk {

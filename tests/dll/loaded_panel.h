@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
-#include "messages.h"
+#include "set32/messages.h"
+#include "set32/ui_fix_setting.h"
 #include "tests/support/scratch_folder.h"
-#include "ui_fix_setting.h"
 
 namespace set32 {
 

@@ -7,8 +7,8 @@
 
 #include "apps/stage/model/headless_system.h"
 #include "boundary/hardware_options.h"
-#include "host_records.h"
 #include "platform/profile_engine.h"
+#include "set32/host_records.h"
 #include "tests/support/profile_peer.h"
 #include "tests/support/scratch_folder.h"
 

@@ -1,7 +1,7 @@
 // What hosts do that no script says: they pass their own record, and call without what a panel needs. And what
 // depends on the system's fonts and places.
+#include "set32/ui_fix_setting.h"
 #include "tests/support/scenario.h"
-#include "ui_fix_setting.h"
 
 namespace set32 {
 namespace {

@@ -12,9 +12,9 @@
 
 #include "apps/driver/session.h"
 #include "apps/driver/session_folder.h"
-#include "host_records.h"
-#include "messages.h"
 #include "resources/ids.h"
+#include "set32/host_records.h"
+#include "set32/messages.h"
 
 namespace set32 {
 

@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <utility>
 
-#include "host_records.h"
+#include "set32/host_records.h"
 
 namespace scan_desk {
 

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "dib.h"
+#include "set32/dib.h"
 
 namespace scan_desk {
 

@@ -4,7 +4,7 @@
 #include <iterator>
 
 #include "apps/scan-desk/window/system_text.h"
-#include "messages.h"
+#include "set32/messages.h"
 
 namespace scan_desk {
 

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "apps/scan-desk/frames/frame_drag.h"
-#include "host_records.h"
+#include "set32/host_records.h"
 
 namespace scan_desk {
 

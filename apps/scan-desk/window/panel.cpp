@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "messages.h"
 #include "platform/win32/handle.h"
-#include "pointer_word.h"
+#include "set32/messages.h"
+#include "set32/pointer_word.h"
 
 namespace scan_desk {
 

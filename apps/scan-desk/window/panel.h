@@ -9,9 +9,9 @@
 #include "apps/scan-desk/window/installation.h"
 #include "apps/scan-desk/window/panel_choices.h"
 #include "apps/scan-desk/window/panel_library.h"
-#include "dib.h"
-#include "host_records.h"
 #include "platform/geometry.h"
+#include "set32/dib.h"
+#include "set32/host_records.h"
 
 namespace scan_desk {
 

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "platform/win32/handle.h"
-#include "ui_fix_setting.h"
+#include "set32/ui_fix_setting.h"
 
 namespace scan_desk {
 

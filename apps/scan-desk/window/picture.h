@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "dib.h"
 #include "platform/geometry.h"
+#include "set32/dib.h"
 
 namespace scan_desk {
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "dib.h"
+#include "set32/dib.h"
 
 namespace scan_desk {
 

@@ -5,8 +5,8 @@
 
 #include "apps/scan-desk/frames/frame_drag.h"
 #include "apps/scan-desk/frames/frames.h"
-#include "dib.h"
 #include "platform/geometry.h"
+#include "set32/dib.h"
 
 namespace scan_desk {
 

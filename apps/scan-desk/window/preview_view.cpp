@@ -8,9 +8,9 @@
 #include "apps/scan-desk/window/preview_painting.h"
 #include "apps/scan-desk/window/system_text.h"
 #include "apps/scan-desk/window/window_object.h"
-#include "messages.h"
 #include "platform/win32/handle.h"
-#include "pointer_word.h"
+#include "set32/messages.h"
+#include "set32/pointer_word.h"
 
 namespace scan_desk {
 

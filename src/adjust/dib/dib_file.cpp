@@ -1,4 +1,4 @@
-#include "adjust/dib/dib_file.h"
+#include "set32/dib_file.h"
 
 #include <algorithm>
 #include <array>

@@ -2,8 +2,8 @@
 #include "panel/inline/inline_setting_page.h"
 
 #include "panel/rules/mode_rules.h"
-#include "pointer_word.h"
 #include "resources/ids.h"
+#include "set32/pointer_word.h"
 
 namespace set32 {
 

@@ -7,8 +7,8 @@
 #include <span>
 #include <string_view>
 
-#include "host_records.h"
 #include "panel/rules/face_rules.h"
+#include "set32/host_records.h"
 
 namespace set32 {
 

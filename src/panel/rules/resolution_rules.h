@@ -8,8 +8,8 @@
 #include <cstdint>
 #include <span>
 
-#include "host_records.h"
 #include "panel/rules/face_rules.h"
+#include "set32/host_records.h"
 
 namespace set32 {
 

@@ -12,9 +12,9 @@
 #include <string>
 #include <string_view>
 
-#include "dib.h"
-#include "host_records.h"
 #include "panel/rules/face_rules.h"
+#include "set32/dib.h"
+#include "set32/host_records.h"
 
 namespace set32 {
 

@@ -2,8 +2,8 @@
 #include <cstring>
 
 #include "panel/sheet/setting_box_page.h"
-#include "pointer_word.h"
 #include "resources/ids.h"
+#include "set32/pointer_word.h"
 
 namespace set32 {
 

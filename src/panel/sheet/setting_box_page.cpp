@@ -3,8 +3,8 @@
 
 #include "controls/tips.h"
 #include "panel/rules/mode_rules.h"
-#include "pointer_word.h"
 #include "resources/ids.h"
+#include "set32/pointer_word.h"
 
 namespace set32 {
 

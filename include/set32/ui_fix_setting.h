@@ -6,8 +6,8 @@
 
 #include <cstdint>
 
-#include "host_records.h"
-#include "window_handle.h"
+#include <set32/host_records.h>
+#include <set32/window_handle.h>
 
 namespace set32 {
 struct CDib;
