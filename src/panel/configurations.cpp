@@ -51,11 +51,14 @@ void CPanelPage::SaveConfigAs() {
   CSaveConfigDlg dialog(state_);
   dialog.name = shown >= 0 ? store_.RowText(shown) : String(text::newConfigName);
   if (dialog.Run(window) != dialog_result::ok || !StillStands(window)) return;
-  store_.SaveAs(dialog.name, *settings_);
+  const Stored stored = store_.SaveAs(dialog.name, *settings_);
   store_.BuildConfigList(pageSource_);
-  if (const int row = store_.FindRow(dialog.name); row >= 0) store_.selectedRow = row;
+  // A row of that name that couldn't be written holds older settings, and isn't shown as what was saved.
+  const int row = stored == Stored::written ? store_.FindRow(dialog.name) : -1;
+  if (row >= 0) store_.selectedRow = row;
   store_.SelectRow(store_.selectedRow);
   if (store_.HasSlot(store_.selectedRow)) store_.SetButtons();
+  if (const auto refusal = RefusalText(stored, dialog.name)) ShowMessageOnThread(state_, String(*refusal));
 }
 
 void CPanelPage::DeleteConfig() {

@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "controls/format.h"
-#include "profile/config_items.h"
+#include "platform/profile_text.h"
 #include "resources/dialogs.h"
 #include "resources/ids.h"
 #include "resources/strings.h"
@@ -18,6 +18,12 @@ NameVerdict JudgeConfigName(ProfileCalls& calls, const std::string& profilePath,
   if (!stored) return NameVerdict::fresh;
   const bool flagsAreKnown = *stored > offsetof(ScanConfigItem, deletable);
   return flagsAreKnown && item.deletable != 0 ? NameVerdict::replaceable : NameVerdict::guarded;
+}
+
+std::optional<int> RefusalText(Stored stored, const std::string& name) {
+  if (stored == Stored::guarded) return text::protectedConfig;
+  if (stored == Stored::failed && profile_text::Trim(name).empty()) return text::badConfigName;
+  return std::nullopt;
 }
 
 int CSaveConfigDlg::Run(WindowHandle owner) {

@@ -2,10 +2,12 @@
 // ends with OK only for a name that the caller can store at once. Host's thread only.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "boundary/module_state.h"
 #include "platform/windows.h"
+#include "profile/config_items.h"
 
 namespace set32 {
 
@@ -17,6 +19,10 @@ enum class NameVerdict {
   guarded,      // one that the user can't delete has it, or one that can't be read
 };
 NameVerdict JudgeConfigName(ProfileCalls& calls, const std::string& profilePath, const std::string& name);
+
+// What a person is told when the name that the dialog took couldn't be stored after all: another program may have
+// guarded it meanwhile, and a name of odd blanks can't be written. For a disk that takes nothing there is no text.
+std::optional<int> RefusalText(Stored stored, const std::string& name);
 
 class CSaveConfigDlg : public DialogHandler {
  public:

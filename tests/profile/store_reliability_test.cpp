@@ -127,6 +127,33 @@ TEST(StoreReliability, OpensOnAStandingProfileWithoutReplacingIt) {
   }
 }
 
+class FullDisk : public ForwardingFiles {
+ public:
+  using ForwardingFiles::ForwardingFiles;
+  std::unique_ptr<File> OpenToWrite(std::string_view path) override {
+    return isFull ? nullptr : ForwardingFiles::OpenToWrite(path);
+  }
+  bool isFull = false;
+};
+
+// A full disk takes no name; the row that has it already holds older settings and stays what it is.
+TEST(StoreReliability, DoesNotShowAsSavedWhatCouldNotBeStored) {
+  MemoryFiles disk;
+  FullDisk files(disk);
+  Panel panel(files);
+  ASSERT_TRUE(panel.Open());
+  panel.SaveAs("mine");
+  auto& rows = panel.page->Get<List>(id::configList);
+  panel.Hands().ArrowTo(rows, 5);
+  panel.host.record->jpegQuality = 1;
+  const std::string before = ProfileOf(disk);
+  files.isFull = true;
+  panel.SaveAs("mine");
+  EXPECT_EQ(ProfileOf(disk), before);
+  EXPECT_TRUE(rows.StateOf(5).selected);
+  EXPECT_EQ(panel.host.record->jpegQuality, 1U);
+}
+
 // What a file repeats a hundred thousand times must not be gone through as often as it says so.
 TEST(StoreReliability, GoesOnceThroughWhatAFileRepeats) {
   MemoryFiles disk;
