@@ -18,13 +18,14 @@
 
 #include <set32/dib_file.h>
 #include <set32/messages.h>
+#include <set32/new_settings.h>
 #include <set32/ui_fix_setting.h>
 
 namespace {
 
 // What must outlive the panel: its record and its picture.
 struct Host {
-  set32::ScanSettings settings{};
+  set32::ScanSettings settings = set32::NewSettings();
   set32::CDib preview;
   HWND window = nullptr;
   HWND page = nullptr;
@@ -75,18 +76,6 @@ HWND MakeWindow(Host& host) {
                       CW_USEDEFAULT, 340, 500, nullptr, nullptr, kind.hInstance, nullptr);
   SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&host));
   return window;
-}
-
-void FillRecord(set32::ScanSettings& settings) {
-  settings.mode = set32::mode::colour;
-  settings.resolutionId = set32::resolution::dpi100;
-  settings.dpi = 100;
-  settings.useDefaults = 1;
-  settings.gammaAll = settings.gammaRed = settings.gammaGreen = settings.gammaBlue = 1;
-  settings.sizeId = set32::size_id::a4;
-  settings.width = settings.customWidth = 8.5;
-  settings.height = settings.customHeight = 11;
-  settings.jpegQuality = 9;
 }
 
 bool OpenPanel(Host& host, set32::UiFixSettingFunction fixSetting) {
@@ -164,7 +153,6 @@ int main(int count, char** values) {
   int status = 0;
   {
     Host host;
-    FillRecord(host.settings);
     if (picture != nullptr && !LoadPreview(host, picture)) return 2;
     host.window = MakeWindow(host);
     if (!OpenPanel(host, fixSetting)) return 1;

@@ -15,6 +15,7 @@
 #include "profile/profile_keys.h"
 #include "resources/ids.h"
 #include "resources/strings.h"
+#include "set32/new_settings.h"
 
 namespace set32 {
 
@@ -193,23 +194,18 @@ bool RemoveConfigItem(ProfileCalls& calls, const std::string& profilePath, const
   return profile.DeleteKey(profile_key::configItems, name.c_str());
 }
 
-ScanSettings MakeSettings(System& system, const NewSettings& inputs) {
+ScanSettings MakeSettings(System& system, const SettingsInputs& inputs) {
   constexpr std::uint16_t primaryLanguageBits = 0x3FF;
   constexpr std::uint16_t english = 9;
 
-  ScanSettings settings{};
+  const bool isEnglish = (system.DefaultLanguage() & primaryLanguageBits) == english;
+  ScanSettings settings = NewSettings(isEnglish ? size_id::letter : size_id::a4);
   const std::string_view name = CutAtCharacter(system, inputs.name, sizeof(settings.name) - 1);
   std::memcpy(settings.name, name.data(), name.size());
   settings.mode = inputs.mode;
   settings.resolutionId = inputs.resolutionId;
   settings.dpi = inputs.dpi;
   settings.paperSource = inputs.paperSource;
-  settings.useDefaults = 1;
-  settings.gammaAll = settings.gammaRed = settings.gammaGreen = settings.gammaBlue = 1.0;
-  settings.width = settings.customWidth = 8.5;
-  settings.height = settings.customHeight = 11.0;
-  settings.jpegQuality = 9;
-  settings.sizeId = (system.DefaultLanguage() & primaryLanguageBits) == english ? size_id::letter : size_id::a4;
   return settings;
 }
 

@@ -83,7 +83,7 @@ Stored StoreConfigItem(ProfileCalls& calls, const std::string& profilePath, cons
 bool RemoveConfigItem(ProfileCalls& calls, const std::string& profilePath, const std::string& name);
 
 // The five inputs of a new record.
-struct NewSettings {
+struct SettingsInputs {
   std::string name;  // cut at 19 bytes, at the start of a character
   std::uint32_t mode = mode::colour;
   std::uint32_t resolutionId = resolution::dpi100;
@@ -92,7 +92,7 @@ struct NewSettings {
 };
 
 // A new record: 8.5 by 11 inches, Letter on an English system, else A4 by name.
-ScanSettings MakeSettings(System& system, const NewSettings& inputs);
+ScanSettings MakeSettings(System& system, const SettingsInputs& inputs);
 
 // The whole text of a fresh profile: ten factory configurations, `Tmp` and the selected rows.
 std::string FreshProfile(System& system);

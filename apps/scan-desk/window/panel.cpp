@@ -27,17 +27,7 @@ std::wstring PathOf(const std::wstring& library) {
 }  // namespace
 
 Panel::Panel(const std::wstring& library, const PanelChoices& choices)
-    : file_(PathOf(library)), choices_(choices), installation_(file_) {
-  settings_.mode = set32::mode::colour;
-  settings_.resolutionId = set32::resolution::dpi100;
-  settings_.dpi = 100;
-  settings_.useDefaults = 1;
-  settings_.gammaAll = settings_.gammaRed = settings_.gammaGreen = settings_.gammaBlue = 1;
-  settings_.sizeId = set32::size_id::a4;
-  settings_.width = settings_.customWidth = 8.5;
-  settings_.height = settings_.customHeight = 11;
-  settings_.jpegQuality = 9;
-}
+    : file_(PathOf(library)), choices_(choices), installation_(file_) {}
 
 bool Panel::Open(HWND parent, HWND host, set32::CDib& preview, set32::Size size, std::wstring& trouble) {
   const bool stood = page_ != nullptr;

@@ -12,6 +12,7 @@
 #include "platform/geometry.h"
 #include "set32/dib.h"
 #include "set32/host_records.h"
+#include "set32/new_settings.h"
 
 namespace scan_desk {
 
@@ -54,7 +55,7 @@ class Panel {
   PanelChoices choices_;
   Installation installation_;
   PanelLibrary library_;
-  set32::ScanSettings settings_{};
+  set32::ScanSettings settings_ = set32::NewSettings();
   HWND page_ = nullptr;  // ends with its parent
 };
 

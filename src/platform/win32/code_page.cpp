@@ -4,14 +4,11 @@
 
 #include "platform/utf8.h"
 #include "platform/win32/windows_api.h"
+#include "set32/windows_host.h"
 
 namespace set32::win32 {
 
 namespace {
-
-// Characters of the module's texts that code pages of other scripts, and of other ways of writing Chinese, lack: what
-// holds these holds the rest.
-constexpr std::string_view rareCharacters = "佈嗎您挪檔值吋晰清珈真掃";
 
 constexpr std::string_view replacement = "\xEF\xBF\xBD";
 constexpr std::size_t longestText = 0x1000000;
@@ -100,18 +97,11 @@ std::size_t CodePage::CharacterLength(std::string_view text) const {
 namespace {
 
 CodePage& Chosen() {
-  static CodePage page = [] {
-    const CodePage active(GetACP());
-    return HoldsOwnTexts(active) ? active : CodePage(CP_UTF8);
-  }();
+  static CodePage page(PanelCodePage());
   return page;
 }
 
 }  // namespace
-
-bool HoldsOwnTexts(const CodePage& page) {
-  return page.Holds(rareCharacters);
-}
 
 const CodePage& ModuleText() {
   return Chosen();

@@ -1,5 +1,5 @@
 // The code page of the module's bytes: the system's active one, or UTF-8 where that can't hold the module's own
-// texts.
+// texts (set32/windows_host.h tells which).
 //
 // Windows are told their texts in UTF-16, so that they show rightly whatever the active code page is. Any thread.
 #pragma once
@@ -31,9 +31,6 @@ class CodePage {
  private:
   unsigned number_;
 };
-
-// Whether every text of the module's own exists in the code page.
-bool HoldsOwnTexts(const CodePage& page);
 
 // The module's, chosen at the first call and the same from then on.
 const CodePage& ModuleText();
