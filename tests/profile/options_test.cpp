@@ -4,10 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <type_traits>
 
 #include "apps/stage/model/headless_system.h"
 #include "boundary/hardware_options.h"
 #include "platform/profile_engine.h"
+#include "profile/profile_keys.h"
 #include "set32/host_records.h"
 #include "tests/support/profile_peer.h"
 #include "tests/support/scratch_folder.h"
@@ -57,6 +59,40 @@ TEST_F(Options, HaveTheirDefaultsWithoutAFile) {
   EXPECT_TRUE(options.HasCrop());
   EXPECT_FALSE(options.FeederAutoCrop());
   EXPECT_EQ(OptionFile(engine_, system_, none).Read(option_key::defaultDevice), "NoDefault");
+}
+
+// The samples that a host's author starts from name every key with its default.
+TEST_F(Options, StandInTheSamplesWithTheirDefaults) {
+  const auto holdsOne = [&](const char* file, const auto& key) {
+    auto missing = key;
+    if constexpr (std::is_same_v<decltype(missing), IntegerKey>) {
+      missing.fallback = -77;
+    } else {
+      missing.fallback = "missing";
+    }
+    const OptionFile sample(engine_, system_, SET32_SAMPLES "/options/" + std::string(file));
+    EXPECT_EQ(sample.Read(missing), key.fallback) << key.name;
+  };
+  const auto holds = [&](const char* file, const auto&... keys) { (..., holdsOne(file, keys)); };
+  holds("QUIRNMFP.ini", module_key::runtimeOptionsName, module_key::profileName, module_key::scannerListName,
+        module_key::driverType);
+  for (const TextKey& device : module_key::deviceIds) holds("QUIRNMFP.ini", device);
+  holds("QUIRNHW.ini", hardware_key::highBitControl, hardware_key::dialogPlace);
+  holds("QUIRNHTp.INI", option_key::uiFace, option_key::oem, option_key::productName, option_key::application,
+        option_key::highBitApplications, option_key::lowLevelDriver, option_key::paperSourceControls,
+        option_key::paperSource, option_key::hasCrop, option_key::feederAutoCrop, option_key::defaultDevice);
+  CProfileFile profile(engine_);
+  profile.SetFileName(SET32_SAMPLES "/options/QUIRNPrf.ini");
+  for (const std::uint32_t one : {mode::colour, mode::gray, mode::blackWhite}) {
+    const profile_key::AdjustmentKeys keys = profile_key::AdjustmentKeysOf(one);
+    for (const char* name : {keys.brightness, keys.contrast}) {
+      if (name != nullptr) {
+        EXPECT_EQ(profile.GetInteger(profile_key::defaultSettings, name, 77, 10), 0U) << name;
+      }
+    }
+    EXPECT_EQ(profile.GetDouble(profile_key::defaultSettings, keys.gamma, 77), 1) << keys.gamma;
+  }
+  EXPECT_EQ(profile.GetDouble(profile_key::defaultSettings, profile_key::jpegQuality, 77), 9);
 }
 
 TEST_F(Options, ChooseTheFaceAndTheName) {
