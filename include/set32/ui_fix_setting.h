@@ -19,7 +19,7 @@ extern "C" {
 //
 //   parentWindow  becomes the parent of the panel
 //   hostWindow    receives the messages of messages.h
-//   limits        copied; null stands for every mode and the resolutions up to 4800 dpi
+//   limits        copied; null stands for every mode and the resolutions up to 4800 dpi, on the inline face for none
 //   settings      kept and edited in place; must stay valid while the panel lives
 //   preview       kept, may be null; stays the host's
 //   jpegModes     inline face, first call: non-zero offers the two JPEG modes

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/win32/code_page.h"
+#include "platform/win32/handle.h"
 #include "platform/win32/system_clipboard.h"
 #include "platform/win32/win32_services.h"
 #include "platform/win32/win32_sockets.h"
@@ -17,7 +18,9 @@
 #include "platform/win32/win32_windows.h"
 #include "platform/win32/windows_api.h"
 #include "resources/dialogs.h"
+#include "resources/ids.h"
 #include "resources/strings.h"
+#include "set32/panel_sizes.h"
 #include "set32/windows_host.h"
 
 namespace set32 {
@@ -95,6 +98,32 @@ TEST(CodePage, TellsCharactersFromUnits) {
   EXPECT_EQ(win32::CharactersOfUnits(text, 99), 3);
   EXPECT_EQ(win32::UnitsOfCharacters(text, 2), 3);
   EXPECT_EQ(win32::UnitsOfCharacters(text, 99), 4);
+}
+
+// A dialog unit is a quarter of the letters' average width across and an eighth of their height down.
+TEST(PanelSizes, AreWhatTheDialogsFontAsksFor) {
+  const DialogTemplate& page = *FindDialog(dialog::general);
+  constexpr Size tabs{10, 24};  // what they take, in units
+  constexpr wchar_t letters[] = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+  const win32::WindowDc screen(nullptr);
+  for (const PanelSize& told : inlineSizes) {
+    const win32::OwnedFont font(CreateFontW(-MulDiv(8, told.dpi, 72), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE,
+                                            DEFAULT_CHARSET, 0, 0, 0, 0, L"MS Sans Serif"));
+    const win32::Selected selected(screen.Get(), font.Get());
+    SIZE all{};
+    TEXTMETRICW metrics{};
+    GetTextExtentPoint32W(screen.Get(), letters, 52, &all);
+    GetTextMetricsW(screen.Get(), &metrics);
+    const int across = (all.cx / 26 + 1) / 2;
+    const auto pixels = [&](Size units) {
+      return Size{MulDiv(units.width, across, 4), MulDiv(units.height, metrics.tmHeight, 8)};
+    };
+    const PanelSize sheet = SizeAt(sheetSizes, told.dpi);
+    EXPECT_EQ((Size{told.width, told.height}), pixels(page.size)) << told.dpi;
+    EXPECT_EQ((Size{sheet.width, sheet.height}),
+              pixels({page.size.width + tabs.width, page.size.height + tabs.height}))
+        << told.dpi;
+  }
 }
 
 TEST(SystemRegistry, ReadsEnumeratesAndDeletes) {
