@@ -55,6 +55,7 @@ void CResponsePage::OnInit(Dialog& dialog) {
   EnterAnchors();
   SetUpTabs();
   AddTooltips();
+  NameWithoutText();
   ShapeSliders();
   for (const char* const band : {"All", "Red", "Green", "Blue"}) Get<Combo>(id148::bandCombo).Add(band);
   Get<Combo>(id148::bandCombo).SelectIndex(0);

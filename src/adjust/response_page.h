@@ -108,6 +108,7 @@ class CResponsePage : public DialogHandler, public AdjustmentFront {
   void OnTabChanged(const Event& event);
   void OnBandChosen(const Event& event);
   void OnPaint(const Event& event);
+  void NameWithoutText();
   void ShapeSliders();
   void DrawPicture();
   void DrawGammaCurve(Band band);

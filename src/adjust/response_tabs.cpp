@@ -27,10 +27,22 @@ void CResponsePage::OnTabChanged(const Event&) {
   for (const Slot slot : {Slot::first, Slot::second}) {
     Get<Label>(ControlsOf(slot).label).SetText(String(ValueOf(slot).label));
   }
+  NameWithoutText();
   ShapeSliders();
   ShowValues();
   DrawPicture();
   UpdateEnabling(panel_->Settings());
+}
+
+// The bar is called what its tab is about. A slider is called as its edit is, which the label before that names;
+// without the label's colon, so that a person hears two.
+void CResponsePage::NameWithoutText() {
+  Get<TabBar>(id148::viewTabs).SetName(String(Tab().tip));
+  for (const Slot slot : {Slot::first, Slot::second}) {
+    std::string name = String(ValueOf(slot).label);
+    if (name.ends_with(':')) name.pop_back();
+    Get<Slider>(ControlsOf(slot).slider).SetName(name);
+  }
 }
 
 void CResponsePage::ShapeSliders() {

@@ -58,6 +58,8 @@ class Control {
   // Caption, edit text, or the text of a combo's selection.
   virtual std::string Text() const { return {}; }
   virtual void SetText(std::string_view) {}
+  // What a screen reader calls a control that has no text of its own. Never drawn; text and what is shown stay.
+  virtual void SetName(std::string_view) {}
 
   // Repaints at once.
   virtual void Update() {}

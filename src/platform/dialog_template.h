@@ -61,6 +61,9 @@ struct ControlTemplate {
   const char* caption;  // UTF-8
   int x, y, width, height;
   unsigned flags = 0;
+  // What a screen reader calls it: needed where it has no text of its own and no label right before it. UTF-8; never
+  // drawn.
+  const char* name = nullptr;
 };
 
 enum class DialogStyle {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <set>
+#include <string>
 #include <string_view>
 
 #include "resources/ids.h"
@@ -22,7 +23,7 @@ constexpr struct {
   std::size_t count;
   int first, last;
 } allDialogs[] = {
-    {dialog::general, 33, id::sourceCombo, id::configList},
+    {dialog::general, 33, id::sourceLabel, id::configList},
     {dialog::gamma, 34, id103::defaultsRadio, id103::gammaRedPicture},
     {dialog::saveConfig, 4, id104::nameLabel, id::cancel},
     {dialog::message, 4, id::ok, id115::icon},
@@ -59,6 +60,19 @@ TEST(Dialogs, EveryControlHasAnIdOfItsOwnAndLiesInsideAndEnterBelongsToOk) {
 }
 
 // A radio button whose group has no start would join the controls before it.
+TEST(Dialogs, AMnemonicBelongsToOneOfTheControlsThatAreShown) {
+  for (const auto& [id, count, first, last] : allDialogs) {
+    std::string letters;
+    for (const ControlTemplate& control : FindDialog(id)->controls) {
+      const std::string_view caption = control.caption;
+      const std::size_t mark = caption.find('&');
+      if (mark == std::string_view::npos || (control.flags & control_flag::hidden) != 0) continue;
+      EXPECT_EQ(letters.find(caption[mark + 1]), std::string::npos) << id << ' ' << caption;
+      letters += caption[mark + 1];
+    }
+  }
+}
+
 TEST(Dialogs, RadioGroupsHaveTheirStarts) {
   for (const auto& [id, count, first, last] : allDialogs) {
     std::set<int> starts;

@@ -1,5 +1,6 @@
 #include "platform/win32/dialog_bytes.h"
 
+#include <algorithm>
 #include <cstring>
 #include <string_view>
 
@@ -128,7 +129,17 @@ class Writer {
   std::vector<std::uint16_t> words_;
 };
 
-void Write(Writer& out, const ControlTemplate& control) {
+// The text of these is what stands in them, so that their name is the label before them.
+bool IsNamedByLabel(ControlKind kind) {
+  return kind == ControlKind::edit || kind == ControlKind::combo || kind == ControlKind::iconCombo ||
+         kind == ControlKind::address;
+}
+
+bool NeedsLabel(const ControlTemplate& control) {
+  return control.name != nullptr && IsNamedByLabel(control.kind);
+}
+
+void WriteItem(Writer& out, const ControlTemplate& control, const char* text) {
   constexpr DWORD noHelp = 0;
   const ClassAndStyle look = LookOf(control);
   out.Align();
@@ -138,8 +149,19 @@ void Write(Writer& out, const ControlTemplate& control) {
   out.Place(control.x, control.y, control.width, control.height);
   out.Double(static_cast<DWORD>(control.id));
   out.Text(look.name);
-  out.Text(WideFromUtf8(control.caption == nullptr ? "" : control.caption));
+  out.Text(WideFromUtf8(text == nullptr ? "" : text));
   out.Word(0);  // no creation data
+}
+
+void Write(Writer& out, const ControlTemplate& control) {
+  // A label of no size names what has none of its own; it isn't seen, and no control of ours.
+  constexpr int noControl = 0xFFFE;
+  if (NeedsLabel(control)) {
+    WriteItem(out, {noControl, ControlKind::label, control.name, control.x, control.y, 0, 0}, control.name);
+    WriteItem(out, control, control.caption);
+  } else {
+    WriteItem(out, control, control.name != nullptr ? control.name : control.caption);
+  }
 }
 
 }  // namespace
@@ -152,7 +174,7 @@ std::vector<std::uint32_t> DialogBytes(const DialogTemplate& source) {
   out.Double(0);  // no help
   out.Double(ExtendedStyleOf(source.style));
   out.Double(StyleOf(source.style));
-  out.Word(static_cast<unsigned>(source.controls.size()));
+  out.Word(static_cast<unsigned>(source.controls.size() + std::ranges::count_if(source.controls, NeedsLabel)));
   out.Place(0, 0, source.size.width, source.size.height);
   out.Word(0);  // no menu
   out.Word(0);  // the window system's own class of dialogs

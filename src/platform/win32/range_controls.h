@@ -17,6 +17,7 @@ class RealSlider : public Real<Slider> {
   void SetPosition(int position) override { Ask(TBM_SETPOS, TRUE, position); }
   void SetTickFrequency(int frequency) override { Ask(TBM_SETTICFREQ, static_cast<WPARAM>(frequency)); }
   void SetLineSize(int size) override { Ask(TBM_SETLINESIZE, 0, size); }
+  void SetName(std::string_view name) override { PutText(name); }
 
   LRESULT OnNotify(const NMHDR& header) override;
   void OnScroll(WORD code, int position) override;

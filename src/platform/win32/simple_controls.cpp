@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/win32/code_page.h"
 #include "platform/win32/gdi_canvas.h"
 #include "platform/win32/rects.h"
 #include "platform/win32/win32_dialog.h"
@@ -35,6 +36,9 @@ RealCheck::RealCheck(Win32Dialog& dialog, HWND window, const ControlTemplate& so
     : RealClickable(dialog, window, source) {
   if (source.kind == ControlKind::radio) Ask(BM_SETDONTCLICK, TRUE);
 }
+
+RealPictureButton::RealPictureButton(Win32Dialog& dialog, HWND window, const ControlTemplate& source)
+    : RealClickable(dialog, window, source), caption_(ModuleText().FromUtf8(source.caption)) {}
 
 void RealPictureButton::SetPictures(const ButtonPictures& pictures) {
   if (!Exists()) return;

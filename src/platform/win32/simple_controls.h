@@ -44,14 +44,17 @@ class RealCheck : public RealClickable<CheckButton> {
   bool IsChecked() const override { return Ask(BM_GETCHECK) == BST_CHECKED; }
 };
 
+// Its window's text is the name for screen readers, so the caption is kept here.
 class RealPictureButton : public RealClickable<PictureButton> {
  public:
-  using RealClickable::RealClickable;
+  RealPictureButton(Win32Dialog& dialog, HWND window, const ControlTemplate& source);
+  std::string Text() const override { return Exists() ? caption_ : std::string(); }
   void SetPictures(const ButtonPictures& pictures) override;
   void OnDrawItem(const DRAWITEMSTRUCT& item) override;
 
  private:
   ButtonPictures pictures_;
+  std::string caption_;
 };
 
 class RealPicture : public Real<PictureControl> {

@@ -21,6 +21,7 @@ class RealTabBar : public Real<TabBar> {
   void SetMinTabWidth(int pixels) override { Ask(TCM_SETMINTABWIDTH, 0, pixels); }
   void SetPadding(Size padding) override { Ask(TCM_SETPADDING, 0, MAKELPARAM(padding.width, padding.height)); }
   Rect DisplayArea() const override;
+  void SetName(std::string_view name) override { PutText(name); }
 
   LRESULT OnNotify(const NMHDR& header) override;
   // Client coordinates of a tab, empty for none.
