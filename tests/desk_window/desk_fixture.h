@@ -33,6 +33,23 @@ inline HWND PageWithin(HWND window) {
   return page;
 }
 
+// The pixels of a place in a window, or on the screen where there is none.
+inline std::vector<COLORREF> PixelsIn(HWND window, const RECT& place) {
+  const int width = place.right - place.left, height = place.bottom - place.top;
+  const set32::win32::WindowDc dc(window);
+  const set32::win32::OwnedDc memory(CreateCompatibleDC(dc.Get()));
+  const set32::win32::OwnedBitmap bitmap(CreateCompatibleBitmap(dc.Get(), width, height));
+  {
+    const set32::win32::Selected selected(memory.Get(), bitmap.Get());
+    BitBlt(memory.Get(), 0, 0, width, height, dc.Get(), place.left, place.top, SRCCOPY);
+  }
+  BITMAPINFO info{};
+  info.bmiHeader = {sizeof info.bmiHeader, width, height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+  std::vector<COLORREF> pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+  GetDIBits(dc.Get(), bitmap.Get(), 0, static_cast<UINT>(height), pixels.data(), &info, DIB_RGB_COLORS);
+  return pixels;
+}
+
 // The library lies in a folder of its own and keeps its files there.
 class Desk : public testing::Test {
  public:
@@ -50,9 +67,10 @@ class Desk : public testing::Test {
   }
 
   bool Open(const std::wstring& picture = {}) { return Open(library_, picture); }
-  bool Open(const std::wstring& library, const std::wstring& picture) {
-    desk_.emplace(
-        DeskSetup{.library = library, .say = [this](HWND, const std::wstring& text) { said_.push_back(text); }});
+  bool Open(const std::wstring& library, const std::wstring& picture, const PanelChoices& choices = {}) {
+    desk_.emplace(DeskSetup{.library = library, .choices = choices, .say = [this](HWND, const std::wstring& text) {
+                              said_.push_back(text);
+                            }});
     const bool stands = desk_->Create(picture);
     preview_ = FindWindowExW(desk_->Window(), nullptr, L"scan-desk-preview", nullptr);
     log_ = FindWindowExW(desk_->Window(), nullptr, L"ListBox", nullptr);
@@ -115,15 +133,22 @@ class Desk : public testing::Test {
     GetWindowTextW(window, text, 256);
     return text;
   }
+  std::vector<std::wstring> Logged() const {
+    std::vector<std::wstring> lines(static_cast<std::size_t>(SendMessageW(log_, LB_GETCOUNT, 0, 0)));
+    for (std::size_t line = 0; line < lines.size(); ++line) {
+      wchar_t text[256] = L"";
+      SendMessageW(log_, LB_GETTEXT, line, reinterpret_cast<LPARAM>(text));
+      lines[line] = text;
+    }
+    return lines;
+  }
   // The last line of the log about a report to the panel.
   std::wstring Reported() const {
-    for (auto line = SendMessageW(log_, LB_GETCOUNT, 0, 0); line-- > 0;) {
-      wchar_t text[256] = L"";
-      SendMessageW(log_, LB_GETTEXT, static_cast<WPARAM>(line), reinterpret_cast<LPARAM>(text));
-      const std::wstring whole = text;
-      if (whole.starts_with(L"to the panel: 0x403 0, ")) return whole.substr(23);
+    std::wstring last;
+    for (const std::wstring& line : Logged()) {
+      if (line.starts_with(L"to the panel: 0x403 0, ")) last = line.substr(23);
     }
-    return {};
+    return last;
   }
 
   set32::ScratchFolder folder_;

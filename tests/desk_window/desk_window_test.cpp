@@ -17,21 +17,10 @@ set32::Size SizeOf(HWND window) {
   return {client.right, client.bottom};
 }
 
-// What stands on the screen, or would after everything was painted anew.
+// What stands in a window, or would after everything was painted anew.
 std::vector<COLORREF> PixelsOf(HWND window) {
   const set32::Size size = SizeOf(window);
-  const set32::win32::WindowDc dc(window);
-  const set32::win32::OwnedDc memory(CreateCompatibleDC(dc.Get()));
-  const set32::win32::OwnedBitmap bitmap(CreateCompatibleBitmap(dc.Get(), size.width, size.height));
-  {
-    const set32::win32::Selected selected(memory.Get(), bitmap.Get());
-    BitBlt(memory.Get(), 0, 0, size.width, size.height, dc.Get(), 0, 0, SRCCOPY);
-  }
-  BITMAPINFO info{};
-  info.bmiHeader = {sizeof info.bmiHeader, size.width, size.height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-  std::vector<COLORREF> pixels(static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height));
-  GetDIBits(dc.Get(), bitmap.Get(), 0, static_cast<UINT>(size.height), pixels.data(), &info, DIB_RGB_COLORS);
-  return pixels;
+  return PixelsIn(window, {0, 0, size.width, size.height});
 }
 
 TEST_F(Desk, HidesTheLogAndGivesItsRoomToPictureAndPanel) {

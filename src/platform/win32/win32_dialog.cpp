@@ -104,7 +104,11 @@ void Win32Dialog::Invalidate() {
 }
 
 void Win32Dialog::Update() {
-  if (IsAlive()) UpdateWindow(window_);
+  if (!IsAlive()) return;
+  UpdateWindow(window_);
+  // A look for messages, without taking any: Wine brings to the screen what was painted only when a thread looks, and
+  // the next thing that this one does may be to wait for the network.
+  MsgWaitForMultipleObjects(0, nullptr, FALSE, 0, 0);
 }
 
 void Win32Dialog::CentreOverParent() {
