@@ -165,6 +165,10 @@ class Windows {
   // Topmost, and at once not topmost; neither moved nor activated.
   virtual void RaiseToFront(WindowHandle window) = 0;
 
+  // What a person has done to these windows and no loop has taken yet, clicks and keys, is dropped: it was done to a
+  // panel that was busy and showed nothing of it.
+  virtual void ForgetInput() = 0;
+
   // The screen without the task bar.
   virtual Size FullScreen() const = 0;
   // What task bars leave of the screen that a place lies on or nearest to; empty when it isn't known.

@@ -14,10 +14,13 @@ namespace {
 
 constexpr Colour complaintColour{255, 0, 0};
 
-// Both buttons of the dialog are disabled while it asks the network.
+// Both buttons of the dialog are disabled while it asks the network, and are seen to be.
 class ButtonsOff {
  public:
-  explicit ButtonsOff(Dialog& dialog) : dialog_(dialog) { Enable(false); }
+  explicit ButtonsOff(Dialog& dialog) : dialog_(dialog) {
+    Enable(false);
+    dialog_.Update();
+  }
   ~ButtonsOff() { Enable(true); }
   ButtonsOff(const ButtonsOff&) = delete;
   ButtonsOff& operator=(const ButtonsOff&) = delete;
@@ -84,6 +87,7 @@ void CAddScannerIpDlg::OnOk() {
     }
     answered = ProbeScanner(sockets_, system_, addressText_, networkScannerPort);
   }
+  windows_.ForgetInput();
   if (!answered) {
     Show(State::noAnswer);
     return;

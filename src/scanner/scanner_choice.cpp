@@ -77,6 +77,7 @@ void CScannerChoice::RefreshScanners() {
   SaveScannerList();
   ReloadScannerList();
   ReadCurrentName();
+  state_.platform.windows.ForgetInput();
   ReportScanner();
 }
 
@@ -177,6 +178,7 @@ void CScannerChoice::SyncDefaultDevice() {
     const SocketLibrary library(platform.sockets, nets::oldLibrary);
     answered = library && ProbeScanner(platform.sockets, platform.system, device, networkScannerPort);
   }
+  platform.windows.ForgetInput();
   if (!answered) return;
   ScannerCombo().Insert(0, device);
   defaultAddress_ = device;

@@ -1,4 +1,4 @@
-// What a person sees of a search.
+// What a person sees of a search, and what becomes of what they do meanwhile.
 #include <algorithm>
 #include <functional>
 
@@ -36,16 +36,24 @@ double InkOn(HWND window) {
 }
 
 class Searching : public Desk {
+ public:
+  ~Searching() override { onSearched = nullptr; }
+
  protected:
   Searching() {
     onSearched = [this](HWND dialog) {
       const HWND label = GetDlgItem(dialog, set32::id120::text);
       searches_.push_back(Text(label));
       inks_.push_back(InkOn(label));
+      if (meanwhile_) std::exchange(meanwhile_, nullptr)();
     };
   }
-  ~Searching() override { onSearched = nullptr; }
-
+  // The scanner's name reaches the host once a search.
+  std::ptrdiff_t Reports() const {
+    const std::vector<std::wstring> lines = Logged();
+    return std::count_if(lines.begin(), lines.end(),
+                         [](const std::wstring& line) { return line.find(L" device: ") != std::wstring::npos; });
+  }
   void ClickRefresh() const {
     RECT place{};
     GetWindowRect(Control(set32::id::refreshButton), &place);
@@ -57,8 +65,19 @@ class Searching : public Desk {
     INPUT both[] = {down, up};
     SendInput(2, both, sizeof down);
   }
+  static void PressSpace() {
+    INPUT down{};
+    down.type = INPUT_KEYBOARD;
+    down.ki.wVk = VK_SPACE;
+    INPUT up = down;
+    up.ki.dwFlags = KEYEVENTF_KEYUP;
+    INPUT both[] = {down, up};
+    SendInput(2, both, sizeof down);
+  }
+
   std::vector<std::wstring> searches_;
   std::vector<double> inks_;
+  std::function<void()> meanwhile_;
   set32::win32::OwnedHook hook_{SetWindowsHookExW(WH_CBT, OnWindows, nullptr, GetCurrentThreadId())};
 };
 
@@ -73,6 +92,24 @@ TEST_F(Searching, IsSeenByItsText) {
   ClickRefresh();
   Pump();
   EXPECT_THAT(inks_, AllOf(testing::SizeIs(4), Each(AllOf(Gt(0.02), Lt(0.5))))) << "letters on a light ground";
+}
+
+TEST_F(Searching, ForgetsWhatIsDoneMeanwhile) {
+  ASSERT_TRUE(Open());
+  const auto before = Reports();
+  meanwhile_ = [this] {
+    for (int i = 0; i < 5; ++i) ClickRefresh();
+    PressSpace();
+    constexpr DWORD longerThanATick = 40;
+    Sleep(longerThanATick);
+  };
+  ClickRefresh();
+  Pump();
+  EXPECT_EQ(Reports(), before + 1);
+  EXPECT_EQ(GetFocus(), Control(set32::id::refreshButton));
+  PressSpace();
+  Pump();
+  EXPECT_EQ(Reports(), before + 2) << "what is done afterwards counts";
 }
 
 }  // namespace

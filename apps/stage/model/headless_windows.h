@@ -44,6 +44,7 @@ class HeadlessWindows : public Windows, public WindowWatch {
   void Invalidate(WindowHandle window) override;
   void Enable(WindowHandle window, bool enabled) override;
   void RaiseToFront(WindowHandle window) override;
+  void ForgetInput() override {}  // an act is over before another one is done
   Size FullScreen() const override;
   Rect WorkAreaAt(const Rect& place) const override;
   int ScrollBarWidth() const override;

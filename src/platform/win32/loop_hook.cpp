@@ -108,6 +108,23 @@ bool TakeKey(MSG& message) {
   return IsDialogKey(message) && IsDialogMessageW(around.outer, &message) != FALSE;
 }
 
+// Not the pointer's moves, which do nothing by themselves.
+bool IsInput(UINT message) {
+  return (message >= WM_KEYFIRST && message <= WM_KEYLAST) ||
+         (message > WM_NCMOUSEMOVE && message <= WM_NCXBUTTONDBLCLK) ||
+         (message > WM_MOUSEMOVE && message <= WM_MOUSELAST);
+}
+
+// A message carries the lower half of the clock that a set of windows remembers.
+bool WasForgotten(const MSG& message) {
+  const Win32Dialog* dialog = AroundWindow(message.hwnd).inner;
+  if (dialog == nullptr) return false;
+  const ULONGLONG now = GetTickCount64();
+  const auto age = static_cast<LONG>(static_cast<DWORD>(now) - message.time);
+  const ULONGLONG made = now - static_cast<ULONGLONG>(static_cast<LONGLONG>(age));
+  return made < dialog->WindowSet()->forgottenUntil;
+}
+
 // Menus, and windows that are moved by keys, take their keys in a loop of their own.
 bool KeysBelongToTheSystem() {
   GUITHREADINFO info{};
@@ -130,7 +147,8 @@ LRESULT CALLBACK OnMessageTaken(int code, WPARAM removed, LPARAM lParam) {
     auto& message = *reinterpret_cast<MSG*>(lParam);
     if (message.message == WM_MOUSEWHEEL) AimWheel(message);
     const bool isKey = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
-    if (isKey && !KeysBelongToTheSystem() && TakeKey(message)) {
+    const bool isForgotten = IsInput(message.message) && WasForgotten(message);
+    if (isForgotten || (isKey && !KeysBelongToTheSystem() && TakeKey(message))) {
       message.message = WM_NULL;
       message.wParam = 0;
       message.lParam = 0;

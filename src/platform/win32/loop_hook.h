@@ -7,6 +7,8 @@
 // of the host's around it.
 //
 // The wheel goes to the slider under the pointer, if there is one, and not to the control that has the focus.
+//
+// Clicks and keys that windows of ours were to forget are dropped here, as a loop takes them.
 #pragma once
 
 #include "platform/win32/handle.h"

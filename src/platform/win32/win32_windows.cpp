@@ -114,6 +114,10 @@ void Win32Windows::RaiseToFront(WindowHandle window) {
     SetWindowPos(WindowOf(window), place, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
+void Win32Windows::ForgetInput() {
+  windowSet_->forgottenUntil = GetTickCount64();
+}
+
 Size Win32Windows::FullScreen() const {
   return win32::FullScreenSize();
 }

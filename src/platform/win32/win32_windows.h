@@ -19,6 +19,7 @@ class Win32Windows : public Windows {
   void Invalidate(WindowHandle window) override;
   void Enable(WindowHandle window, bool enabled) override;
   void RaiseToFront(WindowHandle window) override;
+  void ForgetInput() override;
   Size FullScreen() const override;
   Rect WorkAreaAt(const Rect& place) const override;
   int ScrollBarWidth() const override;

@@ -44,6 +44,9 @@ struct WindowSet {
   int deliveries = 0;
   std::vector<std::vector<std::unique_ptr<Control>>> graveyard;
 
+  // Clicks and keys that were made before are dropped; in milliseconds since the system's start.
+  ULONGLONG forgottenUntil = 0;
+
   // Stands while a dialog does.
   std::unique_ptr<LoopHook> loopHook;
 };
