@@ -87,7 +87,10 @@ TEST_F(Searching, IsSeenByItsText) {
   ASSERT_TRUE(sockets.Start(0x0202));
   const auto taken = sockets.Open();
   ASSERT_TRUE(taken && taken->Bind(set32::networkScannerPort));
+  double unpainted = 1;
+  meanwhile_ = [&] { unpainted = InkOn(FindWindowExW(desk_->Window(), nullptr, L"scan-desk-preview", nullptr)); };
   ASSERT_TRUE(Open(library_, L"", {.search = Search::usbAndNetwork}));
+  EXPECT_LT(unpainted, 0.1) << "the desk's window stands on the screen before its panel searches";
   EXPECT_THAT(searches_, ElementsAre(HasSubstr(L"本端裝置"), HasSubstr(L"本端網路")));
   ClickRefresh();
   Pump();

@@ -26,6 +26,22 @@ void MoveTo(HWND window, const set32::Rect& place) {
                SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
 }
 
+// Lets the system bring a new window to the screen, and a window manager put it where it will: over once nothing has
+// come for a while. What a person does waits.
+void SettleOnScreen() {
+  constexpr DWORD quiet = 50, longest = 500;
+  constexpr UINT kinds = PM_QS_PAINT | PM_QS_POSTMESSAGE | PM_QS_SENDMESSAGE;
+  const ULONGLONG end = GetTickCount64() + longest;
+  do {
+    MSG message{};
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE | kinds)) {
+      if (message.message == WM_QUIT) return PostQuitMessage(static_cast<int>(message.wParam));
+      DispatchMessageW(&message);
+    }
+  } while (GetTickCount64() < end &&
+           MsgWaitForMultipleObjects(0, nullptr, FALSE, quiet, kinds >> 16) == WAIT_OBJECT_0);
+}
+
 }  // namespace
 
 void ShowBox(HWND owner, const std::wstring& text) {
@@ -57,7 +73,8 @@ bool DeskWindow::Create(const std::wstring& pictureFile) {
   ShowWindow(Window(), SW_SHOW);
   SetFocus(preview_.Window());
   RedrawWindow(Window(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-  return OpenPanel();
+  SettleOnScreen();
+  return Window() != nullptr && OpenPanel();
 }
 
 // With large fonts the window still fits on the screen.
