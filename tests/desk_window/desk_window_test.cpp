@@ -1,4 +1,6 @@
 // The desk's window: its panes, its keys, its pictures, and what it says when something is missing.
+#include <functional>
+
 #include "apps/scan-desk/window/arguments.h"
 #include "apps/scan-desk/window/desk_menu.h"
 #include "set32/messages.h"
@@ -21,6 +23,27 @@ set32::Size SizeOf(HWND window) {
 std::vector<COLORREF> PixelsOf(HWND window) {
   const set32::Size size = SizeOf(window);
   return PixelsIn(window, {0, 0, size.width, size.height});
+}
+
+// A dialog of this process on another thread than a window's.
+HWND MessageBeside(HWND window) {
+  HWND found = nullptr;
+  while ((found = FindWindowExW(nullptr, found, MAKEINTRESOURCEW(32770), nullptr)) != nullptr) {
+    DWORD process = 0;
+    const DWORD thread = GetWindowThreadProcessId(found, &process);
+    if (process == GetCurrentProcessId() && thread != GetWindowThreadProcessId(window, nullptr)) break;
+  }
+  return found;
+}
+
+// What another thread does takes its time.
+bool Soon(const std::function<bool()>& isSo) {
+  constexpr ULONGLONG patience = 10000;
+  for (const ULONGLONG end = GetTickCount64() + patience; !isSo();) {
+    if (GetTickCount64() > end) return false;
+    Sleep(10);
+  }
+  return true;
 }
 
 TEST_F(Desk, HidesTheLogAndGivesItsRoomToPictureAndPanel) {
@@ -81,6 +104,26 @@ TEST_F(Desk, ClosesThePanelWithItsLibraryAndOpensItAgain) {
     ASSERT_NE(Page(), nullptr);
   }
   EXPECT_THAT(said_, ElementsAre());
+}
+
+// The message of a wrong number stands on a thread that holds the library, and a sheet comes again only from one that
+// was loaded anew.
+TEST_F(Desk, OpensThePanelAgainOnceTheMessageThatItLeftIsClosed) {
+  ASSERT_TRUE(Open());
+  SetFocus(Control(id::resolutionEdit));
+  SetWindowTextW(Control(id::resolutionEdit), L"7");
+  SetFocus(Control(id::widthEdit));
+  HWND message = nullptr;
+  ASSERT_TRUE(Soon([&] { return (message = MessageBeside(desk_->Window())) != nullptr; }));
+  Press('P', true);
+  EXPECT_EQ(Page(), nullptr);
+  Press('P', true);
+  EXPECT_EQ(Page(), nullptr);
+  EXPECT_THAT(said_, ElementsAre(HasSubstr(L"One of its messages may stand open")));
+  PostMessageW(message, WM_COMMAND, IDOK, 0);
+  EXPECT_TRUE(Soon([&] { return GetModuleHandleW(library_.c_str()) == nullptr; })) << "nothing else held it";
+  Press('P', true);
+  EXPECT_NE(Page(), nullptr);
 }
 
 // The panes by letters: picture, panel, log.

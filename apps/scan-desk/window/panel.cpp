@@ -24,6 +24,10 @@ std::wstring PathOf(const std::wstring& library) {
   return library.find_first_of(L"\\/") == std::wstring::npos ? ProgramFolder() + library : library;
 }
 
+constexpr wchar_t heldLibrary[] =
+    L"\n\nThe library of the last panel is still in use. One of its messages may stand open, perhaps behind this "
+    L"window: close it, then open the panel again.";
+
 }  // namespace
 
 Panel::Panel(const std::wstring& library, const PanelChoices& choices)
@@ -41,7 +45,7 @@ bool Panel::Open(HWND parent, HWND host, set32::CDib& preview, set32::Size size,
       &caps));
   if (page_ == nullptr) {
     trouble = std::wstring(L"The panel can't be opened: uiFixSetting has no page for the ") +
-              (IsInline() ? L"inline face." : L"sheet.");
+              (IsInline() ? L"inline face." : L"sheet.") + (library_.WasHeld() ? heldLibrary : L"");
   } else if (stood && IsInline()) {  // which a later call leaves where it stands
     SetWindowPos(page_, nullptr, 0, 0, size.width, size.height, SWP_NOZORDER | SWP_NOACTIVATE);
   }

@@ -22,6 +22,7 @@ Function Find(HMODULE library, const char* name) {
 
 bool PanelLibrary::Load(const std::wstring& file, std::wstring& trouble) {
   if (IsLoaded()) return true;
+  wasHeld_ = GetModuleHandleW(file.c_str()) != nullptr;
   set32::win32::OwnedModule library(LoadLibraryW(file.c_str()));
   if (!library) {
     trouble = file + L" can't be loaded: " + ErrorText(GetLastError());

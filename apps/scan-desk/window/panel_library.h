@@ -12,12 +12,14 @@ namespace scan_desk {
 
 class PanelLibrary {
  public:
-  // `file` is a path. On false nothing is loaded and `trouble` is a
-  // sentence that says why.
+  // `file` is a path. On false nothing is loaded and `trouble` is a sentence that says why.
   bool Load(const std::wstring& file, std::wstring& trouble);
   // Only once the panel's windows are gone.
   void Unload();
   bool IsLoaded() const { return fixSetting_ != nullptr; }
+  // Whether something else of the process had it loaded before, so that it is none that was loaded anew: a message
+  // box on a thread of its own keeps it until it is closed.
+  bool WasHeld() const { return wasHeld_; }
 
   // Null unless loaded. The library's other function, uiIsSettingOpen, speaks of the inline face alone: a host of
   // that face finds it here in the same way, and asks it where this desk asks whether a page stands (Panel::Page).
@@ -26,6 +28,7 @@ class PanelLibrary {
  private:
   set32::win32::OwnedModule library_;
   set32::UiFixSettingFunction fixSetting_ = nullptr;
+  bool wasHeld_ = false;
 };
 
 }  // namespace scan_desk
