@@ -42,23 +42,32 @@ void Settle() {
 }
 
 // A line where there is a terminal, or the end of a pipe; else a box.
-void SayLine(HWND owner, const std::wstring& text) {
+void SayOn(DWORD stream, HWND owner, const std::wstring& text) {
   const int size = WideCharToMultiByte(CP_UTF8, 0, text.c_str(), -1, nullptr, 0, nullptr, nullptr);
   std::string line(static_cast<std::size_t>(size), '\0');
   WideCharToMultiByte(CP_UTF8, 0, text.c_str(), -1, line.data(), size, nullptr, nullptr);
   line.back() = '\n';  // in the place of the zero
   DWORD written = 0;
-  if (!WriteFile(GetStdHandle(STD_ERROR_HANDLE), line.data(), static_cast<DWORD>(line.size()), &written, nullptr))
+  if (!WriteFile(GetStdHandle(stream), line.data(), static_cast<DWORD>(line.size()), &written, nullptr))
     scan_desk::ShowBox(owner, text);
+}
+
+void SayLine(HWND owner, const std::wstring& text) {
+  SayOn(STD_ERROR_HANDLE, owner, text);
 }
 
 }  // namespace
 
 int main() {
-  const std::optional<scan_desk::Arguments> arguments = scan_desk::ReadArguments(GetCommandLineW());
+  std::wstring trouble;
+  const std::optional<scan_desk::Arguments> arguments = scan_desk::ReadArguments(GetCommandLineW(), trouble);
   if (!arguments) {
-    SayLine(nullptr, scan_desk::usage);
+    SayLine(nullptr, trouble + L"\n\n" + scan_desk::usage);
     return 2;
+  }
+  if (arguments->help) {
+    SayOn(STD_OUTPUT_HANDLE, nullptr, scan_desk::usage);
+    return 0;
   }
   scan_desk::DeskWindow desk({.choices = arguments->choices, .say = arguments->once ? SayLine : scan_desk::ShowBox});
   if (!desk.Create(arguments->picture)) return 1;

@@ -266,8 +266,9 @@ TEST_F(Desk, IsNeverSmallerThanItsPanelNeeds) {
 }
 
 TEST(ArgumentsTest, FollowsACommandLineOrRefusesIt) {
+  std::wstring trouble;
   const auto arguments =
-      ReadArguments(LR"("C:\a b\scan-desk.exe" --page 1 --tab 2 --once --snapshot "x y.png" in.bmp)");
+      ReadArguments(LR"("C:\a b\scan-desk.exe" --page 1 --tab 2 --once --snapshot "x y.png" in.bmp)", trouble);
   ASSERT_TRUE(arguments);
   EXPECT_EQ(arguments->picture, L"in.bmp");
   EXPECT_EQ(arguments->snapshot, L"x y.png");
@@ -277,10 +278,22 @@ TEST(ArgumentsTest, FollowsACommandLineOrRefusesIt) {
   EXPECT_FALSE(arguments->advanced);
   EXPECT_EQ(arguments->choices, PanelChoices());
   const PanelChoices other{Face::inlinePage, Search::usbAndNetwork, false, 42};
-  EXPECT_EQ(ReadArguments(L"desk --face inline --network real --jpeg off --output-bits 42")->choices, other);
-  for (const wchar_t* wrong : {L"desk --page", L"desk --page 2", L"desk --face", L"desk --output-bits 40",
-                               L"desk --network maybe", L"desk --snapshot", L"desk --ever", L"desk a.bmp b.bmp"})
-    EXPECT_FALSE(ReadArguments(wrong)) << wrong;
+  EXPECT_EQ(ReadArguments(L"desk --face inline --network real --jpeg off --output-bits 42", trouble)->choices, other);
+  EXPECT_TRUE(ReadArguments(L"desk --help", trouble)->help);
+  const struct {
+    const wchar_t* line;
+    const wchar_t* trouble;
+  } wrong[] = {{L"desk --page", L"--page is followed by 0 or 1."},
+               {L"desk --tab 3", L"--tab is followed by 0 or 1 or 2."},
+               {L"desk --face --once", L"--face is followed by sheet or inline."},
+               {L"desk --snapshot", L"--snapshot is followed by a file."},
+               {L"desk --ever", L"There is no option --ever."},
+               {L"desk -o", L"There is no option -o."},
+               {L"desk a.bmp b.bmp", L"One preview is shown, not b.bmp too."}};
+  for (const auto& [line, expected] : wrong) {
+    EXPECT_FALSE(ReadArguments(line, trouble)) << line;
+    EXPECT_EQ(trouble, expected);
+  }
 }
 
 }  // namespace

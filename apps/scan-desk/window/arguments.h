@@ -17,11 +17,13 @@ struct Arguments {
   bool drag = false;      // a slider is dragged and timed
   bool advanced = false;  // the inline face's dialog stands open
   bool once = false;
+  bool help = false;  // the usage is wanted, and nothing else
 };
 
 extern const wchar_t usage[];
 
-// As the system splits a command line, the program's name first. Empty for one that can't be followed.
-std::optional<Arguments> ReadArguments(const wchar_t* commandLine);
+// As the system splits a command line, the program's name first. Empty for one that can't be followed; `trouble` then
+// is a sentence that says why.
+std::optional<Arguments> ReadArguments(const wchar_t* commandLine, std::wstring& trouble);
 
 }  // namespace scan_desk

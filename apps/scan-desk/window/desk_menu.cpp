@@ -106,6 +106,7 @@ const wchar_t keyLegend[] =
     L"Ctrl+P: close the panel, or open it again\n"
     L"Ctrl+R: crop the frame to what lies on the picture\n"
     L"Ctrl+I: ask for a scanner's address\n"
-    L"F1: these keys";
+    L"F1: these keys\n"
+    L"Alt+F4: leave";
 
 }  // namespace scan_desk
