@@ -3,6 +3,7 @@
 
 #include "apps/scan-desk/window/arguments.h"
 #include "apps/scan-desk/window/desk_menu.h"
+#include "apps/scan-desk/window/host_lines.h"
 #include "set32/messages.h"
 #include "tests/desk_window/desk_fixture.h"
 
@@ -263,6 +264,30 @@ TEST_F(Desk, IsNeverSmallerThanItsPanelNeeds) {
   EXPECT_GT(SizeOf(preview_).width, 0);
   EXPECT_GE(BelowFrames(), 0) << "the panel can be seen whole";
   EXPECT_GE(SendMessageW(Control(id::configList), LVM_GETCOUNTPERPAGE, 0, 0), 6) << "with every configuration";
+}
+
+// Addresses change from run to run and tell a reader nothing.
+TEST(LogTest, NamesEachMessageAndPrintsNoAddress) {
+  set32::ScanSettings record{};
+  record.mode = 1;
+  record.dpi = 300;
+  record.width = 8.5;
+  record.height = 11;
+  record.frameCommand = 0x7654321;
+  const struct {
+    UINT message;
+    WPARAM wParam;
+    const void* address;
+    std::wstring line;
+  } cases[] = {{0x402, 0, &record, L"0x402 0 area: mode 1, 300 dpi, 8.5 x 11 in, source 0, frame command"},
+               {0x403, 1, &record, L"0x403 1 settings of another source: mode 1, 300 dpi, 8.5 x 11 in, source 0"},
+               {0x409, 1, &record, L"0x409 1 auto crop taken over: mode 1, 300 dpi, 8.5 x 11 in, source 0"},
+               {0x40B, 2, &record, L"0x40B 2 frame"},
+               {0x40C, 0, "10.0.0.7", L"0x40C 0 device: \"10.0.0.7\""},
+               {0x40A, 0, &record, L"0x40A 0 (unknown)"}};
+  for (const auto& [message, wParam, address, line] : cases)
+    EXPECT_THAT(LineOfMessage(message, wParam, reinterpret_cast<LPARAM>(address)), testing::StartsWith(line));
+  EXPECT_EQ(LineOfMessage(0x401, 0, 300), L"0x401 0 resolution: 300 dpi");
 }
 
 TEST(ArgumentsTest, FollowsACommandLineOrRefusesIt) {

@@ -8,6 +8,7 @@
 
 #include "apps/scan-desk/frames/desk_layout.h"
 #include "apps/scan-desk/window/desk_menu.h"
+#include "apps/scan-desk/window/host_lines.h"
 #include "apps/scan-desk/window/system_text.h"
 #include "apps/scan-desk/window/window_object.h"
 
@@ -214,6 +215,7 @@ void DeskWindow::OnCommand(WORD id) {
       preview_.ReportAutoCrop();
       break;
     case command::askAddress:
+      if (panel_.Page() != nullptr) Log(LineOfQuestion());
       panel_.AskAddress();
       break;
     case command::showKeys:

@@ -16,5 +16,6 @@ const set32::ScanSettings* RecordOf(UINT message, LPARAM lParam);
 std::wstring LineOfMessage(UINT message, WPARAM wParam, LPARAM lParam);
 std::wstring LineOfReport(const FrameChange& change, const set32::Rect& frame);
 std::wstring LineOfAutoCrop(const set32::Rect& frame);
+std::wstring LineOfQuestion();
 
 }  // namespace scan_desk
