@@ -231,12 +231,17 @@ TEST_F(Desk, OpensTheFaceThatAPersonChooses) {
 }
 
 TEST_F(Desk, CropsThePictureWhenTheBoxIsChecked) {
-  ASSERT_TRUE(Open(LR"(samples\flatbed-colour-100dpi.bmp)"));
-  SendMessageW(Control(id::autoCropCheck), BM_CLICK, 0, 0);
-  Pump();
-  EXPECT_EQ(Text(Control(id::widthEdit)), L"7.56");
-  EXPECT_EQ(Text(Control(id::heightEdit)), L"9.80");
-  EXPECT_EQ(SendMessageW(Control(id::autoCropCheck), BM_GETCHECK, 0, 0), BST_CHECKED);
+  for (const Face face : {Face::sheet, Face::inlinePage}) {
+    ASSERT_TRUE(Open(library_, LR"(samples\flatbed-colour-100dpi.bmp)", {.face = face}));
+    const auto control = [&](int number) { return GetDlgItem(desk_->Page(), number); };
+    SendMessageW(control(id::autoCropCheck), BM_CLICK, 0, 0);
+    Pump();
+    EXPECT_EQ(Text(control(id::widthEdit)), L"7.56");
+    EXPECT_EQ(Text(control(id::heightEdit)), L"9.80");
+    EXPECT_EQ(SendMessageW(control(id::autoCropCheck), BM_GETCHECK, 0, 0), BST_CHECKED);
+    SendMessageW(control(id::autoCropCheck), BM_CLICK, 0, 0);  // the next panel opens with what this one left
+    EXPECT_EQ(Text(control(id::heightEdit)), L"11.00");
+  }
 }
 
 TEST_F(Desk, SearchesTheNetworkOnlyWhenAPersonAsksForIt) {
