@@ -38,6 +38,7 @@ class OneValue : public ProfileCalls {
     return true;
   }
   bool ReplaceFile(const char*, std::span<const char>) override { return false; }
+  bool CreateIfAbsent(const char*, std::span<const char>) override { return false; }
 };
 
 constexpr std::string_view hexDigits = "0123456789abcdefABCDEF";

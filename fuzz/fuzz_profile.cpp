@@ -4,15 +4,13 @@
 #include <array>
 #include <cstdint>
 #include <cstdlib>
-#include <cstring>
-#include <map>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform/profile_engine.h"
 #include "profile/profile_file.h"
+#include "tests/support/memory_files.h"
 
 namespace {
 
@@ -21,50 +19,6 @@ using namespace set32;
 void Check(bool holds) {
   if (!holds) std::abort();
 }
-
-// Files that live in memory.
-class MemoryFiles : public Files {
- public:
-  std::map<std::string, std::vector<std::uint8_t>, std::less<>> files;
-
-  bool Exists(std::string_view path) override { return files.find(path) != files.end(); }
-  std::unique_ptr<File> OpenToRead(std::string_view path) override {
-    if (!Exists(path)) return nullptr;
-    return std::make_unique<MemoryFile>(files[std::string(path)]);
-  }
-  std::unique_ptr<File> OpenToWrite(std::string_view path) override {
-    files[std::string(path)].clear();
-    return std::make_unique<MemoryFile>(files[std::string(path)]);
-  }
-  bool Replace(std::string_view from, std::string_view to) override {
-    files[std::string(to)] = std::move(files[std::string(from)]);
-    return Remove(from);
-  }
-  bool Remove(std::string_view path) override { return files.erase(std::string(path)) != 0; }
-  std::unique_ptr<FileLock> Lock(std::string_view, int) override { return std::make_unique<FileLock>(); }
-
- private:
-  class MemoryFile : public File {
-   public:
-    explicit MemoryFile(std::vector<std::uint8_t>& bytes) : bytes_(bytes) {}
-    std::size_t Read(std::span<std::uint8_t> into) override {
-      const std::size_t count = std::min(into.size(), bytes_.size() - at_);
-      std::copy_n(bytes_.data() + at_, count, into.data());
-      at_ += count;
-      return count;
-    }
-    std::size_t Write(std::span<const std::uint8_t> bytes) override {
-      bytes_.insert(bytes_.end(), bytes.begin(), bytes.end());
-      return bytes.size();
-    }
-    bool Flush() override { return true; }
-    std::uint64_t Size() override { return bytes_.size(); }
-
-   private:
-    std::vector<std::uint8_t>& bytes_;
-    std::size_t at_ = 0;
-  };
-};
 
 // The input's first line gives section, key and value, separated by tabs; the file is the rest.
 struct Input {
@@ -89,11 +43,6 @@ Input Split(std::string_view data) {
   return input;
 }
 
-std::string Bytes(const MemoryFiles& files) {
-  const auto found = files.files.find("f");
-  return found == files.files.end() ? std::string() : std::string(found->second.begin(), found->second.end());
-}
-
 // Every name of the section leads to a value of its own.
 void ReadAll(const CProfileFile& profile, const char* section) {
   std::vector<std::string> names;
@@ -111,7 +60,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const char* const section = input.section.c_str();
   const char* const key = input.key.c_str();
   MemoryFiles files;
-  files.files["f"].assign(input.file.begin(), input.file.end());
+  files.content["f"] = input.file;
   ProfileEngine engine(files);
   CProfileFile profile(engine);
   profile.SetFileName("f");
@@ -128,24 +77,24 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Check(small.back() == '?');
 
   const bool written = engine.WriteString(section, key, input.value.c_str(), "f");
-  Check(files.files.size() == 1);
+  Check(files.content.size() == 1);
   if (!written) {
-    Check(Bytes(files) == input.file);
+    Check(files.content["f"] == input.file);
     return 0;
   }
   std::string asRead(input.value.size() + 2, '\0');
   asRead.resize(engine.GetString(section, key, "missing", asRead, "f"));
   // Blanks and quotes at the ends are the only things that a value may lose.
   Check(input.value.find(asRead) != std::string::npos);
-  const std::string after = Bytes(files);
+  const std::string after = files.content["f"];
   Check(after.size() + input.file.size() >= input.value.size());
 
   // Writing it again changes nothing; what is removed is gone or a later one of its name, and the file only shrinks.
-  Check(engine.WriteString(section, key, input.value.c_str(), "f") && Bytes(files) == after);
-  Check(engine.WriteString(section, key, nullptr, "f") && Bytes(files).size() < after.size());
-  for (std::size_t left = Bytes(files).size(); left > 0;) {
+  Check(engine.WriteString(section, key, input.value.c_str(), "f") && files.content["f"] == after);
+  Check(engine.WriteString(section, key, nullptr, "f") && files.content["f"].size() < after.size());
+  for (std::size_t left = files.content["f"].size(); left > 0;) {
     Check(engine.WriteString(section, nullptr, nullptr, "f"));
-    const std::size_t now = Bytes(files).size();
+    const std::size_t now = files.content["f"].size();
     if (now == left) break;
     left = now;
   }

@@ -122,9 +122,9 @@ Shown Inspector::ShowPicture(std::span<const Word> words) const {
 }
 
 Shown Inspector::ShowTip(std::span<const Word> words) const {
-  const auto& [dialog, control] = scene_.Require(RequireControlName(words[1]));
-  const auto* tips = dynamic_cast<const TellsTips*>(&dialog.Tips());
-  const auto told = [&](int index) { return Quote(tips == nullptr ? "" : tips->TextAt(control.Id(), index)); };
+  const FoundControl found = scene_.Require(RequireControlName(words[1]));
+  const auto* tips = dynamic_cast<const TellsTips*>(&found.dialog.Tips());
+  const auto told = [&](int index) { return Quote(tips == nullptr ? "" : tips->TextAt(found.control.Id(), index)); };
   if (words.size() == 2) return Line("tip " + words[1].text, told(0));
   const auto index = ParseIndex(words[2]);
   if (!index) throw NotPossible("show tip takes ID or ID #INDEX");
