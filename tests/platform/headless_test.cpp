@@ -67,6 +67,21 @@ TEST_F(Headless, DialogsOutliveTheWindowsThatMadeThem) {
   EXPECT_EQ(dialog->Get<Edit>(edit).Text(), "");
 }
 
+TEST_F(Headless, WhoHearsOfALostPopUpMayReleaseIt) {
+  DialogTemplate popUp = page;
+  popUp.style = DialogStyle::modelessPopup;
+  auto owner = screen.windows.Create(popUp, parent, handler);
+  auto owned = screen.windows.Create(popUp, owner->Handle(), handler);
+  owner->SetVisible(true);
+  owned->SetVisible(true);
+  screen.windows.SetClosedHook([&](Dialog& closed, int) {
+    if (&closed == owned.get()) owned.reset();
+  });
+  owner.reset();
+  EXPECT_EQ(owned, nullptr);
+  EXPECT_TRUE(screen.windows.Standing().empty());
+}
+
 TEST_F(Headless, BoxesAreToldThenAnswered) {
   std::vector<std::string> told;
   screen.boxes.SetListener(

@@ -148,10 +148,10 @@ void HeadlessWindows::Release(HeadlessDialog& dialog) {
     if (!node.child && node.parent != 0 && IsInside(node.parent, window)) inside.push_back(handle);
   }
   for (const WindowHandle gone : inside) {
-    if (HeadlessDialog* other = DialogOf(gone)) {
-      if (std::exchange(other->open_, false) && closed_) closed_(*other, other->result_);
-      other->Perish();
-    }
+    HeadlessDialog* other = DialogOf(gone);
+    if (other != nullptr && std::exchange(other->open_, false) && closed_) closed_(*other, other->result_);
+    other = DialogOf(gone);  // whoever heard of it may have released it
+    if (other != nullptr) other->Perish();
     nodes_.erase(gone);
     if (focus_.window == gone) focus_ = {};
   }
