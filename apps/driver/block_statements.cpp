@@ -140,6 +140,10 @@ void Interpreter::OnHostMessage(std::uint32_t message) {
 }
 
 void Interpreter::RunInside(const Inside& inside, Block* block) {
+  constexpr int deepest = 100;  // the panel's calls stand between on the stack
+  if (depth_ == deepest) return Fail(current_.number, "statements stand too deep inside one another");
+  const Kept keptDepth(depth_);
+  ++depth_;
   Scene& scene = session_.TheScene();
   const int outerDialog = scene.DefaultDialog();
   const Kept keptInside(inside_);

@@ -153,6 +153,7 @@ class Interpreter : private SessionListener {
   bool failed_ = false;
   bool quit_ = false;
   const Inside* inside_ = nullptr;  // the innermost run inside a dialog, a box or a message
+  int depth_ = 0;                   // of runs inside one another
 
   // The statement that runs, where the next line comes from, and where the outermost ones come from.
   SourceLine current_;

@@ -3,11 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <string>
 #include <thread>
 
 #include "apps/driver/assembly.h"
 #include "apps/driver/character_grid.h"
 #include "apps/driver/session_folder.h"
+#include "tests/support/script_run.h"
 
 namespace set32 {
 namespace {
@@ -30,6 +32,16 @@ TEST(Driver, LetsRealTimePassBesideARealNetwork) {
   const std::uint64_t before = outside->Clock().Now();
   std::this_thread::sleep_for(std::chrono::milliseconds(20));
   EXPECT_GT(outside->Clock().Now(), before);
+}
+
+// A script can say this as often as it is long; the stack can't.
+TEST(Driver, RefusesStatementsTooDeepInsideOneAnother) {
+  std::string script;
+  for (int i = 0; i < 20000; ++i) script += "when host 0x404\nopen\nend\n";
+  const ScriptRun run = RunScript(script + "open\n");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.complaints,
+              testing::ElementsAre(testing::EndsWith(": statements stand too deep inside one another")));
 }
 
 }  // namespace
