@@ -2,63 +2,43 @@
 // come to rest, and no text of a string or number may lead a reader out of it.
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
 #include "controls/edit_rules.h"
 #include "controls/format.h"
 #include "controls/number_text.h"
+#include "fuzz/support/choices.h"
 
 namespace {
 
 using namespace set32;
+using namespace set32::fuzz;
 
-void Check(bool holds) {
-  if (!holds) std::abort();
+std::size_t PlaceIn(Choices& choices, std::size_t last) {
+  return static_cast<std::size_t>(choices.Below(static_cast<int>(last) + 1));
 }
-
-// The bytes of an input as a sequence of choices.
-class Choices {
- public:
-  Choices(const std::uint8_t* data, std::size_t size) : rest_(reinterpret_cast<const char*>(data), size) {}
-
-  bool More() const { return !rest_.empty(); }
-  std::size_t Below(std::size_t bound) {
-    if (rest_.empty() || bound == 0) return 0;
-    const auto byte = static_cast<unsigned char>(rest_.front());
-    rest_.remove_prefix(1);
-    return byte % bound;
-  }
-  std::string_view Text(std::size_t most) {
-    const std::string_view text = rest_.substr(0, Below(most + 1));
-    rest_.remove_prefix(std::min(text.size(), rest_.size()));
-    return text;
-  }
-
- private:
-  std::string_view rest_;
-};
 
 void WalkRealEdit(Choices choices) {
   RealEditRules rules;
   constexpr double limits[] = {-100, -0.5, 0, 0.3, 9.99, 1000, 1e308};
-  rules.SetRange(limits[choices.Below(std::size(limits))], limits[choices.Below(std::size(limits))]);
+  const auto low = choices.OneOf(limits);
+  rules.SetRange(low, choices.OneOf(limits));
   constexpr std::string_view keys = "0123456789.- x\b";
   EditState state;
-  while (choices.More()) {
-    state.start = choices.Below(state.text.size() + 1);
-    state.end = state.start + choices.Below(state.text.size() - state.start + 1);
+  while (!choices.IsEmpty()) {
+    state.start = PlaceIn(choices, state.text.size());
+    state.end = state.start + PlaceIn(choices, state.text.size() - state.start);
     const bool paste = choices.Below(4) == 0;
-    const std::string_view added = paste ? choices.Text(200) : keys.substr(choices.Below(keys.size()), 1);
+    const std::string_view added = paste ? choices.Text(200) : keys.substr(PlaceIn(choices, keys.size() - 1), 1);
     const EditVerdict verdict = rules.Judge(state, added);
     if (verdict == EditVerdict::taken) {
       state.text = state.With(added);
-      Check(rules.Allows(state.text));
-      Check(state.text.size() <= RealEditRules::longestText);
-      Check(std::ranges::count(state.text, '.') <= 1 && std::ranges::count(state.text, '-') <= 1);
-      Check(ReadDecimalNumber(state.text) <= rules.maxValue);
-      Check(state.text.empty() || rules.minValue < 0 || IsDecimalText(state.text));
+      Require(rules.Allows(state.text));
+      Require(state.text.size() <= RealEditRules::longestText);
+      Require(std::ranges::count(state.text, '.') <= 1 && std::ranges::count(state.text, '-') <= 1);
+      Require(ReadDecimalNumber(state.text) <= rules.maxValue);
+      Require(state.text.empty() || rules.minValue < 0 || IsDecimalText(state.text));
     } else if (verdict == EditVerdict::refused) {
       state.text = state.With("");
     }
@@ -68,21 +48,23 @@ void WalkRealEdit(Choices choices) {
 void WalkIntEdit(Choices choices) {
   IntEditRules rules;
   constexpr std::int32_t limits[] = {-2147483647 - 1, -100, 0, 10, 100, 2147483647};
-  rules.SetRange(limits[choices.Below(std::size(limits))], limits[choices.Below(std::size(limits))]);
+  const auto low = choices.OneOf(limits);
+  rules.SetRange(low, choices.OneOf(limits));
   std::string text;
-  while (choices.More()) {
-    text.insert(choices.Below(text.size() + 1), choices.Text(24));
+  while (!choices.IsEmpty()) {
+    const std::size_t at = PlaceIn(choices, text.size());
+    text.insert(at, choices.Text(24));
     if (const auto shown = rules.Repair(text)) text = *shown;
-    Check(!rules.Repair(text));
-    Check(text.size() <= 1 || WholeNumberText(ReadWholeNumber(text)) == text);
+    Require(!rules.Repair(text));
+    Require(text.size() <= 1 || WholeNumberText(ReadWholeNumber(text)) == text);
   }
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  WalkRealEdit({data, size});
-  WalkIntEdit({data, size});
+  WalkRealEdit(Choices({data, size}));
+  WalkIntEdit(Choices({data, size}));
   const std::string_view text(reinterpret_cast<const char*>(data), size);
   CutToInt(ReadDecimalNumber(text));
   FormatText(text, 1, text.substr(0, 8), -1);

@@ -3,9 +3,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <vector>
 
 #include "apps/stage/model/model_windows.h"
+#include "fuzz/support/choices.h"
 
 namespace set32 {
 namespace {
@@ -55,23 +57,22 @@ class Walker : public DialogHandler, public HostWindowHandler {
 
 class Walk {
  public:
-  Walk(const std::uint8_t* data, std::size_t size) : data_(data), end_(data + size) {
+  explicit Walk(std::span<const std::uint8_t> bytes) : choices_(bytes) {
     screen_.windows.SetOpenedHook([this](Dialog&) { ActInside(); });
     screen_.windows.SetClosedHook([this](Dialog&, int) { ActInside(); });
   }
 
   void Run() {
-    while (data_ != end_) Act();
+    while (!choices_.IsEmpty()) Act();
   }
   void ActInside() {
-    if (data_ != end_ && depth_ < deepest && Pick(3) == 0) Act();
+    if (!choices_.IsEmpty() && depth_ < deepest && Pick(3) == 0) Act();
   }
 
  private:
   static constexpr int deepest = 8;
 
-  // 0 once the data is used up.
-  int Pick(int choices) { return data_ == end_ ? 0 : *data_++ % choices; }
+  int Pick(int choices) { return choices_.Below(choices); }
 
   WindowHandle AnyWindow() {
     const auto standing = screen_.windows.Standing();
@@ -208,8 +209,7 @@ class Walk {
     }
   }
 
-  const std::uint8_t* data_;
-  const std::uint8_t* end_;
+  fuzz::Choices choices_;
   int depth_ = 0;
   WindowHandle host_ = 0;
   Walker walker_{*this};
@@ -226,6 +226,6 @@ MessageResult Walker::Act() {
 }  // namespace set32
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  set32::Walk(data, size).Run();
+  set32::Walk({data, size}).Run();
   return 0;
 }

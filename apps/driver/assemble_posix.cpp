@@ -40,7 +40,8 @@ class PosixAssembly : public Assembly {
  public:
   explicit PosixAssembly(const AssemblyOptions& options)
       : Assembly(options),
-        profiles_(options.quickFiles ? static_cast<Files&>(quickFiles_) : files_),
+        files_(options.files != nullptr ? *options.files : systemFiles_),
+        profiles_(options.quickFiles ? quickFiles_ : files_),
         platform_{scene_.windows,
                   scene_.boxes,
                   files_,
@@ -60,7 +61,8 @@ class PosixAssembly : public Assembly {
 
  private:
   ModelWindows scene_;
-  PosixFiles files_;
+  PosixFiles systemFiles_;
+  Files& files_;
   QuickFiles quickFiles_{files_};
   ProfileEngine profiles_;
   PosixSockets realSockets_;

@@ -25,6 +25,7 @@ class Win32Assembly : public Assembly {
  public:
   explicit Win32Assembly(const AssemblyOptions& options)
       : Assembly(options),
+        files_(options.files != nullptr ? *options.files : systemFiles_),
         platform_{windows_,
                   boxes_,
                   files_,
@@ -49,7 +50,8 @@ class Win32Assembly : public Assembly {
   HeadlessBoxes boxes_;
   HeadlessClipboard clipboard_;
   Win32Input input_{windows_, clipboard_, Win32Input::HostWindows::hidden};
-  Win32Files files_;
+  Win32Files systemFiles_;
+  Files& files_;
   ProfileEngine profiles_{files_};
   Win32Sockets realSockets_;
   Win32UsbDevices realUsb_;

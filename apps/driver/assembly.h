@@ -24,6 +24,7 @@ struct AssemblyOptions {
   std::uint16_t language = 0x0404;
   bool realNetwork = false;  // sockets and USB devices of the system
   bool quickFiles = false;   // bytes needn't be on the medium when a write returns
+  Files* files = nullptr;    // in the place of the system's; they outlive the assembly
 };
 
 class Assembly {

@@ -58,7 +58,7 @@ bool BothFacesStand(Session& session) {
 
 }  // namespace
 
-std::optional<std::string> WalkChecks::Check(Session& session, const std::string& act) {
+WalkChecks::Finding WalkChecks::Check(Session& session, const std::string& act) {
   if (session.Host().SawForeignRecord()) return "a message carried another record than the host's";
   if (auto finding = CheckCodes(session.Host().Settings())) return finding;
   if (auto finding = CheckAdjustments(session.Host().Settings())) return finding;
@@ -89,7 +89,7 @@ WalkChecks::Finding WalkChecks::CheckCodes(const ScanSettings& settings) const {
 }
 
 // Nobody in a walk writes anything else, so the panel must hold its values to their ranges.
-WalkChecks::Finding WalkChecks::CheckAdjustments(const ScanSettings& settings) const {
+WalkChecks::Finding WalkChecks::CheckAdjustments(const ScanSettings& settings) {
   constexpr double lowest = static_cast<double>(0.01F);  // as the Advanced page keeps what the dialog lets stand
   const auto isGamma = [](double gamma) { return gamma >= lowest && gamma <= 10.0; };
   if (!isGamma(settings.gammaAll) || !isGamma(settings.gammaRed) || !isGamma(settings.gammaGreen) ||

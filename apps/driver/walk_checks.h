@@ -12,12 +12,14 @@ namespace set32 {
 class WalkChecks {
  public:
   // Nothing while all holds, else what doesn't. `act` is the statement that ran last.
-  std::optional<std::string> Check(Session& session, const std::string& act);
+  using Finding = std::optional<std::string>;
+  Finding Check(Session& session, const std::string& act);
+
+  // What of this can be said of a record alone: its values of the picture are within their ranges.
+  static Finding CheckAdjustments(const ScanSettings& settings);
 
  private:
-  using Finding = std::optional<std::string>;
   Finding CheckCodes(const ScanSettings& settings) const;
-  Finding CheckAdjustments(const ScanSettings& settings) const;
   Finding CheckAdvancedPage(Session& session) const;
   Finding CheckCombos(Session& session) const;
   Finding CheckLengths(Session& session) const;
