@@ -1,4 +1,5 @@
-#include <memory>
+#include <algorithm>
+#include <random>
 
 #include "apps/stage/model/headless_system.h"
 #include "boundary/option_keys.h"
@@ -87,6 +88,15 @@ std::string ScannerList() {
   return files.content[path];
 }
 
+// Without the byte that the files begin with.
+std::string ActsBeforeFiles(std::mt19937& random) {
+  constexpr std::size_t size = 60;
+  std::string acts(size, '\0');
+  for (char& act : acts) act = static_cast<char>(random());
+  std::ranges::replace(acts, fileMark, '\0');
+  return acts;
+}
+
 void AddDictionaries(Seeds& seeds) {
   std::vector<std::string> words = {"\n[", "]\n", "=", "\r\n", ";", "\""};
   const auto add = [&](const auto& key) { words.insert(words.end(), {key.section, std::string(key.name) + '='}); };
@@ -142,11 +152,11 @@ void AddProfiles(Seeds& seeds) {
   }
   seeds.AddWords("fuzz_hex_record", {"0", "ff", "DEADBEEF"});
 
-  const std::string acts = {9, 1, 3, 0, 2, 1, 5, 1, 1, 2, 1, 4, 0, 1, 7, 1, 0};
+  std::mt19937 random;
   for (const int face : {0, 1}) {
     for (const std::string& profile : {small, fresh}) {
       for (const int driverType : {0, 3}) {
-        std::string input = acts;
+        std::string input = ActsBeforeFiles(random);
         input += Marked(ModuleFile::module, ModuleSettingsFile(driverType));
         input += Marked(ModuleFile::hardware, ProfileFile().Write(hardware_key::dialogPlace, "40,50").Text());
         input += Marked(ModuleFile::options, Options(face));
