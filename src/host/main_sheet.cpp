@@ -13,7 +13,7 @@ CAdvanceMainSheet::CAdvanceMainSheet(ModuleState& state, std::string caption, in
       active_(startPage),
       advancedPage_(std::make_unique<CResponsePage>(state)),
       generalPage_(std::make_unique<CSettingBoxPage>(state, *advancedPage_)),
-      pages_{{{dialog::general, generalPage_.get(), nullptr}, {dialog::advanced, advancedPage_.get(), nullptr}}} {
+      pages_{{{dialog::general, generalPage_.get()}, {dialog::advanced, advancedPage_.get()}}} {
   advancedPage_->SetPanel(*generalPage_);
 }
 
@@ -40,10 +40,13 @@ void CAdvanceMainSheet::OnInit(Dialog& dialog) {
   tabs.SetCurrent(active_);
 }
 
+// None where the page is still coming: its start can be in the middle of a message, and somebody turns to it there.
 Dialog* CAdvanceMainSheet::EnsureWindow(int page) {
   Page& wanted = pages_[static_cast<std::size_t>(page)];
-  if (wanted.window == nullptr && HasWindow()) {
+  if (wanted.window == nullptr && !wanted.isComing && HasWindow()) {
+    wanted.isComing = true;
     wanted.window = state_.platform.windows.Create(*FindDialog(wanted.templateId), sheet_->Handle(), *wanted.handler);
+    wanted.isComing = false;
   }
   return wanted.window.get();
 }

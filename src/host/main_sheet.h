@@ -50,7 +50,8 @@ class CAdvanceMainSheet : public DialogHandler {
   struct Page {
     int templateId;
     DialogHandler* handler;
-    std::unique_ptr<Dialog> window;
+    std::unique_ptr<Dialog> window = {};
+    bool isComing = false;  // its window is being made
   };
 
   TabBar& Tabs() const { return sheet_->Get<TabBar>(id_sheet::tabs); }
