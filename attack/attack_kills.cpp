@@ -10,7 +10,7 @@
 #include <string>
 #include <thread>
 
-#include "attack/dice.h"
+#include "apps/driver/choices.h"
 #include "attack/verdict.h"
 #include "platform/posix/file_handle.h"
 #include "platform/posix/posix_files.h"

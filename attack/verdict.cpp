@@ -1,11 +1,19 @@
 #include "attack/verdict.h"
 
+#include <signal.h>
+#include <unistd.h>
+
 #include <charconv>
 #include <cstdio>
+#include <cstring>
 #include <exception>
 #include <optional>
 #include <random>
 #include <string_view>
+
+#ifdef __SANITIZE_ADDRESS__
+#include <sanitizer/common_interface_defs.h>
+#endif
 
 namespace set32 {
 
@@ -24,6 +32,25 @@ std::optional<std::uint32_t> ParseNumber(std::string_view text, std::uint32_t hi
   return value;
 }
 
+// What a crash still says: nothing is allocated then.
+char again[100];
+std::string partName;
+
+void SetAgain(std::uint32_t seconds, std::uint32_t seed) {
+  std::snprintf(again, sizeof again, "repeat: attack_%s %u %u\n", partName.c_str(), seconds, seed);
+}
+
+void TellAgain() {
+  [[maybe_unused]] const auto written = write(STDERR_FILENO, again, std::strlen(again));
+}
+
+void TellCrashes() {
+#ifdef __SANITIZE_ADDRESS__
+  __sanitizer_set_death_callback(TellAgain);
+#endif
+  signal(SIGABRT, [](int) { TellAgain(); });
+}
+
 AttackOutcome Run(const std::function<AttackOutcome(const AttackOrder&)>& part, const AttackOrder& order) {
   try {
     return part(order);
@@ -34,6 +61,10 @@ AttackOutcome Run(const std::function<AttackOutcome(const AttackOrder&)>& part, 
 
 }  // namespace
 
+void NoteSeed(std::uint32_t seed) {
+  SetAgain(1, seed);
+}
+
 int RunAttack(const std::string& name, int count, char** words,
               const std::function<AttackOutcome(const AttackOrder&)>& part) {
   const auto seconds = count >= 2 ? ParseNumber(words[1], longest) : std::nullopt;
@@ -42,16 +73,16 @@ int RunAttack(const std::string& name, int count, char** words,
     std::fprintf(stderr, "Usage: attack_%s SECONDS [SEED]\n", name.c_str());
     return usageStatus;
   }
-  const std::string again = "attack_" + name + " " + words[1] + " " + std::to_string(*seed);
-  std::fprintf(stderr, "%s\n", again.c_str());
+  partName = name;
+  SetAgain(*seconds, *seed);
+  TellCrashes();
   const AttackOutcome outcome = Run(part, {std::chrono::steady_clock::now() + std::chrono::seconds(*seconds), *seed});
-  std::fflush(stderr);
   switch (outcome.verdict) {
     case AttackOutcome::Verdict::held:
       std::printf("%s: %s - held\n", name.c_str(), outcome.figures.c_str());
       return heldStatus;
     case AttackOutcome::Verdict::fell:
-      std::fprintf(stderr, "repeat: %s\n", again.c_str());
+      TellAgain();
       std::printf("%s: %s - FELL: %s\n", name.c_str(), outcome.figures.c_str(), outcome.why.c_str());
       return fellStatus;
     default:

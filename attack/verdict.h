@@ -8,8 +8,7 @@
 //   NAME: FIGURES - FELL: WHY             1; what repeats it stands on the standard error output
 //   NAME: not tried: WHY                  77; the machine doesn't allow it
 //
-// Wrong arguments: the usage on the standard error output, 2. The seed is told at the start, so that also a part that
-// crashes can be repeated.
+// Wrong arguments: the usage on the standard error output, 2. A part that crashes tells its seed as well.
 #pragma once
 
 #include <chrono>
@@ -42,6 +41,10 @@ inline AttackOutcome Fell(std::string figures, std::string why) {
 inline AttackOutcome NotTried(std::string why) {
   return {AttackOutcome::Verdict::notTried, {}, std::move(why)};
 }
+
+// A part that goes in rounds, each with a seed of its own, says so before each: whatever falls is then repeated by
+// that round alone.
+void NoteSeed(std::uint32_t seed);
 
 // The whole of a part's main(). `name` is the program's without "attack_". An exception that leaves the part is a
 // fall.
