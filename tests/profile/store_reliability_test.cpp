@@ -7,71 +7,26 @@
 
 #include "platform/letter_case.h"
 #include "profile/config_store.h"
-#include "resources/ids.h"
 #include "tests/support/faulty_files.h"
 #include "tests/support/memory_files.h"
-#include "tests/support/memory_world.h"
+#include "tests/support/profile_panel.h"
 
 namespace set32 {
 namespace {
-
-// The panel on a profile with rows of the person's own.
-struct Panel {
-  explicit Panel(Files& files) : world(files), module(world.platform), host(world) {}
-  bool Open() { return (page = host.Open(module)) != nullptr; }
-  Input& Hands() { return world.screen.input; }
-
-  void SaveAs(const std::string& name) {
-    world.screen.windows.SetOpenedHook([this, name](Dialog& opened) {
-      if (opened.TemplateId() != dialog::saveConfig) return;
-      auto& edit = opened.Get<Edit>(id104::nameEdit);
-      Hands().SelectAll(edit);
-      Hands().TypeText(edit, name);
-      Hands().Click(opened.Get<Button>(id::ok));
-    });
-    Hands().Click(page->Get<Button>(id::saveButton));
-  }
-
-  MemoryWorld world;
-  Module module;
-  MemoryHost host;
-  Dialog* page = nullptr;
-};
 
 std::string ProfileOf(const MemoryFiles& disk) {
   const auto found = disk.content.find(MemoryWorld::profilePath);
   return found != disk.content.end() ? found->second : std::string();
 }
 
-struct Operation {
-  const char* name;
-  std::function<void(Panel&)> act;
-  bool opensFirst = true;
-  std::size_t states = 2;  // how many the file may be found in: before, between two writes, after
-};
-
-const std::vector<Operation> operations = {
-    {"fresh profile", [](Panel& p) { p.Open(); }, false},
-    {"save", [](Panel& p) { p.SaveAs("new"); }},
-    {"replace", [](Panel& p) { p.host.record->jpegQuality = 1, p.SaveAs("mine"); }},
-    {"change", [](Panel& p) { p.Hands().PickEntry(p.page->Get<Combo>(id::resolutionCombo), 4); }},
-    {"change on a factory row",
-     [](Panel& p) {
-       p.Hands().ArrowTo(p.page->Get<List>(id::configList), 1);
-       p.Hands().PickEntry(p.page->Get<Combo>(id::resolutionCombo), 4);
-     }},
-    {"delete", [](Panel& p) { p.Hands().Click(p.page->Get<Button>(id::deleteButton)); }},
-    {"close", [](Panel& p) { p.host.record->jpegQuality = 2, p.host.End(); }, true, 4},
-};
-
 TEST(StoreReliability, LeavesTheOldProfileOrTheNewOneWhenAnyFileOperationFails) {
   MemoryFiles prepared;
   {
-    Panel panel(prepared);
+    ProfilePanel panel(prepared);
     ASSERT_TRUE(panel.Open());
     panel.SaveAs("mine");
   }
-  for (const Operation& one : operations) {
+  for (const ProfileWork& one : ProfileWorks()) {
     SCOPED_TRACE(one.name);
     std::set<std::string> wholes;  // what the file may hold; absent counts as empty
     std::string before;
@@ -80,7 +35,7 @@ TEST(StoreReliability, LeavesTheOldProfileOrTheNewOneWhenAnyFileOperationFails) 
       MemoryFiles disk;
       if (one.opensFirst) disk.content = prepared.content;
       FaultyFiles files(disk);
-      Panel panel(files);
+      ProfilePanel panel(files);
       if (one.opensFirst) {
         ASSERT_TRUE(panel.Open());
       }
@@ -96,12 +51,12 @@ TEST(StoreReliability, LeavesTheOldProfileOrTheNewOneWhenAnyFileOperationFails) 
       one.act(panel);
       files.FailAt(-1);
       const std::string now = ProfileOf(disk);
-      if (one.states == 2) {
+      if (one.writes == 1) {
         EXPECT_TRUE(wholes.contains(now)) << "operation " << operation << "\n" << now;
       } else {
         // Two writes, each whole: every line is of the old or of the new file.
         wholes.insert(now);
-        EXPECT_LE(wholes.size(), one.states);
+        EXPECT_LE(wholes.size(), 4U);
         EXPECT_EQ(std::count(now.begin(), now.end(), '\n'), std::count(before.begin(), before.end(), '\n'));
       }
       ConfigEntry first;
@@ -120,7 +75,7 @@ TEST(StoreReliability, OpensOnAStandingProfileWithoutReplacingIt) {
     disk.content[MemoryWorld::profilePath] = own;
     FaultyFiles files(disk);
     files.FailAt(operation);
-    Panel panel(files);
+    ProfilePanel panel(files);
     panel.Open();
     EXPECT_EQ(ProfileOf(disk), own) << "operation " << operation;
     if (!files.HasFailed()) break;
@@ -140,7 +95,7 @@ class FullDisk : public ForwardingFiles {
 TEST(StoreReliability, DoesNotShowAsSavedWhatCouldNotBeStored) {
   MemoryFiles disk;
   FullDisk files(disk);
-  Panel panel(files);
+  ProfilePanel panel(files);
   ASSERT_TRUE(panel.Open());
   panel.SaveAs("mine");
   auto& rows = panel.page->Get<List>(id::configList);
@@ -191,7 +146,7 @@ class CountingFiles : public ForwardingFiles {
 TEST(StoreReliability, AChangeCostsOneWriteAndAsManyReadsWhateverTheNumberOfRows) {
   MemoryFiles disk;
   CountingFiles files(disk);
-  Panel panel(files);
+  ProfilePanel panel(files);
   ASSERT_TRUE(panel.Open());
   int reads = 0;
   for (int rows = 7; rows <= CConfigStore::mostRows; ++rows) {

@@ -1,4 +1,5 @@
-// Files of which one operation fails, counted from the start: each step of a longer piece of work can be broken.
+// Files of which one operation fails, counted from the start, or all from there on: each step of a longer piece of
+// work can be broken.
 #pragma once
 
 #include <utility>
@@ -12,7 +13,8 @@ class FaultyFiles : public ForwardingFiles {
   using ForwardingFiles::ForwardingFiles;
 
   // The operation of this number fails, counted from 0; none with a negative one. A write that fails stores half.
-  void FailAt(int operation) { left_ = operation; }
+  void FailAt(int operation) { left_ = operation, goesOn_ = false; }
+  void FailFrom(int operation) { left_ = operation, goesOn_ = true; }
   bool HasFailed() const { return failed_; }
 
   Presence PresenceOf(std::string_view path) override {
@@ -54,7 +56,8 @@ class FaultyFiles : public ForwardingFiles {
   };
 
   bool Fails() {
-    const bool fails = left_-- == 0;
+    const bool fails = left_ == 0;
+    if (left_ > 0 || !goesOn_) --left_;
     failed_ = failed_ || fails;
     return fails;
   }
@@ -65,6 +68,7 @@ class FaultyFiles : public ForwardingFiles {
   }
 
   int left_ = -1;
+  bool goesOn_ = false;
   bool failed_ = false;
 };
 
