@@ -7,15 +7,13 @@
 #include <set>
 #include <sstream>
 #include <string>
-#include <vector>
 
 #include "apps/driver/choices.h"
+#include "attack/profile_look.h"
 #include "attack/verdict.h"
 #include "platform/posix/posix_files.h"
-#include "profile/config_items.h"
 #include "tests/support/faulty_files.h"
 #include "tests/support/memory_files.h"
-#include "tests/support/profile_panel.h"
 #include "tests/support/scratch_folder.h"
 
 namespace set32 {
@@ -23,21 +21,6 @@ namespace {
 
 constexpr const char* profile = MemoryWorld::profilePath;
 constexpr const char* afterwards = "afterwards";
-
-std::string ContentOf(Files& files) {
-  std::string text;
-  const auto file = files.OpenToRead(profile);
-  if (file == nullptr) return text;
-  text.resize(static_cast<std::size_t>(file->Size()));
-  text.resize(file->Read({reinterpret_cast<std::uint8_t*>(text.data()), text.size()}));
-  return text;
-}
-
-std::vector<std::string> NewFilesOf(Files& files) {
-  std::vector<std::string> left = files.EndingsBeside(profile);
-  std::erase_if(left, [](const std::string& ending) { return !ending.ends_with(".tmp"); });
-  return left;
-}
 
 void SetContent(Files& files, const std::string& text) {
   for (const std::string& ending : NewFilesOf(files)) files.Remove(profile + ending);
@@ -51,24 +34,6 @@ std::multiset<std::string> LinesOf(const std::string& text) {
   std::istringstream rest(text);
   for (std::string line; std::getline(rest, line);) lines.insert(line);
   return lines;
-}
-
-std::set<std::string> RowsOf(Files& files) {
-  ProfileEngine engine(files);
-  std::set<std::string> rows;
-  ConfigEntries entries(engine, profile);
-  for (ConfigEntry entry; entries.Next(entry);) rows.emplace(entry.name);
-  return rows;
-}
-
-// From the last row: where the one to select couldn't be read, the first is, which can't be saved. False where the
-// panel offers no saving: its rows couldn't be read, and they stay away until it opens again.
-bool SaveAfterwards(ProfilePanel& panel) {
-  auto& rows = panel.page->Get<List>(id::configList);
-  panel.Hands().ArrowTo(rows, rows.Count() - 1);
-  if (!panel.page->Get<Button>(id::saveButton).IsEnabled()) return false;
-  panel.SaveAs(afterwards);
-  return true;
 }
 
 // What a work does where nothing fails.
@@ -178,10 +143,10 @@ class FailingFiles {
     if (isChange && std::memcmp(panel.host.record.get(), &course.record, sizeof course.record) != 0)
       return "the record isn't as the person set it";
     auto rows = RowsOf(files);
-    if (panel.host.record == nullptr || !SaveAfterwards(panel)) {
+    if (panel.host.record == nullptr || !SaveFromLastRow(panel, afterwards)) {
       panel.host.End();
       ProfilePanel next(files);
-      if (!next.Open() || !SaveAfterwards(next)) return "the next panel can't save";
+      if (!next.Open() || !SaveFromLastRow(next, afterwards)) return "the next panel can't save";
     }
     rows.insert(afterwards);
     const auto rowsNow = RowsOf(files);

@@ -1,18 +1,15 @@
 // Processes that are killed at random points of a loop that saves. After each the profile is whole and holds every
 // save that was confirmed, and the next write takes away what the killed one left.
 #include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <string>
 #include <thread>
 
 #include "apps/driver/choices.h"
+#include "attack/processes.h"
 #include "attack/verdict.h"
-#include "platform/posix/file_handle.h"
 #include "platform/posix/posix_files.h"
 #include "platform/profile_engine.h"
 #include "profile/config_items.h"
@@ -22,6 +19,7 @@ namespace set32 {
 namespace {
 
 constexpr int names = 20;
+constexpr int failed = -1;
 constexpr const char* lastName = "after the kill";
 
 std::string NameOf(int number) {
@@ -36,14 +34,13 @@ ScanConfigItem ItemOf(int number) {
   return item;
 }
 
-// Saves from `first` on, each number under one of the names, and tells each that is done; -1 when one failed.
-[[noreturn]] void SaveOnAndOn(const std::string& path, int first, int tell) {
+// Saves from `first` on, each number under one of the names, and tells each that is done.
+int SaveOnAndOn(const std::string& path, int first, const Tellings& tellings) {
   PosixFiles files;
   ProfileEngine profiles(files);
   for (int number = first;; ++number) {
     const bool isStored = StoreConfigItem(profiles, path, NameOf(number), ItemOf(number)) == Stored::written;
-    const int told = isStored ? number : -1;
-    if (write(tell, &told, sizeof told) != sizeof told || !isStored) _exit(1);
+    if (!tellings.Tell(isStored ? number : failed) || !isStored) return 1;
   }
 }
 
@@ -66,32 +63,25 @@ class Kills {
  private:
   // Most rounds wait for the first save, so that the kill falls into the loop and not into its start.
   std::string Round() {
-    std::array<int, 2> ends{};
-    if (pipe(ends.data()) != 0) return "no pipe";
-    FileHandle heard(ends[0]);
-    FileHandle told(ends[1]);
-    const pid_t child = fork();
-    if (child < 0) return "no process";
-    if (child == 0) SaveOnAndOn(path_, done_ + 1, told.Get());
-    told = FileHandle();
-    bool failed = false;
-    if (!dice_.OneIn(8)) failed = !Hear(heard);
+    Tellings saved;
+    Child child([&] { return SaveOnAndOn(path_, done_ + 1, saved); });
+    if (!child.IsRunning()) return "no process";
+    saved.CloseTelling();
+    if (!dice_.OneIn(8)) Hear(saved);
     std::this_thread::sleep_for(std::chrono::microseconds(dice_.Below(6000)));
-    kill(child, SIGKILL);
-    int status = 0;
-    waitpid(child, &status, 0);
-    if (WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) ++kills_;
-    while (!failed && Hear(heard)) continue;
-    return failed || hasFailed_ ? "a save failed that nobody else was in the way of" : "";
+    child.Kill();
+    if (child.Wait() == -SIGKILL) ++kills_;
+    while (Hear(saved)) continue;
+    return hasFailed_ ? "a save failed that nobody else was in the way of" : "";
   }
 
-  // One more save that was done; false at the end of them and after one that failed.
-  bool Hear(const FileHandle& heard) {
+  // One more save that was done; false at the end of them.
+  bool Hear(const Tellings& saved) {
     int number = 0;
-    if (read(heard.Get(), &number, sizeof number) != sizeof number) return false;
-    hasFailed_ = hasFailed_ || number < 0;
-    if (!hasFailed_) done_ = number;
-    return !hasFailed_;
+    if (!saved.Hear(number)) return false;
+    hasFailed_ = hasFailed_ || number == failed;
+    if (number != failed) done_ = number;
+    return true;
   }
 
   // Each row holds the last save of its name that was confirmed, or the one that was done and not told any more.
