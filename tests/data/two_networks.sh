@@ -1,9 +1,9 @@
 #!/bin/sh
-# Runs a test program in a network namespace of its own, with a second one at the other end of a veth pair. Both are
-# gone when it ends. Usage, inside "unshare -Urnu": two_networks.sh PROGRAM TEST. Exit status 77: not allowed here.
+# Runs a program in a network namespace of its own, with a second one at the other end of a veth pair. Both are
+# gone when it ends. Usage, inside "unshare -Urnu": two_networks.sh PROGRAM ARGUMENT... Exit status 77: not allowed here.
 cannot() { echo "cannot have $1"; exit 77; }
 
-unshare -n sleep 100 &
+unshare -n sleep "${SET32_TEST_NETWORK_SECONDS:-100}" &
 other=$!
 trap 'kill $other' EXIT
 for i in 1 2 3 4 5 6 7 8 9 10; do
@@ -19,4 +19,4 @@ done
 nsenter -t $other -n ip link set there up || cannot "the other end up"
 echo localhost >/proc/sys/kernel/hostname  # a name that can be looked up
 ip route add default dev here || cannot "a route"
-SET32_TEST_OTHER_NETWORK=$other "$1" "--gtest_filter=$2"
+SET32_TEST_OTHER_NETWORK=$other "$@"
