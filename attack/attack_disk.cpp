@@ -5,8 +5,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -101,7 +99,7 @@ class FullDisks {
     int refused = 0;
     for (int save = 0; save < mostRows && refused < 3; ++save) {
       const bool changes = dice_.OneIn(3);
-      const std::string fault = changes ? Change(files, panel) : Save(files, panel, save, refused);
+      std::string fault = changes ? Change(files, panel) : Save(files, panel, save, refused);
       if (!fault.empty()) return fault;
     }
     refused_ += refused;

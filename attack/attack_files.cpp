@@ -2,9 +2,9 @@
 // on, on files in memory and on real ones. The profile is the old or the new one, whole; no panel is missing, what
 // the person set stays set, and once the files work again the panel goes on and clears away what was left.
 #include <algorithm>
-#include <cstring>
 #include <filesystem>
 #include <set>
+#include <span>
 #include <sstream>
 #include <string>
 
@@ -34,6 +34,10 @@ std::multiset<std::string> LinesOf(const std::string& text) {
   std::istringstream rest(text);
   for (std::string line; std::getline(rest, line);) lines.insert(line);
   return lines;
+}
+
+bool IsSame(const ScanSettings& one, const ScanSettings& other) {
+  return std::ranges::equal(std::as_bytes(std::span(&one, 1)), std::as_bytes(std::span(&other, 1)));
 }
 
 // What a work does where nothing fails.
@@ -140,8 +144,7 @@ class FailingFiles {
   std::string FaultInPanel(Files& files, const ProfileWork& work, const Course& course, ProfilePanel& panel) {
     if (panel.page == nullptr) return "no panel stands";
     const bool isChange = std::string_view(work.name).starts_with("change");
-    if (isChange && std::memcmp(panel.host.record.get(), &course.record, sizeof course.record) != 0)
-      return "the record isn't as the person set it";
+    if (isChange && !IsSame(*panel.host.record, course.record)) return "the record isn't as the person set it";
     auto rows = RowsOf(files);
     if (panel.host.record == nullptr || !SaveFromLastRow(panel, afterwards)) {
       panel.host.End();

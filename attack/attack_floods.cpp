@@ -55,9 +55,9 @@ class CountingSockets : public ForwardingSockets {
       return socket_->Send(bytes, address, port);
     }
     Received Receive(std::span<std::uint8_t> into, int wait) override {
-      const Received received = socket_->Receive(into, wait);
-      if (received.status != ReceiveStatus::timeOut) ++owner_.received;
-      return received;
+      const Received seen = socket_->Receive(into, wait);
+      if (seen.status != ReceiveStatus::timeOut) ++owner_.received;
+      return seen;
     }
 
    private:

@@ -61,6 +61,7 @@ class Writers {
     const auto end = steady_clock::now() + lasts;
     Tellings confirmed;
     std::vector<Child> children;
+    children.reserve(writers);
     for (int writer = 0; writer < writers; ++writer) {
       children.emplace_back([&, writer] {
         PosixFiles files;
@@ -108,6 +109,7 @@ class Writers {
     ++starts_;
     Tellings start;
     std::vector<Child> children;
+    children.reserve(static_cast<std::size_t>(hosts));
     for (int host = 0; host < hosts; ++host) {
       const int delay = dice_.Below(3000);
       children.emplace_back([&, host, delay] {

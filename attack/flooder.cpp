@@ -3,7 +3,6 @@
 #include <sys/socket.h>
 
 #include <algorithm>
-#include <cstring>
 
 #include "apps/driver/wild_values.h"
 #include "platform/posix/socket_address.h"
