@@ -109,8 +109,7 @@ class Kills {
     if (folder_.Names().size() > 1) ++leftBehind_;
     if (StoreConfigItem(profiles_, path_, lastName, ItemOf(kills_)) != Stored::written)
       return "the next write failed";
-    const auto left = folder_.Names();
-    return left.size() == 1 ? "" : left.back() + " outlived the next write";
+    return folder_.Names().size() == 1 ? "" : "a new file outlived the next write";
   }
 
   Dice dice_;

@@ -1,6 +1,7 @@
 #include "attack/processes.h"
 
 #include <signal.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -24,7 +25,9 @@ int Run(const std::function<int()>& work) {
 }  // namespace
 
 Child::Child(const std::function<int()>& work) : process_(fork()) {
-  if (process_ == 0) _exit(Run(work));
+  if (process_ != 0) return;
+  prctl(PR_SET_PDEATHSIG, SIGKILL);  // none outlives its parent, however that ends
+  _exit(Run(work));
 }
 
 Child::~Child() {

@@ -34,6 +34,7 @@ std::optional<std::uint32_t> ParseNumber(std::string_view text, std::uint32_t hi
 
 // What a crash still says: nothing is allocated then.
 char again[100];
+char hung[100];
 std::string partName;
 
 void SetAgain(std::uint32_t seconds, std::uint32_t seed) {
@@ -42,6 +43,21 @@ void SetAgain(std::uint32_t seconds, std::uint32_t seed) {
 
 void TellAgain() {
   [[maybe_unused]] const auto written = write(STDERR_FILENO, again, std::strlen(again));
+}
+
+// Somebody waits for ever. The time that is left to a part which is merely slow is generous.
+constexpr std::uint32_t secondsOver = 30;
+
+void EndHung(int) {
+  TellAgain();
+  [[maybe_unused]] const auto written = write(STDOUT_FILENO, hung, std::strlen(hung));
+  _exit(fellStatus);
+}
+
+void TellHangs(std::uint32_t seconds) {
+  std::snprintf(hung, sizeof hung, "%s: cut short - FELL: hung\n", partName.c_str());
+  signal(SIGALRM, EndHung);
+  alarm(seconds * 3 + secondsOver);
 }
 
 void TellCrashes() {
@@ -76,6 +92,7 @@ int RunAttack(const std::string& name, int count, char** words,
   partName = name;
   SetAgain(*seconds, *seed);
   TellCrashes();
+  TellHangs(*seconds);
   const AttackOutcome outcome = Run(part, {std::chrono::steady_clock::now() + std::chrono::seconds(*seconds), *seed});
   switch (outcome.verdict) {
     case AttackOutcome::Verdict::held:

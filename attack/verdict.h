@@ -8,7 +8,8 @@
 //   NAME: FIGURES - FELL: WHY             1; what repeats it stands on the standard error output
 //   NAME: not tried: WHY                  77; the machine doesn't allow it
 //
-// Wrong arguments: the usage on the standard error output, 2. A part that crashes tells its seed as well.
+// Wrong arguments: the usage on the standard error output, 2. A part that crashes, or goes on for three times its
+// seconds and half a minute, tells its seed as well.
 #pragma once
 
 #include <chrono>
