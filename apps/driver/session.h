@@ -17,7 +17,8 @@
 
 namespace set32 {
 
-// Hears what a session sees, at the moment that it happens, and acts inside dialogs and boxes.
+// Hears what a session sees, at the moment that it happens, and acts inside dialogs and boxes. What it throws ends in
+// the panel, which lets nothing through; so whoever acts inside takes what wasn't possible itself.
 class SessionListener {
  public:
   virtual ~SessionListener() = default;

@@ -21,7 +21,7 @@ class Threads {
  public:
   virtual ~Threads() = default;
   // Runs the work on a thread of its own, which holds the module loaded until it ends; nobody waits for it. False
-  // when no thread could be had (the work is then dropped). The work must not throw.
+  // when no thread could be had (the work is then dropped). What the work throws ends it.
   virtual bool Start(ThreadPriority priority, std::function<void()> work) = 0;
   // Null on failure.
   virtual std::unique_ptr<NamedMutex> MakeMutex(std::string_view name, bool owned) = 0;

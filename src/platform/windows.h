@@ -16,6 +16,7 @@
 #include "platform/dialog_template.h"
 #include "platform/events.h"
 #include "platform/geometry.h"
+#include "platform/guarded.h"
 #include "platform/tooltip.h"
 #include "set32/window_handle.h"
 
@@ -32,6 +33,9 @@ inline constexpr int cancel = 2;
 }  // namespace dialog_result
 
 // What a dialog's window tells its owner. Every operation has the default handling as its default.
+//
+// What an operation throws ends where it was told, and the windows go on: the rest of that operation is dropped. What
+// OnInit throws means that there is no dialog.
 class DialogHandler {
  public:
   virtual ~DialogHandler() = default;
@@ -144,7 +148,8 @@ class Windows {
   virtual ~Windows() = default;
 
   // Creates a dialog as a child of `parent`, or owned by it for the pop-up styles; OnInit runs inside. Null when the
-  // window can't be created or died inside OnInit. A control that can't be created is left out. Children are shown
+  // window can't be created or died inside OnInit; what OnInit throws comes out here and from a modal run, the window
+  // having gone without a word. A control that can't be created is left out. Children are shown
   // once OnInit is over (OnShown) and take no focus; pop-ups and bare dialogs are hidden until shown, and then the
   // focus is on their first control that can take it (TakesFocus), or on themselves; notes leave it where it is. A
   // window dies with its parent or owner, whatever kind of window that is.
@@ -177,6 +182,13 @@ class Windows {
 
  protected:
   static void Attach(DialogHandler& handler, Dialog* dialog) { handler.handled_ = dialog; }
+  // Runs OnInit. A handler whose start fails has no dialog, or the one that it got meanwhile.
+  static void Start(DialogHandler& handler, Dialog& dialog) {
+    const OnFailure detach([&] {
+      if (handler.handled_ == &dialog) handler.handled_ = nullptr;
+    });
+    handler.OnInit(dialog);
+  }
 };
 
 template <typename T>

@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <new>
 #include <thread>
 
 #include "platform/posix/posix_system.h"
@@ -30,6 +31,16 @@ TEST(PosixThreadsTest, OutliveTheirStarter) {
   }
   go = true;
   while (!done) std::this_thread::yield();
+}
+
+TEST(PosixThreadsTest, EndWithWhatTheyThrow) {
+  std::atomic<bool> thrown{false};
+  ASSERT_TRUE(PosixThreads().Start(ThreadPriority::normal, [&] {
+    thrown = true;
+    throw std::bad_alloc();
+  }));
+  while (!thrown) std::this_thread::yield();
+  std::this_thread::sleep_for(std::chrono::milliseconds(10));  // it would take the process along
 }
 
 TEST(NamedMutexTest, BelongsToOneThread) {

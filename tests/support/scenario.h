@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "apps/driver/not_possible.h"
 #include "apps/driver/session.h"
 #include "apps/driver/session_folder.h"
 #include "resources/ids.h"
@@ -61,7 +62,7 @@ class Scenario : public testing::Test, protected SessionListener {
  private:
   void OnLine(const std::string& line) override {
     lines_.push_back(line);
-    if (onLine_) onLine_(line);
+    if (onLine_) Try([&] { onLine_(line); });
   }
   void OnModalOpened(Dialog& dialog) override {
     if (!Act(dialog)) ADD_FAILURE() << "dialog " << dialog.TemplateId() << " opens and nothing waits for it";
@@ -81,9 +82,18 @@ class Scenario : public testing::Test, protected SessionListener {
     waiting.pop_front();
     const int outer = session_.TheScene().DefaultDialog();
     session_.TheScene().SetDefaultDialog(dialog.TemplateId());
-    act();
+    Try(act);
     session_.TheScene().SetDefaultDialog(outer);
     return true;
+  }
+
+  // What can't be done inside the panel's own work is told here, since no exception goes through the panel.
+  static void Try(const std::function<void()>& act) {
+    try {
+      act();
+    } catch (const NotPossible& why) {
+      ADD_FAILURE() << why.what();
+    }
   }
 
   SessionFolder folder_;

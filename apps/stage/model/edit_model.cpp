@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/guarded.h"
 #include "platform/utf8.h"
 
 namespace set32 {
@@ -76,7 +77,7 @@ void EditModel::Perish() {
 
 void EditModel::Type(std::string_view character) {
   if (!Alive() || character.empty()) return;
-  if (guard_ != nullptr && !guard_->OnCharacter(character)) return;
+  if (guard_ != nullptr && !Guarded(false, [&] { return guard_->OnCharacter(character); })) return;
   if (!Alive() || readOnly_) return;
   if (character.front() == backspace) {
     EraseBackwards();
@@ -87,7 +88,7 @@ void EditModel::Type(std::string_view character) {
 
 void EditModel::Paste(std::string_view clipboard) {
   if (!Alive()) return;
-  if (guard_ != nullptr && !guard_->OnPaste()) return;
+  if (guard_ != nullptr && !Guarded(false, [&] { return guard_->OnPaste(); })) return;
   if (!Alive() || readOnly_) return;
   const std::string_view line = clipboard.substr(0, clipboard.find_first_of(std::string_view("\r\n\0", 3)));
   const std::string_view fitting = line.substr(0, BytesBefore(line, Room()));

@@ -27,7 +27,7 @@ HeadlessDialog::HeadlessDialog(HeadlessWindows& windows, const DialogTemplate& s
 
 HeadlessDialog::~HeadlessDialog() {
   if (windows_ != nullptr) windows_->Release(*this);
-  graveyard_->controls.push_back(std::move(controls_));
+  graveyard_->controls.splice(graveyard_->controls.end(), held_);
 }
 
 Control* HeadlessDialog::Find(int id) const {

@@ -4,6 +4,7 @@
 // even release this object, is done by HeadlessWindows under the window's handle.
 #pragma once
 
+#include <list>
 #include <memory>
 #include <string>
 #include <vector>
@@ -17,10 +18,12 @@ namespace set32 {
 class HeadlessWindows;
 
 // Controls of released dialogs, kept until the next event that isn't nested in another: one of them may be what
-// raised the event in which its dialog was released.
+// raised the event in which its dialog was released. Each dialog brings its place along, since releasing one may not
+// need memory.
+using DialogControls = std::list<std::vector<std::unique_ptr<Control>>>;
 struct Graveyard {
   int deliveries = 0;
-  std::vector<std::vector<std::unique_ptr<Control>>> controls;
+  DialogControls controls;
 };
 
 class HeadlessDialog : public Dialog {
@@ -102,7 +105,8 @@ class HeadlessDialog : public Dialog {
   std::string title_;
   Picture icon_;
   FocusMemory focusBefore_;  // of a pop-up: where the focus was when it appeared
-  std::vector<std::unique_ptr<Control>> controls_;
+  DialogControls held_{1};
+  std::vector<std::unique_ptr<Control>>& controls_ = held_.front();
   std::unique_ptr<TooltipModel> tips_;
 };
 

@@ -8,6 +8,7 @@
 #include "apps/stage/model/list_model.h"
 #include "apps/stage/model/range_models.h"
 #include "apps/stage/model/tab_model.h"
+#include "platform/guarded.h"
 
 namespace set32 {
 
@@ -133,7 +134,7 @@ void HeadlessInput::PressKey(Key key) {
 // An edit's guard sees the key first, then the dialog: a push button with the focus, the default button, OK.
 void HeadlessInput::PressEnter(WindowHandle window) {
   const auto* edit = dynamic_cast<EditModel*>(windows_.DialogOf(window)->Focused());
-  if (edit != nullptr && edit->Guard() != nullptr) edit->Guard()->OnEnterKey();
+  if (edit != nullptr && edit->Guard() != nullptr) Guarded([&] { edit->Guard()->OnEnterKey(); });
   const HeadlessDialog* dialog = windows_.DialogOf(window);
   if (dialog == nullptr) return;
 

@@ -108,20 +108,17 @@ void HeadlessWindows::Destroy(WindowHandle window) {
     LeaveScreen(window);
     if (FocusIsInside(window)) MoveFocus({});
   }
-  for (const WindowHandle inside : Inside(window)) {
-    if (Node* dying = Find(inside)) dying->dying = true;
-    Tell(inside, [](DialogHandler& handler) { handler.OnDestroying(); });
+  const WindowHandle youngest = lastHandle_;
+  for (WindowHandle at = window; at != 0 && at <= youngest; at = NextInside(window, at)) {
+    if (Node* dying = Find(at)) dying->dying = true;
+    Tell(at, [](DialogHandler& handler) { handler.OnDestroying(); });
   }
-  const std::vector<WindowHandle> inside = Inside(window);
-  for (auto last = inside.rbegin(); last != inside.rend(); ++last) Bury(*last);
+  while (const WindowHandle last = LastInside(window)) Bury(last);
 }
 
 void HeadlessWindows::DestroyOwned(WindowHandle window) {
-  std::vector<WindowHandle> owned;
-  for (const auto& [handle, node] : nodes_) {
-    if (!node.child && node.parent != 0 && IsInside(node.parent, window)) owned.push_back(handle);
-  }
-  for (const WindowHandle popUp : owned) Destroy(popUp);
+  const WindowHandle youngest = lastHandle_;
+  for (WindowHandle at = NextOwned(window, 0); at != 0 && at <= youngest; at = NextOwned(window, at)) Destroy(at);
 }
 
 void HeadlessWindows::Bury(WindowHandle window) {
@@ -134,7 +131,7 @@ void HeadlessWindows::Bury(WindowHandle window) {
   if (handler == nullptr) return;
   Attach(*handler, nullptr);
   const Delivery delivery(*graveyard_);
-  handler->OnDestroyed();
+  Guarded([handler] { handler->OnDestroyed(); });
 }
 
 // Whoever releases a dialog object drops its window and all inside it without a word to any handler, since the
@@ -143,18 +140,17 @@ void HeadlessWindows::Release(HeadlessDialog& dialog) {
   const WindowHandle window = dialog.Handle();
   if (std::exchange(dialog.open_, false) && closed_) closed_(dialog, dialog.result_);
   if (!dialog.IsChild()) ReturnFocus(window, {dialog.focusBefore_.window, dialog.focusBefore_.control});
-  std::vector<WindowHandle> inside = Inside(window);
-  for (const auto& [handle, node] : nodes_) {
-    if (!node.child && node.parent != 0 && IsInside(node.parent, window)) inside.push_back(handle);
-  }
-  for (const WindowHandle gone : inside) {
-    HeadlessDialog* other = DialogOf(gone);
-    if (other != nullptr && std::exchange(other->open_, false) && closed_) closed_(*other, other->result_);
-    other = DialogOf(gone);  // whoever heard of it may have released it
-    if (other != nullptr) other->Perish();
-    nodes_.erase(gone);
-    if (focus_.window == gone) focus_ = {};
-  }
+  for (WindowHandle at = NextOwned(window, 0); at != 0; at = NextOwned(window, at)) Drop(at);
+  while (const WindowHandle last = LastInside(window)) Drop(last);
+}
+
+void HeadlessWindows::Drop(WindowHandle window) {
+  HeadlessDialog* dialog = DialogOf(window);
+  if (dialog != nullptr && std::exchange(dialog->open_, false) && closed_) closed_(*dialog, dialog->result_);
+  dialog = DialogOf(window);  // whoever heard of it may have released it
+  if (dialog != nullptr) dialog->Perish();
+  nodes_.erase(window);
+  if (focus_.window == window) focus_ = {};
 }
 
 }  // namespace set32

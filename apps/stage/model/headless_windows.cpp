@@ -49,7 +49,10 @@ std::unique_ptr<HeadlessDialog> HeadlessWindows::Make(const DialogTemplate& sour
 
   Attach(handler, dialog.get());
   if (!child && opening_) opening_(*dialog);
-  Tell(handle, [&](DialogHandler& hears) { hears.OnInit(*dialog); });
+  {
+    const Delivery delivery(*graveyard_);
+    if (IsWindow(handle)) Start(handler, *dialog);
+  }
   return dialog->IsAlive() ? std::move(dialog) : nullptr;
 }
 
@@ -173,12 +176,25 @@ bool HeadlessWindows::IsInside(WindowHandle window, WindowHandle outer) const {
   return true;
 }
 
-std::vector<WindowHandle> HeadlessWindows::Inside(WindowHandle window) const {
-  std::vector<WindowHandle> inside;
-  for (const auto& [handle, node] : nodes_) {
-    if (IsInside(handle, window)) inside.push_back(handle);
-  }
-  return inside;  // a child's handle is higher than its parent's
+WindowHandle HeadlessWindows::NextInside(WindowHandle window, WindowHandle after) const {
+  auto node = nodes_.upper_bound(after);
+  while (node != nodes_.end() && !IsInside(node->first, window)) ++node;
+  return node == nodes_.end() ? 0 : node->first;
+}
+
+WindowHandle HeadlessWindows::LastInside(WindowHandle window) const {
+  auto node = nodes_.rbegin();
+  while (node != nodes_.rend() && !IsInside(node->first, window)) ++node;
+  return node == nodes_.rend() ? 0 : node->first;
+}
+
+WindowHandle HeadlessWindows::NextOwned(WindowHandle window, WindowHandle after) const {
+  const auto isOwned = [&](const Node& node) {
+    return !node.child && node.parent != 0 && IsInside(node.parent, window);
+  };
+  auto node = nodes_.upper_bound(after);
+  while (node != nodes_.end() && !isOwned(node->second)) ++node;
+  return node == nodes_.end() ? 0 : node->first;
 }
 
 Rect HeadlessWindows::OnScreen(WindowHandle window) const {

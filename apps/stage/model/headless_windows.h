@@ -79,7 +79,7 @@ class HeadlessWindows : public Windows, public WindowWatch {
     const HeadlessDialog* dialog = DialogOf(window);
     if (dialog == nullptr) return;
     const Delivery delivery(*graveyard_);
-    act(*dialog->handler_);
+    Guarded([&] { act(*dialog->handler_); });
   }
 
  private:
@@ -109,7 +109,12 @@ class HeadlessWindows : public Windows, public WindowWatch {
   Node* Find(WindowHandle window);
   WindowHandle TopLevelOf(WindowHandle window) const;
   bool IsInside(WindowHandle window, WindowHandle outer) const;
-  std::vector<WindowHandle> Inside(WindowHandle window) const;  // the window first, parents before children
+  // The windows inside one, itself counted in: the first one behind another, and the last. A child is always behind
+  // its parent. 0 for none. Asked one by one, since ending a window may not need memory.
+  WindowHandle NextInside(WindowHandle window, WindowHandle after) const;
+  WindowHandle LastInside(WindowHandle window) const;
+  // The first pop-up behind `after` that is owned by a window or by one inside it.
+  WindowHandle NextOwned(WindowHandle window, WindowHandle after) const;
   Rect OnScreen(WindowHandle window) const;
 
   std::unique_ptr<HeadlessDialog> Make(const DialogTemplate& source, WindowHandle parent, DialogHandler& handler,
@@ -125,6 +130,7 @@ class HeadlessWindows : public Windows, public WindowWatch {
   void LeaveScreen(WindowHandle window);
   void Bury(WindowHandle window);
   void Release(HeadlessDialog& dialog);
+  void Drop(WindowHandle window);
 
   bool CanTakeFocus(FocusPlace place) const;
   bool IsShown(WindowHandle window) const;

@@ -8,8 +8,9 @@
 #include <map>
 #include <mutex>
 #include <string>
-#include <system_error>
 #include <thread>
+
+#include "platform/guarded.h"
 
 namespace set32 {
 
@@ -87,15 +88,12 @@ void ApplyPriority(ThreadPriority priority) {
 }  // namespace
 
 bool PosixThreads::Start(ThreadPriority priority, std::function<void()> work) {
-  try {
+  return Guarded([&] {
     std::thread([priority, work = std::move(work)] {
       ApplyPriority(priority);
-      work();
+      Guarded(work);
     }).detach();
-  } catch (const std::system_error&) {
-    return false;
-  }
-  return true;
+  });
 }
 
 std::unique_ptr<NamedMutex> PosixThreads::MakeMutex(std::string_view name, bool owned) {

@@ -84,7 +84,7 @@ Win32Dialog::~Win32Dialog() {
     if (::IsWindow(window)) OnWindowGone();
     if (returnsFocus) ReturnFocus(focusBefore_);
   }
-  if (windowSet_->deliveries > 0) windowSet_->graveyard.push_back(std::move(controls_));
+  if (windowSet_->deliveries > 0) windowSet_->graveyard.splice(windowSet_->graveyard.end(), held_);
 }
 
 void Win32Dialog::SetVisible(bool visible) {
@@ -223,21 +223,29 @@ void Win32Dialog::Destroy() {
   }
 }
 
+// The first dialog that fits among those of the numbers behind `after`, up to `last`. Asked one by one, as each may
+// take others along, and ending a window may not need memory.
+template <typename Fits>
+Win32Dialog* Win32Dialog::Next(const win32::WindowSet& among, std::uint32_t after, std::uint32_t last, Fits fits) {
+  const auto found = std::find_if(among.standing.begin(), among.standing.end(), [&](const Win32Dialog* dialog) {
+    return dialog->number_ > after && dialog->number_ <= last && fits(*dialog);
+  });
+  return found == among.standing.end() ? nullptr : *found;
+}
+
 // Pop-ups that were opened over a part of this window are no system's business: the system knows only top-level
 // owners.
 void Win32Dialog::DestroyOwned() const {
-  const HWND window = window_;
-  const std::vector<Win32Dialog*> standing = windowSet_->standing;
-  std::vector<HWND> owned;
-  for (const Win32Dialog* other : standing) {
-    if (!other->child_ && (other->parent_ == window || ::IsChild(window, other->parent_)))
-      owned.push_back(other->window_);
-  }
-  for (const HWND popUp : owned) {
-    Win32Dialog* other = Of(popUp);
-    if (other == nullptr) continue;
+  const auto isOwned = [window = window_](const Win32Dialog& other) {
+    return !other.child_ && (other.parent_ == window || ::IsChild(window, other.parent_));
+  };
+  const std::shared_ptr<win32::WindowSet> windowSet = windowSet_;
+  const std::uint32_t last = windowSet->lastNumber;
+  std::uint32_t after = 0;
+  while (Win32Dialog* other = Next(*windowSet, after, last, isOwned)) {
+    after = other->number_;
     if (other->silent_) {
-      DestroyWindow(popUp);
+      DestroyWindow(other->window_);
     } else {
       other->Destroy();
     }
@@ -258,12 +266,14 @@ void Win32Dialog::OnWindowDestroying() {
   }
   if (Of(window) != this) return;
   Tell([](DialogHandler& handler) { handler.OnDestroying(); });
-  std::vector<HWND> inside;
-  for (const Win32Dialog* other : windowSet->standing) {
-    if (other->child_ && ::IsChild(window, other->window_)) inside.push_back(other->window_);
-  }
-  for (const HWND child : inside) {
-    if (Win32Dialog* other = Of(child)) other->OnWindowDestroying();
+  const auto isInside = [window](const Win32Dialog& other) {
+    return other.child_ && ::IsChild(window, other.window_);
+  };
+  const std::uint32_t last = windowSet->lastNumber;
+  std::uint32_t after = 0;
+  while (Win32Dialog* other = Next(*windowSet, after, last, isInside)) {
+    after = other->number_;
+    other->OnWindowDestroying();
   }
 }
 
@@ -280,7 +290,7 @@ void Win32Dialog::OnWindowGone() {
   const win32::Delivery delivery(windowSet);
   DialogHandler& handler = *handler_;
   Win32Windows::Detach(handler);
-  handler.OnDestroyed();
+  Guarded([&handler] { handler.OnDestroyed(); });
 }
 
 }  // namespace set32

@@ -57,7 +57,8 @@ int ThumbPosition(HWND bar, WPARAM wParam) {
 
 INT_PTR CALLBACK Win32Dialog::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   Win32Dialog* dialog = Of(window);
-  return dialog == nullptr ? FALSE : dialog->OnMessage(message, wParam, lParam);
+  if (dialog == nullptr) return FALSE;
+  return Guarded(INT_PTR{FALSE}, [&] { return dialog->OnMessage(message, wParam, lParam); });
 }
 
 INT_PTR Win32Dialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -1,5 +1,6 @@
 #include "platform/win32/loop_hook.h"
 
+#include "platform/guarded.h"
 #include "platform/win32/edit_control.h"
 #include "platform/win32/range_controls.h"
 #include "platform/win32/simple_controls.h"
@@ -148,7 +149,10 @@ LRESULT CALLBACK OnMessageTaken(int code, WPARAM removed, LPARAM lParam) {
     if (message.message == WM_MOUSEWHEEL) AimWheel(message);
     const bool isKey = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
     const bool isForgotten = IsInput(message.message) && WasForgotten(message);
-    if (isForgotten || (isKey && !KeysBelongToTheSystem() && TakeKey(message))) {
+    const auto isTaken = [&] {
+      return isKey && !KeysBelongToTheSystem() && Guarded(true, [&] { return TakeKey(message); });
+    };
+    if (isForgotten || isTaken()) {
       message.message = WM_NULL;
       message.wParam = 0;
       message.lParam = 0;

@@ -1,5 +1,6 @@
 #include "platform/win32/real_control.h"
 
+#include "platform/guarded.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/handle.h"
 #include "platform/win32/rects.h"
@@ -28,7 +29,8 @@ LRESULT CALLBACK RealControl::Procedure(HWND window, UINT message, WPARAM wParam
   if (message == WM_NCDESTROY) {
     control->window_ = nullptr;
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
-  } else if (const std::optional<LRESULT> answer = control->OnMessage(message, wParam, lParam)) {
+  } else if (const auto answer =
+                 Guarded(std::optional<LRESULT>(0), [&] { return control->OnMessage(message, wParam, lParam); })) {
     return *answer;
   } else if (!IsWindow(window)) {
     return 0;

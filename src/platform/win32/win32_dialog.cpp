@@ -21,7 +21,8 @@ Win32Dialog::Win32Dialog(std::shared_ptr<win32::WindowSet> windowSet, const Dial
       handler_(&handler),
       child_(source.style == DialogStyle::child || source.style == DialogStyle::sheet),
       modal_(modal),
-      takesFocus_(source.style != DialogStyle::notePopup) {}
+      takesFocus_(source.style != DialogStyle::notePopup),
+      number_(++windowSet_->lastNumber) {}
 
 Control* Win32Dialog::Find(int id) const {
   const auto found =

@@ -70,7 +70,7 @@ class Win32Dialog : public Dialog {
  private:
   friend class Win32Windows;
 
-  // Calls the handler; not once the window is gone or its object was released.
+  // Calls the handler; not once the window is gone or its object was released. What it throws ends here.
   template <typename Act>
   void Tell(Act act) const;
 
@@ -100,6 +100,8 @@ class Win32Dialog : public Dialog {
   void LeaveScreen();
   bool ReturnsFocus() const;
   static void ReturnFocus(HWND before);
+  template <typename Fits>
+  static Win32Dialog* Next(const win32::WindowSet& among, std::uint32_t after, std::uint32_t last, Fits fits);
   void TellShown(bool shown);
   void PostOpened() const;
   void TellOpened();
@@ -129,7 +131,9 @@ class Win32Dialog : public Dialog {
   HWND focusBefore_ = nullptr;  // outside, of a pop-up that appeared
   HWND focusInside_ = nullptr;  // of a pop-up behind another window
   win32::OwnedIcon icon_;
-  std::vector<std::unique_ptr<Control>> controls_;
+  const std::uint32_t number_;  // in order of creation
+  win32::DialogControls held_{1};
+  std::vector<std::unique_ptr<Control>>& controls_ = held_.front();
   std::unique_ptr<win32::RealTooltip> tips_;
 };
 
@@ -137,7 +141,7 @@ template <typename Act>
 void Win32Dialog::Tell(Act act) const {
   if (silent_ || window_ == nullptr) return;
   const win32::Delivery delivery(windowSet_);
-  act(*handler_);
+  Guarded([&] { act(*handler_); });
 }
 
 }  // namespace set32

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/guarded.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/handle.h"
 #include "platform/win32/module_instance.h"
@@ -91,11 +92,14 @@ BoxAnswer Win32Boxes::Show(WindowHandle owner, std::string_view text, std::strin
 
 void Win32Boxes::ShowOnThread(WindowHandle owner, std::string_view text, std::string_view caption,
                               std::uint32_t style) {
-  // The thread needs nothing of this object but its operation, which has no state.
-  threads_.Start(ThreadPriority::normal, [owner, style, text = std::string(text), caption = std::string(caption)] {
-    const auto window = reinterpret_cast<HWND>(owner);
-    MessageBoxW(::IsWindow(window) ? window : nullptr, ModuleText().Wide(text).c_str(),
-                ModuleText().Wide(caption).c_str(), style);
+  // Without memory for the texts there is no box, and the caller goes on. The thread needs nothing of this object but
+  // its operation, which has no state.
+  Guarded([&] {
+    threads_.Start(ThreadPriority::normal, [owner, style, text = std::string(text), caption = std::string(caption)] {
+      const auto window = reinterpret_cast<HWND>(owner);
+      MessageBoxW(::IsWindow(window) ? window : nullptr, ModuleText().Wide(text).c_str(),
+                  ModuleText().Wide(caption).c_str(), style);
+    });
   });
 }
 

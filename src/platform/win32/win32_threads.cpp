@@ -2,6 +2,9 @@
 
 #include <process.h>
 
+#include <new>
+
+#include "platform/guarded.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/handle.h"
 #include "platform/win32/module_instance.h"
@@ -20,7 +23,7 @@ unsigned __stdcall Run(void* argument) {
   {
     const std::unique_ptr<Task> task(static_cast<Task*>(argument));
     module = task->module;
-    task->work();
+    Guarded(task->work);
   }
   // The last thing of the thread: after it the code here may be gone.
   FreeLibraryAndExitThread(module, 0);
@@ -57,15 +60,15 @@ class Win32NamedMutex : public NamedMutex {
 }  // namespace
 
 bool Win32Threads::Start(ThreadPriority priority, std::function<void()> work) {
-  const HMODULE module = win32::HoldModule();
-  if (module == nullptr) return false;
-  auto task = std::make_unique<Task>(Task{std::move(work), module});
+  win32::OwnedModule module(win32::HoldModule());
+  if (!module) return false;
+  auto task = std::unique_ptr<Task>(new (std::nothrow) Task{std::move(work), module.Get()});
+  if (task == nullptr) return false;
   const auto thread = _beginthreadex(nullptr, 0, Run, task.get(), CREATE_SUSPENDED, nullptr);
-  if (thread == 0) {
-    FreeLibrary(module);
-    return false;
-  }
-  static_cast<void>(task.release());  // the thread's from here on
+  if (thread == 0) return false;
+  // The thread's from here on.
+  static_cast<void>(task.release());
+  module.Release();
   const win32::OwnedHandle handle(reinterpret_cast<HANDLE>(thread));
   if (priority == ThreadPriority::aboveNormal) SetThreadPriority(handle.Get(), THREAD_PRIORITY_ABOVE_NORMAL);
   ResumeThread(handle.Get());

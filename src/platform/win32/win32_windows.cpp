@@ -60,7 +60,7 @@ std::unique_ptr<Win32Dialog> Win32Windows::Make(const DialogTemplate& source, Wi
   const win32::Delivery delivery(windowSet_);
   Attach(handler, dialog.get());
   if (!child) windowSet_->OnOpening(*dialog);
-  dialog->Tell([&](DialogHandler& hears) { hears.OnInit(*dialog); });
+  if (dialog->IsAlive()) Start(handler, *dialog);
   return dialog->IsAlive() ? std::move(dialog) : nullptr;
 }
 

@@ -2,6 +2,8 @@
 // event is over.
 #pragma once
 
+#include <cstdint>
+#include <list>
 #include <memory>
 #include <vector>
 
@@ -16,6 +18,8 @@ class Win32Dialog;
 namespace win32 {
 
 class RealTooltip;
+
+using DialogControls = std::list<std::vector<std::unique_ptr<Control>>>;
 
 struct WindowSet {
   WindowSet() = default;
@@ -35,14 +39,16 @@ struct WindowSet {
   virtual std::unique_ptr<RealTooltip> MakeTips(HWND dialog);
 
   std::vector<Win32Dialog*> standing;  // in order of creation
+  std::uint32_t lastNumber = 0;        // of the dialog that was made last
 
   // While they aren't 0, no control says that it gained, or lost, the focus.
   int quietGains = 0;
   int quietLosses = 0;
 
-  // Controls of released dialogs, kept until no event is under way: one of them may be what raised it.
+  // Controls of released dialogs, kept until no event is under way: one of them may be what raised it. Each dialog
+  // brings its place along, since releasing one may not need memory.
   int deliveries = 0;
-  std::vector<std::vector<std::unique_ptr<Control>>> graveyard;
+  DialogControls graveyard;
 
   // Clicks and keys that were made before are dropped; in milliseconds since the system's start.
   ULONGLONG forgottenUntil = 0;
