@@ -3,13 +3,14 @@
 #include <atomic>
 
 #include "host/module.h"
+#include "platform/guarded.h"
 #include "platform/win32/win32_platform.h"
 #include "set32/ui_fix_setting.h"
 
 namespace {
 
-// Made once, whichever thread comes first. The static object of the module is made after the platform's, and so goes
-// before it.
+// Made once, whichever thread comes first; what couldn't be made is tried again at the next call. The static object
+// of the module is made after the platform's, and so goes before it.
 void EnsureStarted() {
   static set32::Win32Platform platform;
   static const bool started = [] {
@@ -53,7 +54,7 @@ extern "C" set32::WindowHandle ExportedFixSetting(set32::WindowHandle parentWind
                                                   set32::CDib* preview, std::uint8_t jpegModes, std::uint32_t unused,
                                                   std::uint32_t bwThreshold, std::uint32_t outputBits,
                                                   const set32::PanelRect* panelRect, const set32::DeviceCaps* caps) {
-  EnsureStarted();
+  if (!set32::Guarded(EnsureStarted)) return 0;
   Turn turn;
   if (!turn.IsOurs()) return 0;
   return turn.Take(uiFixSetting(parentWindow, hostWindow, limits, settings, preview, jpegModes, unused, bwThreshold,
@@ -61,6 +62,5 @@ extern "C" set32::WindowHandle ExportedFixSetting(set32::WindowHandle parentWind
 }
 
 extern "C" std::uint32_t ExportedIsSettingOpen() {
-  EnsureStarted();
-  return uiIsSettingOpen();
+  return set32::Guarded(EnsureStarted) ? uiIsSettingOpen() : 0;
 }

@@ -3,6 +3,7 @@
 
 #include "adjust/gamma_setting.h"
 #include "controls/tips.h"
+#include "platform/guarded.h"
 #include "resources/dialogs.h"
 #include "resources/ids.h"
 #include "resources/pictures.h"
@@ -69,9 +70,15 @@ bool CGammaSetting::Open(WindowHandle owner) {
   const DialogTemplate* source = FindDialog(dialog::gamma);
   if (source == nullptr) return false;
   Windows& windows = state_.platform.windows;
-  isStarting_ = true;
-  std::unique_ptr<Dialog> made = windows.Create(*source, owner, *this);
-  isStarting_ = false;
+  const OnFailure giveUp([this] {
+    window_.reset();
+    ForgetWindow();
+  });
+  std::unique_ptr<Dialog> made;
+  {
+    const Hold starting(isStarting_, true);
+    made = windows.Create(*source, owner, *this);
+  }
   if (made == nullptr) {
     ForgetWindow();
     return false;

@@ -3,6 +3,7 @@
 #include <iterator>
 
 #include "adjust/response_page.h"
+#include "platform/guarded.h"
 #include "resources/ids.h"
 
 namespace set32 {
@@ -131,9 +132,8 @@ void CResponsePage::UpdateEnabling(const ScanSettings& settings) {
 }
 
 void CResponsePage::Enable(std::initializer_list<int> controlIds, bool enabled) {
-  isEnabling_ = true;
+  const Hold enabling(isEnabling_, true);
   for (const int controlId : controlIds) Get<Control>(controlId).SetEnabled(enabled);
-  isEnabling_ = false;
 }
 
 void CResponsePage::Enable(std::initializer_list<int> controlIds, Enabling enabling) {

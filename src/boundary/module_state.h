@@ -19,7 +19,25 @@ inline constexpr std::uint8_t usb = 1;      // USB scanners are looked for
 inline constexpr std::uint8_t network = 2;  // network scanners are looked for, Device/Default is in use
 }  // namespace driver_type
 
-struct ModuleState {
+// What calls of uiFixSetting and the start of a page set. Moving it needs no memory.
+struct PanelState {
+  std::string productName;         // caption of all message boxes, at most 255 bytes
+  bool highBitRestricted = false;  // the running application may not receive high-bit output
+
+  // While false a change of size doesn't notify the host; true at rest.
+  bool notifySize = true;
+
+  // Arguments of uiFixSetting.
+  bool jpegModesOn = false;       // inline face alone
+  std::uint32_t bwThreshold = 0;  // taken on every call
+  std::uint32_t outputBits = 0;   // inline face alone
+  WindowHandle hostParent = 0;    // inline face: owner of dialog 103
+
+  // The inline page's window, which owns the boxes of errors; 0 while there is none.
+  WindowHandle boxOwner = 0;
+};
+
+struct ModuleState : PanelState {
   explicit ModuleState(Platform& outside) : platform(outside) {}
 
   Platform& platform;
@@ -38,37 +56,6 @@ struct ModuleState {
   }
   std::string ModuleSettingsPath() const { return PathBesideModule(module_file::settings); }
   std::string HardwareOptionsPath() const { return PathBesideModule(module_file::hardwareOptions); }
-
-  // Set by the start of a page.
-  std::string productName;         // caption of all message boxes, at most 255 bytes
-  bool highBitRestricted = false;  // the running application may not receive high-bit output
-
-  // While false a change of size doesn't notify the host; true at rest.
-  bool notifySize = true;
-
-  // Arguments of uiFixSetting.
-  bool jpegModesOn = false;       // inline face alone
-  std::uint32_t bwThreshold = 0;  // taken on every call
-  std::uint32_t outputBits = 0;   // inline face alone
-  WindowHandle hostParent = 0;    // inline face: owner of dialog 103
-
-  // The inline page's window, which owns the boxes of errors; 0 while there is none.
-  WindowHandle boxOwner = 0;
-};
-
-// Holds notifySize at a value and puts the old one back, whatever happens between.
-class NotifySizeHold {
- public:
-  NotifySizeHold(ModuleState& state, bool value) : state_(state), kept_(state.notifySize) {
-    state_.notifySize = value;
-  }
-  ~NotifySizeHold() { state_.notifySize = kept_; }
-  NotifySizeHold(const NotifySizeHold&) = delete;
-  NotifySizeHold& operator=(const NotifySizeHold&) = delete;
-
- private:
-  ModuleState& state_;
-  bool kept_;
 };
 
 }  // namespace set32

@@ -43,6 +43,8 @@ class CDlgModalToModeless {
   bool CancelAndWait();
 
  private:
+  bool Opens(ModelessDialog& dialog, WindowHandle parent);
+
   Threads& threads_;
   ModelessDialog* dialog_ = nullptr;
   std::unique_ptr<NamedMutex> closedMutex_;

@@ -1,6 +1,7 @@
 #include "controls/range_int_edit.h"
 
 #include "controls/number_text.h"
+#include "platform/guarded.h"
 
 namespace set32 {
 
@@ -18,9 +19,8 @@ void CRangeIntEdit::Show(std::int32_t number) {
   if (edit_ == nullptr) return;
   const std::string text = WholeNumberText(number);
   rules_.Note(text);
-  isShowing_ = true;
+  const Hold showing(isShowing_, true);
   edit_->SetText(text);
-  isShowing_ = false;
 }
 
 void CRangeIntEdit::OnUpdate() {

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/guarded.h"
 #include "resources/dialogs.h"
 #include "resources/ids.h"
 
@@ -44,9 +45,8 @@ void CAdvanceMainSheet::OnInit(Dialog& dialog) {
 Dialog* CAdvanceMainSheet::EnsureWindow(int page) {
   Page& wanted = pages_[static_cast<std::size_t>(page)];
   if (wanted.window == nullptr && !wanted.isComing && HasWindow()) {
-    wanted.isComing = true;
+    const Hold coming(wanted.isComing, true);
     wanted.window = state_.platform.windows.Create(*FindDialog(wanted.templateId), sheet_->Handle(), *wanted.handler);
-    wanted.isComing = false;
   }
   return wanted.window.get();
 }

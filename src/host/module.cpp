@@ -1,9 +1,12 @@
 #include "host/module.h"
 
+#include <utility>
+
 #include "boundary/module_state.h"
 #include "host/inline_face.h"
 #include "host/sheet_face.h"
 #include "host/start_up.h"
+#include "platform/guarded.h"
 #include "profile/options.h"
 
 namespace set32 {
@@ -14,6 +17,7 @@ struct Module::Inside {
   ModuleState state;
   InlineFace inlined;
   SheetFace sheet;
+  std::uint32_t callsThrough = 0;
 };
 
 Module::Module(Platform& platform) : inside_(std::make_unique<Inside>(platform)) {
@@ -28,9 +32,18 @@ WindowHandle Module::FixSetting(const FixSettingArguments& arguments) {
     return 0;
   }
   ModuleState& state = inside_->state;
+  // What a call inside a message of this one has brought about stays.
+  PanelState before = state;
+  const std::uint32_t callsBefore = inside_->callsThrough;
+  const OnFailure putBack([&] {
+    if (inside_->callsThrough == callsBefore) static_cast<PanelState&>(state) = std::move(before);
+  });
   state.bwThreshold = arguments.bwThreshold;
   const RuntimeOptions options(state.platform.profiles, state.platform.system, state.runtimeIniPath);
-  return options.IsInlineFace() ? inside_->inlined.FixSetting(arguments) : inside_->sheet.FixSetting(arguments);
+  const WindowHandle page =
+      options.IsInlineFace() ? inside_->inlined.FixSetting(arguments) : inside_->sheet.FixSetting(arguments);
+  ++inside_->callsThrough;
+  return page;
 }
 
 bool Module::IsSettingOpen() const {

@@ -20,6 +20,7 @@ class Module {
   Module(const Module&) = delete;
   Module& operator=(const Module&) = delete;
 
+  // What it throws leaves everything as it was, the host's record included.
   WindowHandle FixSetting(const FixSettingArguments& arguments);
   bool IsSettingOpen() const;
 

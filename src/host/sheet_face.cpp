@@ -2,6 +2,9 @@
 
 #include <algorithm>
 
+#include "host/binding_hold.h"
+#include "platform/guarded.h"
+
 namespace set32 {
 
 WindowHandle SheetFace::FixSetting(const FixSettingArguments& arguments) {
@@ -10,9 +13,11 @@ WindowHandle SheetFace::FixSetting(const FixSettingArguments& arguments) {
 
 WindowHandle SheetFace::Open(const FixSettingArguments& arguments) {
   if (!state_.platform.windows.IsWindow(arguments.parentWindow)) return 0;
+  const OnFailure drop([this] { thePanelSheet_.reset(); });
   thePanelSheet_ = std::make_unique<CAdvanceMainSheet>(state_, "Test", 0);
   CAdvanceMainSheet& sheet = *thePanelSheet_;
   CSettingBoxPage& page = sheet.GeneralPage();
+  const BindingHold binding(page, *arguments.settings);
   if (arguments.caps != nullptr) page.SetCaps(*arguments.caps);
   page.Bind(arguments.limits, *arguments.settings, arguments.hostWindow, arguments.preview);
   state_.notifySize = false;
@@ -37,6 +42,7 @@ WindowHandle SheetFace::OpenAgain(const FixSettingArguments& arguments) {
   CAdvanceMainSheet& sheet = *thePanelSheet_;
   CSettingBoxPage& page = sheet.GeneralPage();
   if (!sheet.HasWindow() || page.Window() == 0) return 0;
+  const BindingHold binding(page, *arguments.settings);
   Rect place = arguments.Place();
   place.left = std::max(place.left, 0);
   place.top = std::max(place.top, 0);

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "host/module.h"
+#include "platform/guarded.h"
 
 namespace {
 
@@ -42,13 +43,17 @@ extern "C" set32::WindowHandle uiFixSetting(set32::WindowHandle parentWindow, se
                                             set32::CDib* preview, std::uint8_t jpegModes, std::uint32_t /*unused*/,
                                             std::uint32_t bwThreshold, std::uint32_t outputBits,
                                             const set32::PanelRect* panelRect, const set32::DeviceCaps* caps) {
-  set32::Module* module = TheModule();
-  if (module == nullptr) return 0;
-  return module->FixSetting({parentWindow, hostWindow, limits, settings, preview, jpegModes != 0, bwThreshold,
-                             outputBits, panelRect, caps});
+  return set32::Guarded(set32::WindowHandle{0}, [&] {
+    set32::Module* module = TheModule();
+    if (module == nullptr) return set32::WindowHandle{0};
+    return module->FixSetting({parentWindow, hostWindow, limits, settings, preview, jpegModes != 0, bwThreshold,
+                               outputBits, panelRect, caps});
+  });
 }
 
 extern "C" std::uint32_t uiIsSettingOpen() {
-  const set32::Module* module = TheModule();
-  return module != nullptr && module->IsSettingOpen() ? 1 : 0;
+  return set32::Guarded(std::uint32_t{0}, [] {
+    const set32::Module* module = TheModule();
+    return module != nullptr && module->IsSettingOpen() ? 1U : 0U;
+  });
 }

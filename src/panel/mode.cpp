@@ -3,6 +3,7 @@
 
 #include "panel/page.h"
 #include "panel/rules/mode_rules.h"
+#include "platform/guarded.h"
 #include "resources/ids.h"
 #include "resources/strings.h"
 
@@ -135,7 +136,7 @@ void CPanelPage::FollowMode(std::uint32_t before) {
   Front().OnBeforeResolutionList();
   BuildResolutionList();
   {
-    const NotifySizeHold quiet(state_, false);
+    const Hold quiet(state_.notifySize, false);
     RefreshPreview();
   }
   Front().OnPreviewDone();

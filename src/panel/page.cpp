@@ -1,8 +1,11 @@
 // What holds the page together: its binding, the steps of its start, the steps of a refresh, and its end.
 #include "panel/page.h"
 
+#include <utility>
+
 #include "adjust/adjustment_rules.h"
 #include "controls/bitmap_button.h"
+#include "platform/guarded.h"
 #include "resources/ids.h"
 #include "resources/strings.h"
 
@@ -35,7 +38,8 @@ std::span<const MessageRow<CPanelPage>> CPanelPage::SharedMessages() {
 }
 
 void CPanelPage::OnEvent(const Event& event) {
-  Dispatch(*this, SharedMessages(), event);
+  const OnFailure note([this] { listsMayLack_ = true; });
+  if (!AnswersItself(event)) Dispatch(*this, SharedMessages(), event);
 }
 
 CPanelPage::CPanelPage(ModuleState& state, const PanelFace& face)
@@ -63,6 +67,7 @@ void CPanelPage::Bind(const DeviceLimits* limits, ScanSettings& settings, Window
   limits_.minDpi = face_.rules.minDpiAtBinding[settings.paperSource];
   host_.Bind(hostWindow);
   preview_ = preview;
+  ++bindings_;
   if (preview_ != nullptr) CopyAdjustmentsToPreview(*settings_, *preview_);
 }
 
@@ -70,6 +75,18 @@ void CPanelPage::Unbind() {
   settings_ = &own_;
   preview_ = nullptr;
   host_.Bind(0);
+  ++bindings_;
+}
+
+bool CPanelPage::Rebind(const Binding& before) {
+  if (bindings_ > before.number + 1) return false;
+  settings_ = before.settings;
+  preview_ = before.preview;
+  limits_ = before.limits;
+  caps_ = before.caps;
+  host_.Bind(before.hostWindow);
+  if (preview_ != nullptr) CopyAdjustmentsToPreview(*settings_, *preview_);
+  return true;
 }
 
 RuntimeOptions CPanelPage::Options() const {
@@ -143,8 +160,18 @@ void CPanelPage::FirstRefresh() {
   state_.notifySize = true;
 }
 
+// What only a start or another paper source fills, and what an event that didn't get through may have left half done.
+void CPanelPage::RebuildLists() {
+  const OnFailure note([this] { listsMayLack_ = true; });
+  BuildSizeList();
+  FitModeEntries();
+  SelectSource(pageSource_);
+  MarkRowAtStart();
+}
+
 // Controls and preview agree with the record. It changes only where a field can't stand.
 void CPanelPage::ShowRecord() {
+  if (std::exchange(listsMayLack_, false)) RebuildLists();
   BuildResolutionList();
   if (pageSource_ != paper_source::feeder) {
     Get<CheckButton>(id::autoCropCheck).SetChecked(settings_->autoCrop != 0);
@@ -160,7 +187,7 @@ void CPanelPage::ShowRecord() {
   ShowSizeText();
   SetSizeRanges();
   {
-    const NotifySizeHold quiet(state_, false);
+    const Hold quiet(state_.notifySize, false);
     ApplySizeChoice();
   }
   settings_->hostWord = hostWord;
@@ -197,10 +224,15 @@ void CPanelPage::OnDestroying() {
   OnClosing();
 }
 
-// Nothing of the window outlives it, so that the page can begin again.
 void CPanelPage::OnDestroyed() {
   if (!isDetached_) OnWindowGone();
   Unbind();
+  LeaveWindow();
+}
+
+// Nothing of the window outlives it, so that the page can begin again.
+void CPanelPage::LeaveWindow() {
+  listsMayLack_ = false;
   dialog_ = nullptr;
   store_.Detach();
   anchors_.Clear();

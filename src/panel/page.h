@@ -58,6 +58,17 @@ class CPanelPage : public DialogHandler, public PanelServices {
   void Bind(const DeviceLimits* limits, ScanSettings& settings, WindowHandle hostWindow, CDib* preview);
   // Leaves what the host gave; the record is then the page's own.
   void Unbind();
+  // What a binding replaces, to be put back. False, and nothing happens, when there was more than one since.
+  struct Binding {
+    ScanSettings* settings;
+    CDib* preview;
+    WindowHandle hostWindow;
+    DeviceLimits limits;
+    DeviceCaps caps;
+    std::uint32_t number;
+  };
+  Binding Bound() const { return {settings_, preview_, host_.Window(), limits_, caps_, bindings_}; }
+  bool Rebind(const Binding& before);
   void SetCaps(const DeviceCaps& caps) { caps_ = caps; }
 
   // PanelServices; RefreshPanel and AutoSaveConfig are the faces'.
@@ -74,7 +85,12 @@ class CPanelPage : public DialogHandler, public PanelServices {
 
   // 0 while the page has no window. The host may end a page, and open another, while a dialog of its own runs.
   WindowHandle Window() const { return dialog_ != nullptr ? dialog_->Handle() : 0; }
+  // Whether a dialog has this page, also while it is being made.
+  bool HasDialog() const { return handled_ != nullptr; }
   bool StillStands(WindowHandle window) const { return window != 0 && Window() == window; }
+
+  // Takes leave of a window that is gone, or never stood whole.
+  void LeaveWindow();
 
   // DialogHandler. A face answers its own events first and leaves the others to this table.
   void OnEvent(const Event& event) override;
@@ -85,6 +101,8 @@ class CPanelPage : public DialogHandler, public PanelServices {
   void OnDestroyed() override;
 
  protected:
+  // Whether an event is the face's own; it is answered then.
+  virtual bool AnswersItself(const Event& event) = 0;
   // The front end of the adjustments beside this face.
   virtual AdjustmentFront& Front() = 0;
   // What a face does at its end.
@@ -109,6 +127,7 @@ class CPanelPage : public DialogHandler, public PanelServices {
   void ShowModeAtStart();
 
   // Steps of a refresh.
+  void RebuildLists();
   void ShowRecord();
   void TellValues();
 
@@ -228,6 +247,8 @@ class CPanelPage : public DialogHandler, public PanelServices {
   CWideDropCombo scannerCombo_;
   CWideDropCombo sourceCombo_;
   CIconCombo modeCombo_;
+  std::uint32_t bindings_ = 0;  // how often the host's record came or went
+  bool listsMayLack_ = false;   // an event didn't get through
   bool isDetached_ = false;
 };
 

@@ -31,8 +31,8 @@ std::span<const MessageRow<CInlineSettingPage>> CInlineSettingPage::Messages() {
 CInlineSettingPage::CInlineSettingPage(ModuleState& state)
     : CPanelPage(state, inlineFace), gammaDialog_(state, *this) {}
 
-void CInlineSettingPage::OnEvent(const Event& event) {
-  if (!Dispatch(*this, Messages(), event)) CPanelPage::OnEvent(event);
+bool CInlineSettingPage::AnswersItself(const Event& event) {
+  return Dispatch(*this, Messages(), event);
 }
 
 MessageResult CInlineSettingPage::OnMessage(std::uint32_t message, WParam wParam, LParam lParam) {

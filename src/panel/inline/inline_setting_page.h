@@ -26,13 +26,13 @@ class CInlineSettingPage : public CPanelPage {
   void AutoSaveConfig() override {}  // what was set is remembered only where the person saves it
 
   void OnInit(Dialog& dialog) override;
-  void OnEvent(const Event& event) override;
   MessageResult OnMessage(std::uint32_t message, WParam wParam, LParam lParam) override;
   void OnEnabled(bool enabled) override;
   void OnClose() override;
 
  private:
   static std::span<const MessageRow<CInlineSettingPage>> Messages();
+  bool AnswersItself(const Event& event) override;
 
   AdjustmentFront& Front() override { return gammaDialog_; }
   void OnClosing() override;

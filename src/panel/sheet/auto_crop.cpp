@@ -1,5 +1,6 @@
 // A click on auto crop on the sheet face, where frames stand beside it and changes are kept.
 #include "panel/sheet/setting_box_page.h"
+#include "platform/guarded.h"
 #include "resources/ids.h"
 
 namespace set32 {
@@ -28,9 +29,8 @@ void CSettingBoxPage::RepeatAutoCrop() {
 }
 
 void CSettingBoxPage::RepeatAutoCropUnsaved() {
-  autoSaveOnCrop_ = false;
+  const Hold unsaved(autoSaveOnCrop_, false);
   RepeatAutoCrop();
-  autoSaveOnCrop_ = true;
 }
 
 }  // namespace set32

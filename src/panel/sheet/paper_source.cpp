@@ -1,12 +1,13 @@
 // A change of paper source on the sheet face: in place, on a fixed row of the new source.
 #include "panel/rules/mode_rules.h"
 #include "panel/sheet/setting_box_page.h"
+#include "platform/guarded.h"
 #include "resources/ids.h"
 
 namespace set32 {
 
 void CSettingBoxPage::ChangePaperSource() {
-  suppressAutoSave_ = true;
+  const Hold unsaved(suppressAutoSave_, true);
   const std::uint32_t before = settings_->paperSource;
   TakeChosenSource();
   settings_->frameCommand = 0;
@@ -20,11 +21,10 @@ void CSettingBoxPage::ChangePaperSource() {
   host_.SettingsChanged(settings_change::sourceInPlace, *settings_);
   ShowInchesUnless(before);
   {
-    const NotifySizeHold quiet(state_, state_.notifySize && !IsTransparency(pageSource_));
+    const Hold quiet(state_.notifySize, state_.notifySize && !IsTransparency(pageSource_));
     RefreshPanel();
   }
   if (const int row = RowOfSource(pageSource_); row >= 0) SelectConfigRow(row);
-  suppressAutoSave_ = false;
 }
 
 // Auto crop and frames are matters of the flatbed.

@@ -38,8 +38,8 @@ std::span<const MessageRow<CSettingBoxPage>> CSettingBoxPage::Messages() {
 CSettingBoxPage::CSettingBoxPage(ModuleState& state, AdjustmentFront& front)
     : CPanelPage(state, sheetFace), front_(front), scanners_(state, host_) {}
 
-void CSettingBoxPage::OnEvent(const Event& event) {
-  if (!Dispatch(*this, Messages(), event)) CPanelPage::OnEvent(event);
+bool CSettingBoxPage::AnswersItself(const Event& event) {
+  return Dispatch(*this, Messages(), event);
 }
 
 MessageResult CSettingBoxPage::OnMessage(std::uint32_t message, WParam wParam, LParam lParam) {

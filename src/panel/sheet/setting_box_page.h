@@ -19,11 +19,11 @@ class CSettingBoxPage : public CPanelPage {
   void AutoSaveConfig() override;
 
   void OnInit(Dialog& dialog) override;
-  void OnEvent(const Event& event) override;
   MessageResult OnMessage(std::uint32_t message, WParam wParam, LParam lParam) override;
 
  private:
   static std::span<const MessageRow<CSettingBoxPage>> Messages();
+  bool AnswersItself(const Event& event) override;
 
   AdjustmentFront& Front() override { return front_; }
   void OnClosing() override;
