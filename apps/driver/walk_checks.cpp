@@ -107,7 +107,7 @@ WalkChecks::Finding WalkChecks::CheckAdjustments(const ScanSettings& settings) {
 // The edits of the Advanced page show the two values of its tab.
 WalkChecks::Finding WalkChecks::CheckAdvancedPage(Session& session) const {
   const Dialog* page = session.TheScene().PageInFront();
-  if (page == nullptr || page->TemplateId() != dialog::advanced || valuesAreOld_) return {};
+  if (page == nullptr || page->TemplateId() != dialog::advanced) return {};
   const ScanSettings& settings = session.Host().Settings();
   const std::array gammas = {settings.gammaAll, settings.gammaRed, settings.gammaGreen, settings.gammaBlue};
   const int band = std::clamp(page->Get<Combo>(id148::bandCombo).Selected(), 0, 3);
@@ -121,6 +121,7 @@ WalkChecks::Finding WalkChecks::CheckAdvancedPage(Session& session) const {
   const auto& [first, second] = tabs[static_cast<std::size_t>(tab)];
   for (const auto& [edit, value] : {std::pair{id148::firstEdit, first}, std::pair{id148::secondEdit, second}}) {
     const std::string text = page->Get<Edit>(edit).Text();
+    if (const auto kept = keptTexts_.find(edit); kept != keptTexts_.end() && kept->second == text) continue;
     const auto shown = LeadingNumber(text);
     constexpr double half = 0.0051;  // of the last decimal on show
     if (!shown || std::abs(*shown - value) > half) {
@@ -145,17 +146,35 @@ WalkChecks::Finding WalkChecks::CheckCombos(Session& session) const {
   return {};
 }
 
-// A mode can bring the resolution down without writing the sizes anew, and clear values without showing them, so
-// lengths in pixels and the Advanced page's edits stay behind until the next act that writes them.
+// A choice of mode can bring the resolution down without writing the sizes anew, so lengths in pixels stay behind
+// until the next act that writes them.
 void WalkChecks::NoteChanges(Session& session, const std::string& act) {
   const ScanSettings& settings = session.Host().Settings();
-  const bool isChoice = act.starts_with("pick 1011 ") || act.starts_with("key ");
+  const bool isNewMode = std::exchange(modeBefore_, settings.mode) != settings.mode;
+  const auto focus = session.TheScene().Focused();
+  const bool isAtModes =
+      focus && focus->dialog->TemplateId() == dialog::general && focus->control->Id() == id::modeCombo;
+  const bool isChoice = act.starts_with("pick 1011 ") || (act.starts_with("key ") && (isNewMode || isAtModes));
   if (std::exchange(dpiBefore_, settings.dpi) != settings.dpi) pixelsAreOld_ = isChoice;
-  if (std::exchange(modeBefore_, settings.mode) != settings.mode) valuesAreOld_ = isChoice;
   sizeIsNew_ = std::exchange(sizeBefore_, settings.sizeId) != settings.sizeId;
-  const int tab = Dialog::ControlOf<TabBar>(session.TheScene().Find(dialog::advanced), id148::viewTabs).Current();
+  NoteAdvancedPage(session, act == "open", isChoice);
+}
+
+// Also one of the mode that stands clears values without showing them, so the Advanced page's edits may keep to the
+// letter what they showed before, until the page shows its settings again.
+void WalkChecks::NoteAdvancedPage(Session& session, bool isOpening, bool isChoiceOfMode) {
+  const Dialog* page = session.TheScene().Find(dialog::advanced);
+  const int tab = Dialog::ControlOf<TabBar>(page, id148::viewTabs).Current();
   const bool isTurned = std::exchange(tabBefore_, tab) != tab;  // picking the current tab raises nothing
-  if (act == "open" || isTurned) valuesAreOld_ = false;
+  if (isOpening || isTurned) keptTexts_.clear();
+  for (const int edit : {id148::firstEdit, id148::secondEdit}) {
+    const std::string text = Dialog::ControlOf<Edit>(page, edit).Text();
+    if (std::exchange(textsBefore_[edit], text) != text) {
+      keptTexts_.erase(edit);
+    } else if (isChoiceOfMode) {
+      keptTexts_[edit] = text;
+    }
+  }
 }
 
 // An edit that holds the focus shows what is being typed.

@@ -24,6 +24,7 @@ class WalkChecks {
   Finding CheckCombos(Session& session) const;
   Finding CheckLengths(Session& session) const;
   void NoteChanges(Session& session, const std::string& act);
+  void NoteAdvancedPage(Session& session, bool isOpening, bool isChoiceOfMode);
   Finding CheckProfile(Session& session);
   Finding CheckNotified(Session& session, const std::string& act);
 
@@ -34,7 +35,9 @@ class WalkChecks {
   std::uint32_t modeBefore_ = 0;
   int tabBefore_ = -1;  // of the Advanced page
   bool pixelsAreOld_ = false;
-  bool valuesAreOld_ = false;  // in the edits of the Advanced page
+  // Of the Advanced page's edits, by id: what each showed last, and what may stand there though it's no value any
+  // more.
+  std::map<int, std::string> textsBefore_, keptTexts_;
 };
 
 }  // namespace set32

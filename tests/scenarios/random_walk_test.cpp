@@ -70,6 +70,18 @@ TEST_F(WalkCheckScenario, SeesANewSizeThatNobodyWasTold) {
               Optional(HasSubstr("wasn't told")));
 }
 
+// Whoever chooses a mode sees the values that it clears when the page shows them next, and not earlier.
+TEST_F(WalkCheckScenario, SeesAnOldValueOnTheAdvancedPageButForAChoiceOfMode) {
+  Open();
+  Person().TurnTo(dialog::advanced);
+  WalkChecks checks;
+  ASSERT_EQ(checks.Check(TheSession(), "page advanced"), std::nullopt);
+  Host().SetField("sharpness", "5");
+  EXPECT_THAT(checks.Check(TheSession(), "leave"), Optional(HasSubstr("edit 148:1136 shows \"0\" for 5")));
+  for (const char* act : {"pick 1011 #2", "leave"}) EXPECT_EQ(checks.Check(TheSession(), act), std::nullopt);
+  EXPECT_THAT(checks.Check(TheSession(), "open"), Optional(HasSubstr("148:1136")));
+}
+
 TEST(RandomWalk, Holds) {
   using enum WalkActs::Face;
   for (const auto& [seed, face] : {std::pair{1U, sheet}, {2U, sheet}, {3U, inlinePage}, {4U, inlinePage}}) {
