@@ -5,6 +5,8 @@
 #include "apps/driver/interpreter.h"
 #include "apps/driver/kept.h"
 #include "apps/driver/not_possible.h"
+#include "apps/driver/possible.h"
+#include "apps/driver/suggestions.h"
 
 namespace set32 {
 
@@ -12,6 +14,7 @@ namespace {
 
 constexpr char boxPlace[] = "box";
 constexpr char hostPlace[] = "host";
+constexpr char dialogsWithBlocks[] = "there are: 103, 104, 119, box, host MESSAGE";
 
 std::vector<Word> WordsOrNone(std::string_view line) {
   try {
@@ -22,7 +25,7 @@ std::vector<Word> WordsOrNone(std::string_view line) {
 }
 
 bool IsWord(const std::vector<Word>& words, std::size_t index, std::string_view text) {
-  return index < words.size() && !words[index].quoted && words[index].text == text;
+  return index < words.size() && !words[index].quoted && SameWord(words[index].text, text);
 }
 
 // Whether a line begins lines that end with `end`.
@@ -47,9 +50,9 @@ std::string DialogPlace(const Word& word) {
       return std::to_string(id);
     case dialog::message:
     case dialog::searching:
-      throw NotPossible("dialog " + word.text + " takes no statements");
+      throw NotPossible("dialog " + word.text + " takes no statements", dialogsWithBlocks);
     default:
-      throw NotPossible("no dialog " + word.text);
+      throw NotPossible("no dialog " + word.text, dialogsWithBlocks);
   }
 }
 
@@ -76,8 +79,8 @@ Interpreter::Block Interpreter::ReadBlock() {
   Block block;
   int open = 1;
   while (true) {
-    auto line = (*lines_)("... ");
-    if (!line) throw NotPossible("`end` is missing");
+    auto line = NextLine(*lines_, "... ");
+    if (!line) throw NotPossible("`end` is missing", "it stands on a line of its own behind the block's last one");
     const std::vector<Word> words = WordsOrNone(line->text);
     if (OpensBlock(words)) ++open;
     if (IsWord(words, 0, "end") && words.size() == 1 && --open == 0) {
@@ -92,19 +95,28 @@ void Interpreter::OnModalOpened(Dialog& dialog) {
   const WindowHandle window = dialog.Handle();
   const int id = dialog.TemplateId();
   const Inside inside{"dialog " + std::to_string(id), std::to_string(id) + "> ", id,
-                      [this, window] { return session_.IsClosed(window); }};
+                      [this, window] { return session_.IsClosed(window); },
+                      [this, &dialog, id] {
+                        return "dialog " + std::to_string(id) + " is open: " + WaysOut(session_.TheScene(), dialog) +
+                               " leaves it, `help` lists its controls";
+                      }};
   int line = current_.number;
   if (!Stopped()) {
     auto block = TakeBlock(std::to_string(id));
     if (block) line = block->endLine;
     if (!block && !options_.interactive) {
-      Fail(line, inside.name + " opens and no `when` block waits for it");
+      const std::string number = std::to_string(id);
+      Fail(line, inside.name + " opens and no `when` block waits for it",
+           "lay `when " + number + "`, what happens inside and `end` before this line");
     } else {
       RunInside(inside, block ? &*block : nullptr);
     }
   }
   if (inside.closed()) return;
-  if (!Stopped()) Fail(line, "the `when` block ends while " + inside.name + " is open");
+  if (!Stopped()) {
+    Fail(line, "the `when` block ends while " + inside.name + " is open",
+         WaysOut(session_.TheScene(), dialog) + " leaves it");
+  }
   dialog.EndModal(dialog_result::cancel);
 }
 
@@ -112,9 +124,15 @@ void Interpreter::OnModelessOpened(Dialog& dialog) {
   if (Stopped()) return;
   const int id = dialog.TemplateId();
   auto block = TakeBlock(std::to_string(id));
+  if (!block && options_.interactive && id == dialog::gamma) {
+    Print(
+        "(dialog 103 stands beside the page: `help 103` lists its controls, `show page 103` draws it, `close 103` "
+        "closes it)");
+  }
   if (!block) return;
   const WindowHandle window = dialog.Handle();
-  const Inside inside{"dialog " + std::to_string(id), {}, id, [this, window] { return session_.IsClosed(window); }};
+  const Inside inside{
+      "dialog " + std::to_string(id), {}, id, [this, window] { return session_.IsClosed(window); }, {}};
   RunInside(inside, &*block);
 }
 
@@ -125,7 +143,8 @@ BoxAnswer Interpreter::OnBox(const ShownBox& box) {
   box_ = &open;
   auto block = TakeBlock(boxPlace);
   if (block || options_.interactive) {
-    RunInside({"the box", "box> ", session_.TheScene().DefaultDialog(), [&open] { return open.answer.has_value(); }},
+    RunInside({"the box", "box> ", session_.TheScene().DefaultDialog(), [&open] { return open.answer.has_value(); },
+               [&open] { return "the box waits: `answer` and one of " + Listed(ButtonsOfBox(open.style)); }},
               block ? &*block : nullptr);
   }
   return open.answer.value_or(FirstAnswer(box.style));
@@ -135,7 +154,7 @@ BoxAnswer Interpreter::OnBox(const ShownBox& box) {
 void Interpreter::OnHostMessage(std::uint32_t message) {
   if (Stopped()) return;
   if (auto block = TakeBlock(HostPlace(message))) {
-    RunInside({"message " + Hexadecimal(message), {}, dialog::general, [] { return false; }}, &*block);
+    RunInside({"message " + Hexadecimal(message), {}, dialog::general, [] { return false; }, {}}, &*block);
   }
 }
 
@@ -161,7 +180,7 @@ void Interpreter::RunBlock(const Inside& inside, Block& block) {
     SourceLine line = std::move(block.lines.front());
     block.lines.pop_front();
     if (inside.closed() && !WordsOrNone(line.text).empty()) {
-      Fail(line.number, inside.name + " is closed already");
+      Fail(line.number, inside.name + " is closed already", "`end` belongs before this line");
       return {};
     }
     return line;
@@ -169,6 +188,7 @@ void Interpreter::RunBlock(const Inside& inside, Block& block) {
 }
 
 void Interpreter::RunPrompt(const Inside& inside) {
+  if (!inside.closed() && !Stopped()) Print('(' + inside.wayOut() + ')');
   RunLines([&](const std::string& prompt) -> std::optional<SourceLine> {
     if (inside.closed()) return {};
     auto line = (*outermost_)(prompt == "> " ? inside.prompt : prompt);
@@ -179,7 +199,9 @@ void Interpreter::RunPrompt(const Inside& inside) {
 
 // The panel's module and windows would end under the panel's own feet.
 void Interpreter::Restart(Words) {
-  if (inside_ != nullptr) throw NotPossible("the host's process can't end inside " + inside_->name);
+  if (inside_ != nullptr) {
+    throw NotPossible("the host's process can't end inside " + inside_->name, "`restart` belongs behind it");
+  }
   blocks_.clear();
   session_.Restart();
 }

@@ -2,49 +2,11 @@
 #include <string>
 
 #include "apps/driver/inspector.h"
+#include "apps/driver/possible.h"
 
 namespace set32 {
 
 namespace {
-
-const char* KindName(ControlKind kind) {
-  switch (kind) {
-    case ControlKind::label:
-      return "label";
-    case ControlKind::group:
-      return "group";
-    case ControlKind::edit:
-      return "edit";
-    case ControlKind::combo:
-    case ControlKind::iconCombo:
-      return "combo";
-    case ControlKind::button:
-    case ControlKind::defaultButton:
-    case ControlKind::pictureButton:
-      return "button";
-    case ControlKind::check:
-      return "check";
-    case ControlKind::radio:
-      return "radio";
-    case ControlKind::list:
-      return "list";
-    case ControlKind::tab:
-      return "tab";
-    case ControlKind::slider:
-      return "slider";
-    case ControlKind::scroll:
-      return "scroll";
-    case ControlKind::spin:
-      return "spin";
-    case ControlKind::address:
-      return "address";
-    case ControlKind::picture:
-      return "picture";
-    case ControlKind::frame:
-      return "frame";
-  }
-  return "";
-}
 
 std::string TextPart(const Control& control) {
   return " text=" + Quote(control.Text());

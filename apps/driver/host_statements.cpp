@@ -4,8 +4,10 @@
 #include <utility>
 
 #include "apps/driver/interpreter.h"
+#include "apps/driver/nearby_files.h"
 #include "apps/driver/not_possible.h"
 #include "apps/driver/settings_fields.h"
+#include "apps/driver/suggestions.h"
 #include "set32/messages.h"
 
 namespace set32 {
@@ -28,12 +30,13 @@ std::size_t CapabilityWord(const std::string& name) {
     const auto index = ParseInteger(std::string_view(name).substr(4));
     if (index && *index >= 0 && *index < std::ssize(DeviceCaps{}.words)) return static_cast<std::size_t>(*index);
   }
-  throw NotPossible("no capability " + name);
+  throw NotPossible("no capability " + name, "there are: restrictedMaxDpi, sourceCaps, word0 to word" +
+                                                 std::to_string(std::ssize(DeviceCaps{}.words) - 1));
 }
 
 ModuleFile RequireFile(const Word& word) {
   const auto file = FindModuleFile(word.text);
-  if (!file) throw NotPossible("no file " + Quote(word.text));
+  if (!file) throw NotPossible("no file " + Quote(word.text), Suggest(word.text, ModuleFileNames()));
   return *file;
 }
 
@@ -107,8 +110,20 @@ void Interpreter::Preview(Words words) {
     const std::string beside = options_.scriptFolder + words[0].text;
     const bool useBeside = platform.files.PresenceOf(words[0].text) == Presence::absent &&
                            platform.files.PresenceOf(beside) == Presence::present;
+    if (!useBeside && platform.files.PresenceOf(words[0].text) == Presence::absent) {
+      throw NotPossible("can't open " + words[0].text, Suggest(words[0].text, PicturesNearby()));
+    }
     preview.ReadFile(platform.files, platform.boxes, useBeside ? beside : words[0].text);
   }
+}
+
+// As a statement would name them.
+std::vector<std::string> Interpreter::PicturesNearby() const {
+  const std::string& beside = options_.scriptFolder;
+  std::vector<std::string> pictures = PicturesIn("");
+  if (beside.empty()) return pictures;
+  for (const std::string& picture : PicturesIn(beside)) pictures.push_back(picture.substr(beside.size()));
+  return pictures;
 }
 
 void Interpreter::Rectangle(Words words) {
@@ -128,7 +143,7 @@ void Interpreter::Arguments(Words words) {
     } else if (name == "outputBits") {
       changed.outputBits = number;
     } else {
-      throw NotPossible("no argument " + word.text);
+      throw NotPossible("no argument " + word.text, "there are: jpegModes, bwThreshold, outputBits");
     }
   }
   session_.Host().Arguments() = changed;
@@ -174,7 +189,7 @@ void Interpreter::Net(Words words) {
     for (const auto& [name, step] : steps) {
       if (name == what) return network.Fail(step);
     }
-    throw NotPossible("no step " + Quote(what));
+    throw NotPossible("no step " + Quote(what), "there are: start, socket, bind, hostname, lookup, send, nothing");
   } else if (what == "silent") {
     network.Silence(RequireAddress(words[0]));
   } else {

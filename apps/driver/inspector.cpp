@@ -5,6 +5,7 @@
 #include "apps/driver/not_possible.h"
 #include "apps/driver/page_drawing.h"
 #include "apps/driver/settings_fields.h"
+#include "apps/driver/suggestions.h"
 #include "resources/dialogs.h"
 
 namespace set32 {
@@ -20,7 +21,7 @@ std::span<const Inspector::Row> Inspector::Rows() {
       Row{"place", 1, 1, &Inspector::ShowPlace},       Row{"moved", 1, 1, &Inspector::ShowMoved},
       Row{"title", 1, 1, &Inspector::ShowTitle},       Row{"picture", 1, 1, &Inspector::ShowPicture},
       Row{"tip", 1, 2, &Inspector::ShowTip},           Row{"focus", 0, 0, &Inspector::ShowFocus},
-      Row{"time", 0, 0, &Inspector::ShowTime},         Row{"page", 0, 0, &Inspector::ShowPage},
+      Row{"time", 0, 0, &Inspector::ShowTime},         Row{"page", 0, 1, &Inspector::ShowPage},
       Row{"settings", 0, 0, &Inspector::ShowSettings}, Row{"open", 0, 0, &Inspector::ShowOpen},
       Row{"pixel", 2, 2, &Inspector::ShowPixel},       Row{"sum", 0, 0, &Inspector::ShowSum},
       Row{"drawing", 0, 0, &Inspector::ShowDrawing},   Row{"file", 1, 1, &Inspector::ShowFile},
@@ -77,11 +78,11 @@ Shown Inspector::Show(std::span<const Word> words) {
       if (row.name != words[0].text) continue;
       const std::size_t arguments = words.size() - 1;
       if (arguments < row.least || arguments > row.most)
-        throw NotPossible("show " + words[0].text + " takes another form");
+        throw NotPossible("show " + words[0].text + " takes another form", "`help show` tells it");
       return (this->*row.show)(words);
     }
   }
-  if (words.size() != 1) throw NotPossible("show takes one thing at a time");
+  if (words.size() != 1) throw NotPossible("show takes one thing at a time", "`help show` lists them");
   if (const auto name = ParseControlName(words[0])) return ShowControl(*name);
   return ShowField(words[0]);
 }
@@ -143,10 +144,11 @@ Shown Inspector::ShowTime(std::span<const Word>) const {
   return Line("time", std::to_string(start_ ? clock_.Now() - *start_ : 0));
 }
 
-Shown Inspector::ShowPage(std::span<const Word>) const {
+Shown Inspector::ShowPage(std::span<const Word> words) const {
+  if (words.size() > 1) return {DrawInCharacters(scene_.Require(RequireInt(words[1])), nullptr), 0, false};
   const bool onPage = scene_.DefaultDialog() == dialog::general;
   const Dialog* page = onPage ? scene_.PageInFront() : &scene_.Require(scene_.DefaultDialog());
-  if (page == nullptr) throw NotPossible("no page stands");
+  if (page == nullptr) throw NotPossible("no page stands", "`open` opens the panel");
   const TabBar* tabs = nullptr;
   if (const Dialog* sheet = scene_.Find(dialog::sheet); onPage && sheet != nullptr && !host_.IsPageInline()) {
     tabs = &sheet->Get<TabBar>(id_sheet::tabs);
@@ -160,7 +162,11 @@ Shown Inspector::ShowSettings(std::span<const Word>) const {
 
 Shown Inspector::ShowField(const Word& word) const {
   const SettingsField* field = word.quoted ? nullptr : FindField(word.text);
-  if (field == nullptr) throw NotPossible("show knows no " + Quote(word.text));
+  if (field == nullptr) {
+    std::vector<std::string> known = FieldNames();
+    for (const Row& row : Rows()) known.emplace_back(row.name);
+    throw NotPossible("show knows no " + Quote(word.text), Suggest(word.text, known) + " (or a control's id)");
+  }
   const std::string head = word.text + '=';
   return {{head + FieldText(host_.Settings(), *field)}, head.size(), true};
 }
@@ -203,7 +209,7 @@ Shown Inspector::ShowDrawing(std::span<const Word>) const {
 
 Shown Inspector::ShowFile(std::span<const Word> words) const {
   const auto file = FindModuleFile(words[1].text);
-  if (!file) throw NotPossible("no file " + Quote(words[1].text));
+  if (!file) throw NotPossible("no file " + Quote(words[1].text), Suggest(words[1].text, ModuleFileNames()));
   Shown shown{files_.Lines(*file), 0, false};
   for (std::string& line : shown.lines) line.insert(0, "file ");
   return shown;

@@ -4,7 +4,9 @@
 
 #include "apps/driver/kept.h"
 #include "apps/driver/not_possible.h"
+#include "apps/driver/statement_form.h"
 #include "apps/driver/statement_table.h"
+#include "apps/driver/suggestions.h"
 
 namespace set32 {
 
@@ -26,10 +28,21 @@ void Interpreter::RunLines(const LineReader& lines) {
   const Kept keptLines(lines_);
   lines_ = &lines;
   while (!Stopped()) {
-    const auto line = lines("> ");
-    if (!line) return;
-    Execute(*line);
+    try {
+      const auto line = NextLine(lines, "> ");
+      if (!line) return;
+      Execute(*line);
+    } catch (const BadLine& trouble) {
+      Fail(trouble.Number(), trouble.what());
+    }
   }
+}
+
+std::optional<SourceLine> Interpreter::NextLine(const LineReader& lines, const std::string& prompt) {
+  auto line = lines(prompt);
+  if (line && line->text.size() > longestLine) throw BadLine(line->number, "the line is too long");
+  if (line && !IsText(line->text)) throw BadLine(line->number, "the line isn't UTF-8");
+  return line;
 }
 
 void Interpreter::Execute(const SourceLine& line) {
@@ -37,17 +50,24 @@ void Interpreter::Execute(const SourceLine& line) {
   current_ = line;
   try {
     Perform(line);
+  } catch (const BadLine& trouble) {
+    Fail(trouble.Number(), trouble.what());
   } catch (const NotPossible& trouble) {
-    Fail(line.number, trouble.what());
+    Fail(line.number, trouble.what(), trouble.Hint());
   }
 }
 
 void Interpreter::Perform(const SourceLine& line) {
-  const std::vector<Word> words = SplitWords(line.text);
+  std::vector<Word> words = SplitWords(line.text);
   if (words.empty()) return;
   if (options_.echo) Print("> " + std::string(WithoutComment(line.text)));
   const Statement* statement = words[0].quoted ? nullptr : FindStatement(words[0].text);
-  if (statement == nullptr) throw NotPossible("no statement " + Quote(words[0].text));
+  if (statement == nullptr) {
+    const bool isNear = !NearWords(words[0].text, StatementNames()).empty();
+    throw NotPossible("no statement " + Quote(words[0].text),
+                      isNear ? Suggest(words[0].text, StatementNames()) : "`help` lists the statements");
+  }
+  FoldKeywords(statement->form, std::span(words).subspan(1));
   const std::size_t arguments = words.size() - 1;
   if (arguments < statement->least || arguments > statement->most) {
     throw NotPossible("the form is: " + std::string(statement->form));
@@ -56,9 +76,10 @@ void Interpreter::Perform(const SourceLine& line) {
   (this->*statement->run)(Words(words).subspan(1));
 }
 
-void Interpreter::Fail(int line, const std::string& why) {
+// What would be possible stands on a line of its own, so that the first one is the same for everybody.
+void Interpreter::Fail(int line, const std::string& why, const std::string& hint) {
   if (failed_) return;
-  output_.complain("error " + std::to_string(line) + ": " + why);
+  output_.complain("error " + std::to_string(line) + ": " + why + (hint.empty() ? "" : "\n    " + hint));
   failed_ = !options_.interactive;
 }
 

@@ -16,10 +16,14 @@
 #include <string_view>
 #include <vector>
 
+#include "apps/driver/completion.h"
 #include "apps/driver/script_text.h"
 #include "apps/driver/session.h"
 
 namespace set32 {
+
+// A longer line is no statement. Whoever reads lines need keep no more than one byte above.
+inline constexpr std::size_t longestLine = 256 * 1024;
 
 struct SourceLine {
   int number = 0;
@@ -48,6 +52,9 @@ class Interpreter : private SessionListener {
   // Runs to the end of the lines or to the first failure. Result: the exit status, 0 or 1.
   int Run(const LineReader& lines);
 
+  // What may stand where the line ends, for a person at a prompt.
+  Completion Complete(std::string_view line);
+
   // Goes on after a failure. Result: whether there was one.
   bool Forgive();
 
@@ -57,7 +64,9 @@ class Interpreter : private SessionListener {
   using Words = std::span<const Word>;
   struct Statement;
   static std::span<const Statement> Statements();
+  // Without regard to letter case; also by another usual name.
   static const Statement* FindStatement(std::string_view name);
+  static std::vector<std::string> StatementNames();
 
   // The lines of a `when`, with the number of its `end`.
   struct Block {
@@ -73,19 +82,21 @@ class Interpreter : private SessionListener {
 
   // Statements inside a dialog, a box or a message to the host run in a place of their own.
   struct Inside {
-    std::string name;              // "dialog 104", "the box", "message 0x403"
-    std::string prompt;            // "104> "
-    int defaultDialog = 0;         // whose controls need no number
-    std::function<bool()> closed;  // whether it is still there to act in
+    std::string name;                     // "dialog 104", "the box", "message 0x403"
+    std::string prompt;                   // "104> "
+    int defaultDialog = 0;                // whose controls need no number
+    std::function<bool()> closed;         // whether it is gone, and nothing can be done in it any more
+    std::function<std::string()> wayOut;  // what a person at the prompt is told of how to leave
   };
   void RunInside(const Inside& inside, Block* block);
   void RunBlock(const Inside& inside, Block& block);
   void RunPrompt(const Inside& inside);
   void RunLines(const LineReader& lines);
+  static std::optional<SourceLine> NextLine(const LineReader& lines, const std::string& prompt);
 
   void Execute(const SourceLine& line);
   void Perform(const SourceLine& line);
-  void Fail(int line, const std::string& why);
+  void Fail(int line, const std::string& why, const std::string& hint = {});
   void Print(const std::string& line);
   bool Stopped() const { return failed_ || quit_; }
 
@@ -97,6 +108,7 @@ class Interpreter : private SessionListener {
   void Limits(Words words);
   void Caps(Words words);
   void Preview(Words words);
+  std::vector<std::string> PicturesNearby() const;
   void Rectangle(Words words);
   void Arguments(Words words);
   void Ini(Words words);
@@ -145,6 +157,9 @@ class Interpreter : private SessionListener {
   void Expect(Words words);
   void ExpectHeard();
   void Help(Words words);
+  void HelpFor(const std::string& word);
+  void ListStatements();
+  void ListControls(Dialog& dialog);
   void Quit(Words words);
 
   InterpreterOptions options_;

@@ -55,6 +55,12 @@ std::vector<std::string> ListLines(std::string_view content) {
 
 }  // namespace
 
+std::vector<std::string> ModuleFileNames() {
+  std::vector<std::string> names;
+  for (const auto& [name, file] : roles) names.emplace_back(name);
+  return names;
+}
+
 std::optional<ModuleFile> FindModuleFile(std::string_view role) {
   for (const auto& [name, file] : roles) {
     if (name == role) return file;

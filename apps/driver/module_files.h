@@ -16,6 +16,7 @@ namespace set32 {
 enum class ModuleFile { module, hardware, options, profile, list };
 
 std::optional<ModuleFile> FindModuleFile(std::string_view role);
+std::vector<std::string> ModuleFileNames();
 
 class ModuleFiles {
  public:

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "apps/driver/character_grid.h"
+#include "apps/driver/possible.h"
 
 namespace set32 {
 
@@ -26,12 +27,6 @@ Cells CellsOf(const Rect& place) {
   return {left, std::max(left, place.right / cellWidth - 1),
           std::max(0, (place.top + place.bottom) / 2 - lift) / cellHeight, place.top / cellHeight,
           std::max(place.top, place.bottom - 1) / cellHeight};
-}
-
-// "另存新檔(&A)" reads "另存新檔(A)".
-std::string WithoutAccelerator(std::string text) {
-  std::erase(text, '&');
-  return text;
 }
 
 std::string Padded(std::string text, int width) {

@@ -4,6 +4,8 @@
 
 #include "apps/driver/interpreter.h"
 #include "apps/driver/not_possible.h"
+#include "apps/driver/possible.h"
+#include "apps/driver/suggestions.h"
 
 namespace set32 {
 
@@ -11,7 +13,7 @@ namespace {
 
 ControlName RequireControl(const Word& word) {
   auto name = ParseControlName(word);
-  if (!name) throw NotPossible(Quote(word.text) + " is no control");
+  if (!name) throw NotPossible(Quote(word.text) + " is no control", "`help` lists the controls by their ids");
   return *std::move(name);
 }
 
@@ -33,15 +35,29 @@ bool Offers(std::uint32_t style, BoxAnswer answer) {
   return false;
 }
 
-BoxAnswer RequireAnswer(const Word& word) {
-  if (word.text == "yes") return BoxAnswer::yes;
-  if (word.text == "no") return BoxAnswer::no;
-  if (word.text == "ok") return BoxAnswer::ok;
-  if (word.text == "cancel") return BoxAnswer::cancel;
-  throw NotPossible("no button " + Quote(word.text));
+constexpr std::array<std::pair<std::string_view, BoxAnswer>, 4> answers = {{
+    {"yes", BoxAnswer::yes},
+    {"no", BoxAnswer::no},
+    {"ok", BoxAnswer::ok},
+    {"cancel", BoxAnswer::cancel},
+}};
+
+BoxAnswer RequireAnswer(const Word& word, std::uint32_t style) {
+  for (const auto& [name, answer] : answers) {
+    if (name == word.text) return answer;
+  }
+  throw NotPossible("no button " + Quote(word.text), "the box has " + Listed(ButtonsOfBox(style)));
 }
 
 }  // namespace
+
+std::vector<std::string> ButtonsOfBox(std::uint32_t style) {
+  std::vector<std::string> buttons;
+  for (const auto& [name, answer] : answers) {
+    if (Offers(style, answer)) buttons.emplace_back(name);
+  }
+  return buttons;
+}
 
 void Interpreter::Pick(Words words) {
   const ControlName target = RequireControl(words[0]);
@@ -133,7 +149,9 @@ void Interpreter::PressKey(Words words) {
   for (const auto& [name, key] : keys) {
     if (name == words[0].text) return session_.Person().PressKey(key);
   }
-  throw NotPossible("no key " + Quote(words[0].text));
+  std::vector<std::string> names;
+  for (const auto& [name, key] : keys) names.emplace_back(name);
+  throw NotPossible("no key " + Quote(words[0].text), Suggest(words[0].text, names));
 }
 
 void Interpreter::Scroll(Words words) {
@@ -170,9 +188,11 @@ void Interpreter::Release(Words words) {
 }
 
 void Interpreter::Answer(Words words) {
-  if (box_ == nullptr) throw NotPossible("no box stands");
-  const BoxAnswer answer = RequireAnswer(words[0]);
-  if (!Offers(box_->style, answer)) throw NotPossible("the box has no button " + words[0].text);
+  if (box_ == nullptr) throw NotPossible("no box stands", "it belongs into `when box`");
+  const BoxAnswer answer = RequireAnswer(words[0], box_->style);
+  if (!Offers(box_->style, answer)) {
+    throw NotPossible("the box has no button " + words[0].text, "it has " + Listed(ButtonsOfBox(box_->style)));
+  }
   box_->answer = answer;
 }
 

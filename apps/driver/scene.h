@@ -3,6 +3,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "apps/driver/script_text.h"
@@ -48,6 +49,8 @@ class Scene {
   std::vector<Dialog*> Standing() const;
 
  private:
+  std::string WhereElse(const Dialog& holder, int id) const;
+
   const WindowWatch& watch_;
   WindowHandle page_ = 0;
   int default_ = dialog::general;

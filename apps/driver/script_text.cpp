@@ -192,6 +192,14 @@ std::pair<std::string, std::string> SplitAssignment(const Word& word) {
   return {word.text.substr(0, sign), word.text.substr(sign + 1)};
 }
 
+bool IsText(std::string_view bytes) {
+  while (!bytes.empty()) {
+    if (!utf8::IsCharacter(bytes)) return false;
+    bytes.remove_prefix(utf8::CharacterLength(bytes));
+  }
+  return true;
+}
+
 std::vector<std::uint8_t> RequireBytes(const Word& word) {
   if (word.text.size() % 2 != 0) throw NotPossible("an odd number of hexadecimal digits");
   std::vector<std::uint8_t> bytes;

@@ -46,6 +46,9 @@ std::optional<int> ParseIndex(const Word& word);
 // "NAME=VALUE"; throws when there is no '='.
 std::pair<std::string, std::string> SplitAssignment(const Word& word);
 
+// Whether all of it is UTF-8.
+bool IsText(std::string_view bytes);
+
 // Pairs of hexadecimal digits.
 std::vector<std::uint8_t> RequireBytes(const Word& word);
 

@@ -7,6 +7,7 @@
 
 #include "apps/driver/not_possible.h"
 #include "apps/driver/script_text.h"
+#include "apps/driver/suggestions.h"
 
 namespace set32 {
 
@@ -67,6 +68,12 @@ const SettingsField* FindField(std::string_view name) {
   return nullptr;
 }
 
+std::vector<std::string> FieldNames() {
+  std::vector<std::string> names;
+  for (const SettingsField& field : fields) names.emplace_back(field.name);
+  return names;
+}
+
 std::string FieldText(const ScanSettings& settings, const SettingsField& field) {
   switch (field.type) {
     case FieldType::word:
@@ -110,7 +117,7 @@ void SetField(ScanSettings& settings, const SettingsField& field, std::string_vi
 
 void SetField(ScanSettings& settings, std::string_view name, std::string_view value) {
   const SettingsField* field = FindField(name);
-  if (field == nullptr) throw NotPossible("no field " + std::string(name));
+  if (field == nullptr) throw NotPossible("no field " + std::string(name), Suggest(name, FieldNames()));
   SetField(settings, *field, value);
 }
 

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "set32/host_records.h"
 
@@ -19,6 +20,9 @@ struct SettingsField {
 
 // Null when no field has the name.
 const SettingsField* FindField(std::string_view name);
+
+// In the order of the record.
+std::vector<std::string> FieldNames();
 
 // The value as scripts print it; a pointer as 0 or 1.
 std::string FieldText(const ScanSettings& settings, const SettingsField& field);

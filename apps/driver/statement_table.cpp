@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "apps/driver/suggestions.h"
+
 namespace set32 {
 
 std::span<const Interpreter::Statement> Interpreter::Statements() {
@@ -23,7 +25,8 @@ std::span<const Interpreter::Statement> Interpreter::Statements() {
                 "the other arguments"},
       Statement{"ini", 4, 4, quiet, &I::Ini, "ini FILE SECTION KEY VALUE",
                 "writes a key; FILE is module, hardware, options or profile"},
-      Statement{"usb", 2, 3, quiet, &I::Usb, "usb NUMBER VENDOR PRODUCT | silent | none", "a USB device"},
+      Statement{"usb", 2, 3, quiet, &I::Usb, "usb NUMBER VENDOR PRODUCT | NUMBER silent | NUMBER none",
+                "a USB device"},
       Statement{"net", 2, 2, quiet, &I::Net, "net ADDRESS BYTES | ADDRESS silent | fail STEP | loops yes",
                 "what answers on the network"},
       Statement{"bytes", 2, 2, quiet, &I::Bytes, "bytes FILE HEX", "writes a whole file"},
@@ -40,9 +43,10 @@ std::span<const Interpreter::Statement> Interpreter::Statements() {
       Statement{"report", 1, any, act, &I::Report, "report WPARAM FIELD=VALUE ... [frame=ACTION,INDEX]",
                 "the host sends 0x403"},
       Statement{"send", 1, 3, act, &I::Send, "send MESSAGE [WPARAM [LPARAM]]", "the host sends any message"},
-      Statement{"pick", 2, 2, act, &I::Pick, "pick ID TEXT | #INDEX", "an entry of a combo, or a tab"},
+      Statement{"pick", 2, 2, act, &I::Pick, "pick ID TEXT | ID #INDEX", "an entry of a combo, or a tab"},
       Statement{"click", 1, 1, act, &I::Click, "click ID", "a button, check box or radio button"},
-      Statement{"row", 2, 2, act, &I::Row, "row ID #INDEX | TEXT | none", "a click on a row, or beside the rows"},
+      Statement{"row", 2, 2, act, &I::Row, "row ID TEXT | ID #INDEX | ID none",
+                "a click on a row, or beside the rows"},
       Statement{"arrow", 2, 2, act, &I::Arrow, "arrow ID #INDEX", "moves to a row with the keyboard"},
       Statement{"focus", 1, 1, act, &I::Focus, "focus ID", "moves the focus"},
       Statement{"leave", 0, 0, act, &I::Leave, "leave", "the focus goes to the host's window"},
@@ -69,24 +73,33 @@ std::span<const Interpreter::Statement> Interpreter::Statements() {
       Statement{"answer", 1, 1, act, &I::Answer, "answer yes | no | ok | cancel", "inside `when box`: the button"},
 
       // What is seen.
-      Statement{
-          "show", 1, 3, quiet, &I::Show,
-          "show ID | FIELD | settings | page | focus | open | place ID | place DIALOG | moved ID | title DIALOG | "
-          "picture ID | tip ID [#INDEX] | pixel X Y | sum | drawing | file FILE | time",
-          "prints what is to be seen"},
+      Statement{"show", 1, 3, quiet, &I::Show,
+                "show ID | FIELD | settings | page [DIALOG] | focus | open | place ID | place DIALOG | moved ID | "
+                "title DIALOG | "
+                "picture ID | tip ID [#INDEX] | pixel X Y | sum | drawing | file FILE | time",
+                "prints what is to be seen"},
       Statement{"expect", 1, any, quiet, &I::Expect, "expect SHOWN is LINE | heard ... end",
                 "an error unless it holds"},
-      Statement{"help", 0, 1, quiet, &I::Help, "help [STATEMENT]", "this list"},
+      Statement{"help", 0, 1, quiet, &I::Help, "help [STATEMENT | ID | DIALOG]",
+                "the statements and the controls in front, or one of them"},
       Statement{"quit", 0, 0, quiet, &I::Quit, "quit", "ends the host"},
   };
   return rows;
 }
 
 const Interpreter::Statement* Interpreter::FindStatement(std::string_view name) {
+  if (SameWord(name, "exit")) name = "quit";
+  if (name == "?") name = "help";
   for (const Statement& statement : Statements()) {
-    if (statement.name == name) return &statement;
+    if (SameWord(statement.name, name)) return &statement;
   }
   return nullptr;
+}
+
+std::vector<std::string> Interpreter::StatementNames() {
+  std::vector<std::string> names;
+  for (const Statement& statement : Statements()) names.emplace_back(statement.name);
+  return names;
 }
 
 }  // namespace set32

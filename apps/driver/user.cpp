@@ -6,19 +6,25 @@
 #include <string>
 
 #include "apps/driver/not_possible.h"
+#include "apps/driver/possible.h"
 #include "platform/utf8.h"
 
 namespace set32 {
 
 namespace {
 
-std::string NameOf(const Control& control) {
+std::string Numbered(const Control& control) {
   return "control " + std::to_string(control.Id());
+}
+
+std::string WhatItHas(const Control& control) {
+  const std::string entries = NumberedEntries(control);
+  return entries.empty() ? "it has none" : "it has " + entries;
 }
 
 void CheckIndex(const Control& control, int index, int count) {
   if (index < 0 || index >= count) {
-    throw NotPossible(NameOf(control) + " has no entry #" + std::to_string(index));
+    throw NotPossible(Numbered(control) + " has no entry #" + std::to_string(index), WhatItHas(control));
   }
 }
 
@@ -27,37 +33,57 @@ int FindText(const Control& control, int count, std::string_view text, TextAt te
   for (int i = 0; i < count; ++i) {
     if (textAt(i) == text) return i;
   }
-  throw NotPossible(NameOf(control) + " has no entry " + Quote(text));
+  throw NotPossible(Numbered(control) + " has no entry " + Quote(text), WhatItHas(control));
 }
 
 bool IsButton(const Control& control) {
   return dynamic_cast<const Button*>(&control) != nullptr || dynamic_cast<const CheckButton*>(&control) != nullptr;
 }
 
+bool IsPicked(const Control& control) {
+  return dynamic_cast<const Combo*>(&control) != nullptr || dynamic_cast<const TabBar*>(&control) != nullptr;
+}
+
+bool Scrolls(const Control& control) {
+  return control.Kind() == ControlKind::slider || control.Kind() == ControlKind::scroll;
+}
+
 }  // namespace
 
 void User::CheckNothingBefore(const Dialog* dialog) const {
-  if (boxOpen_) throw NotPossible("a box waits for its answer");
+  if (boxOpen_) throw NotPossible("a box waits for its answer", "`answer` and one of its buttons");
   const Dialog* modal = scene_.ModalInFront();
   if (modal != nullptr && modal != dialog) {
-    throw NotPossible("dialog " + std::to_string(modal->TemplateId()) + " is open in front");
+    throw NotPossible("dialog " + std::to_string(modal->TemplateId()) + " is open in front",
+                      WaysOut(scene_, *modal) + " leaves it");
   }
 }
 
 void User::CheckReachable(const Dialog& dialog) const {
   CheckNothingBefore(&dialog);
-  const std::string number = std::to_string(dialog.TemplateId());
+  const int id = dialog.TemplateId();
+  const std::string number = std::to_string(id);
   if (!dialog.IsVisible()) {
-    throw NotPossible(dialog.IsChild() ? "page " + number + " isn't in front" : "dialog " + number + " is hidden");
+    if (!dialog.IsChild()) throw NotPossible("dialog " + number + " is hidden");
+    throw NotPossible("page " + number + " isn't in front",
+                      id == dialog::advanced ? "`page advanced` turns to it" : "`page general` turns to it");
   }
-  if (!dialog.IsEnabled()) throw NotPossible("dialog " + number + " is disabled");
+  if (!dialog.IsEnabled()) {
+    throw NotPossible("dialog " + number + " is disabled",
+                      dialog.IsChild() ? "`enable yes` is the host's way to let people in again" : "");
+  }
 }
 
 void User::CheckReachable(const FoundControl& found) const {
   const auto& [dialog, control] = found;
   CheckReachable(dialog);
-  if (!control.IsVisible()) throw NotPossible(NameOf(control) + " is hidden");
-  if (!control.IsEnabled()) throw NotPossible(NameOf(control) + " is disabled");
+  if (control.IsVisible() && control.IsEnabled()) return;
+  const auto isAlike = [kind = control.Kind()](const Control& other) {
+    return std::string_view(KindName(kind)) == KindName(other.Kind());
+  };
+  const std::string alike = UsableControls(scene_, dialog, isAlike);
+  throw NotPossible(Numbered(control) + (control.IsVisible() ? " is disabled" : " is hidden"),
+                    alike.empty() ? alike : "these aren't: " + alike);
 }
 
 FoundControl User::Reachable(const Target& target) const {
@@ -66,11 +92,20 @@ FoundControl User::Reachable(const Target& target) const {
   return found;
 }
 
+// Of what kind a control is, and which ones a statement would take.
+std::string User::Instead(const FoundControl& found, const std::function<bool(const Control&)>& takes) const {
+  const std::string others = UsableControls(scene_, found.dialog, takes);
+  return "it is a " + std::string(KindName(found.control.Kind())) + (others.empty() ? "" : "; there are: " + others);
+}
+
 template <typename T>
 T& User::Reach(const Target& target, const char* kind) const {
   const FoundControl found = Reachable(target);
   auto* control = dynamic_cast<T*>(&found.control);
-  if (control == nullptr) throw NotPossible(NameOf(found.control) + " isn't " + kind);
+  if (control == nullptr) {
+    const auto isOne = [](const Control& other) { return dynamic_cast<const T*>(&other) != nullptr; };
+    throw NotPossible(Numbered(found.control) + " isn't " + kind, Instead(found, isOne));
+  }
   return *control;
 }
 
@@ -91,18 +126,20 @@ T& User::Enter(const Target& target, const char* kind) const {
 }
 
 void User::Pick(const Target& target, std::string_view text) {
-  const Control& control = Reachable(target).control;
+  const FoundControl found = Reachable(target);
+  const Control& control = found.control;
   if (const auto* combo = dynamic_cast<const Combo*>(&control)) {
     return Pick(target, FindText(control, combo->Count(), text, [&](int i) { return combo->EntryText(i); }));
   }
   if (const auto* tabs = dynamic_cast<const TabBar*>(&control)) {
     return Pick(target, FindText(control, tabs->Count(), text, [&](int i) { return tabs->TabText(i); }));
   }
-  throw NotPossible(NameOf(control) + " has no entries to pick");
+  throw NotPossible(Numbered(control) + " has no entries to pick", Instead(found, IsPicked));
 }
 
 void User::Pick(const Target& target, int index) {
-  Control& control = Reachable(target).control;
+  const FoundControl found = Reachable(target);
+  const Control& control = found.control;
   if (const auto* combo = dynamic_cast<const Combo*>(&control)) {
     CheckIndex(control, index, combo->Count());
     input_.PickEntry(Enter<Combo>(target, "a combo"), index);
@@ -110,14 +147,16 @@ void User::Pick(const Target& target, int index) {
     CheckIndex(control, index, tabs->Count());
     input_.ChooseTab(Enter<TabBar>(target, "a tab bar"), index);
   } else {
-    throw NotPossible(NameOf(control) + " has no entries to pick");
+    throw NotPossible(Numbered(control) + " has no entries to pick", Instead(found, IsPicked));
   }
   input_.Pump();
 }
 
 void User::Click(const Target& target) {
-  const Control& control = Reachable(target).control;
-  if (!IsButton(control)) throw NotPossible(NameOf(control) + " can't be clicked");
+  const FoundControl found = Reachable(target);
+  if (!IsButton(found.control)) {
+    throw NotPossible(Numbered(found.control) + " can't be clicked", Instead(found, IsButton));
+  }
   input_.Click(Entered(target).control);
   input_.Pump();
 }
@@ -147,8 +186,12 @@ void User::ArrowTo(const Target& target, int row) {
 }
 
 void User::Focus(const Target& target) {
-  Control& control = Reachable(target).control;
-  if (!TakesFocus(control.Kind())) throw NotPossible(NameOf(control) + " takes no focus");
+  const FoundControl found = Reachable(target);
+  Control& control = found.control;
+  if (!TakesFocus(control.Kind())) {
+    const auto takes = [](const Control& other) { return TakesFocus(other.Kind()); };
+    throw NotPossible(Numbered(control) + " takes no focus", Instead(found, takes));
+  }
   input_.Focus(control);
   input_.Pump();
 }
@@ -201,7 +244,7 @@ void User::SetCaret(const Target& target, TextRange range) {
 
 void User::PressKey(Key key) {
   const auto focus = scene_.Focused();
-  if (!focus) throw NotPossible("no control has the focus");
+  if (!focus) throw NotPossible("no control has the focus", "`focus` and a control's id");
   CheckReachable(*focus->dialog);
   input_.PressKey(key);
   input_.Pump();
@@ -241,12 +284,12 @@ void User::ScrollList(const Target& target, int topIndex) {
 }
 
 void User::Scroll(const Target& target, int code, std::optional<int> position) {
-  Control& control = Reachable(target).control;
-  if (control.Kind() != ControlKind::slider && control.Kind() != ControlKind::scroll) {
-    throw NotPossible(NameOf(control) + " doesn't scroll");
-  }
+  const FoundControl found = Reachable(target);
+  Control& control = found.control;
+  if (!Scrolls(control)) throw NotPossible(Numbered(control) + " doesn't scroll", Instead(found, Scrolls));
   if (code < scroll_code::lineLeft || code > scroll_code::endScroll) {
-    throw NotPossible("no scroll code " + std::to_string(code));
+    throw NotPossible("no scroll code " + std::to_string(code),
+                      "0 to 3 a line or a page, 4 and 5 the thumb, 6 and 7 an end, 8 the end of the scroll");
   }
   if (CarriesPosition(code) && !position) throw NotPossible("this scroll code needs a position");
   input_.ScrollTo(control, code, CarriesPosition(code) ? position : std::nullopt);
@@ -266,7 +309,7 @@ void User::Release(const Target& target) {
 Dialog& User::PageShown() const {
   Dialog* page =
       scene_.DefaultDialog() == dialog::general ? scene_.PageInFront() : scene_.Find(scene_.DefaultDialog());
-  if (page == nullptr) throw NotPossible("no page stands");
+  if (page == nullptr) throw NotPossible("no page stands", "`open` opens the panel");
   CheckNothingBefore(page);
   return *page;
 }
@@ -274,7 +317,10 @@ Dialog& User::PageShown() const {
 void User::MovePointer(Point at) {
   Dialog& page = PageShown();
   const Size client = page.ClientSize();
-  if (!Rect{0, 0, client.width, client.height}.Contains(at)) throw NotPossible("the page doesn't reach there");
+  if (!Rect{0, 0, client.width, client.height}.Contains(at)) {
+    throw NotPossible("the page doesn't reach there",
+                      "it is " + std::to_string(client.width) + " by " + std::to_string(client.height) + " pixels");
+  }
   input_.MovePointer(page, at);
   input_.Pump();
 }
@@ -306,7 +352,7 @@ void User::CloseBox(int dialogId) {
 
 void User::Poke(const Target& target) {
   Control& control = scene_.Require(target).control;
-  if (!IsButton(control)) throw NotPossible(NameOf(control) + " is no button");
+  if (!IsButton(control)) throw NotPossible(Numbered(control) + " is no button");
   input_.Poke(control);
   input_.Pump();
 }

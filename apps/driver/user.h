@@ -71,6 +71,7 @@ class User {
   void CheckReachable(const FoundControl& found) const;
   void CheckReachable(const Dialog& dialog) const;
   void CheckNothingBefore(const Dialog* dialog) const;
+  std::string Instead(const FoundControl& found, const std::function<bool(const Control&)>& takes) const;
   FoundControl Entered(const Target& target) const;
   template <typename T>
   T& Enter(const Target& target, const char* kind) const;

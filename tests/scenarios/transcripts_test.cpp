@@ -1,6 +1,6 @@
 // Every script in data/scripts is played. FILE.out beside it holds what it prints. FILE.err holds how it fails: each
-// of its parts, between lines of "#----", is a script of its own and ends with one of the lines. A script with
-// neither proves itself by its `expect` lines.
+// of its parts, between lines of "#----", is a script of its own and ends with one of the lines, and with the hint
+// where one stands under it, behind blanks. A script with neither proves itself by its `expect` lines.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -98,13 +98,27 @@ std::vector<std::string> PartsOf(const std::string& script) {
   return parts;
 }
 
+// Each failure, with the hint that it is told with.
+std::vector<std::string> FailuresOf(const std::vector<std::string>& lines) {
+  std::vector<std::string> failures;
+  for (const std::string& line : lines) {
+    if (line.starts_with(' ') && !failures.empty()) {
+      failures.back() += '\n' + line;
+    } else {
+      failures.push_back(line);
+    }
+  }
+  return failures;
+}
+
 void ExpectFailures(const std::string& script, const std::vector<std::string>& expected, const std::string& folder) {
   const std::vector<std::string> parts = PartsOf(script);
   ASSERT_EQ(parts.size(), expected.size());
   for (std::size_t i = 0; i < parts.size(); ++i) {
     const ScriptRun run = RunScript(parts[i], folder);
     ASSERT_EQ(run.complaints.size(), 1U) << expected[i];
-    EXPECT_EQ(LinesOf(run.complaints.front()).front(), expected[i]);
+    const bool tellsHint = LinesOf(expected[i]).size() > 1;
+    EXPECT_EQ(tellsHint ? run.complaints.front() : LinesOf(run.complaints.front()).front(), expected[i]);
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(std::ranges::count(run.printed, "dpi=100"), 0) << "what stands behind the failure was played";
   }
@@ -122,7 +136,7 @@ TEST_P(Transcripts, Hold) {
   const std::string script = WholeFile(GetParam());
   const std::string folder = GetParam().parent_path().string() + '/';
   const std::vector<std::string> transcript = LinesOf(Beside(".out"));
-  if (const std::vector<std::string> failures = LinesOf(Beside(".err")); !failures.empty()) {
+  if (const std::vector<std::string> failures = FailuresOf(LinesOf(Beside(".err"))); !failures.empty()) {
     return ExpectFailures(script, failures, folder);
   }
   const bool echo = !transcript.empty() && transcript.front().starts_with("> ");
