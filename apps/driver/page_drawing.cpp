@@ -19,6 +19,7 @@ constexpr int lift = 3;
 struct Cells {
   int left, right, middle, top, bottom;
   int Width() const { return right - left + 1; }
+  bool Meets(int row, int first, int last) const { return middle == row && left <= last && right >= first; }
 };
 
 // A control ends before the cell that its right neighbour may begin in.
@@ -29,25 +30,52 @@ Cells CellsOf(const Rect& place) {
           std::max(place.top, place.bottom - 1) / cellHeight};
 }
 
+bool IsEdge(ControlKind kind) {
+  return kind == ControlKind::group || kind == ControlKind::frame || kind == ControlKind::list;
+}
+
+// Whether all that is drawn is a text, which a window system would cut at the control's end.
+bool IsTextAlone(ControlKind kind) {
+  return kind == ControlKind::label || kind == ControlKind::check || kind == ControlKind::radio;
+}
+
 std::string Padded(std::string text, int width) {
   const int missing = width - CellWidth(text);
   if (missing > 0) text.append(static_cast<std::size_t>(missing), ' ');
   return text;
 }
 
+// Draws each control where none of those that were drawn before it is covered.
 class PageDrawer {
  public:
   explicit PageDrawer(CharacterGrid& grid) : grid_(grid) {}
 
+  void DrawEdge(const Control& control) {
+    Cells at = CellsOf(control.Place());
+    if (control.Kind() == ControlKind::group) {
+      grid_.Frame(at.left, at.top, ++at.right, at.bottom, WithoutAccelerator(control.Text()));
+    } else if (const auto* list = dynamic_cast<const List*>(&control)) {
+      Rows(*list, at);
+    } else {
+      grid_.Frame(at.left, at.top, at.right, at.bottom, {});
+    }
+    edges_.push_back(at);
+  }
+
   void Draw(const Control& control) {
-    const Cells at = CellsOf(control.Place());
+    Cells at = BesideEdges(CellsOf(control.Place()));
+    if (control.Kind() == ControlKind::spin) {
+      at = BehindOthers(at);
+    } else {
+      const int whole = IsTextAlone(control.Kind()) ? CellWidth(TextOf(control)) : 0;
+      at = Free(at, std::max(at.Width(), whole));
+    }
+    drawn_.push_back(at);
     switch (control.Kind()) {
-      case ControlKind::group:
-        return grid_.Frame(at.left, at.top, at.right + 1, at.bottom, WithoutAccelerator(control.Text()));
-      case ControlKind::frame:
-        return grid_.Frame(at.left, at.top, at.right, at.bottom, {});
       case ControlKind::label:
-        return grid_.Put(at.left, at.middle, WithoutAccelerator(control.Text()), at.Width() + 1);
+      case ControlKind::check:
+      case ControlKind::radio:
+        return grid_.Put(at.left, at.middle, TextOf(control), at.Width());
       case ControlKind::edit:
       case ControlKind::address:
         return Boxed(control, at, control.Text(), "]");
@@ -60,12 +88,6 @@ class PageDrawer {
       case ControlKind::pictureButton:
       case ControlKind::picture:
         return grid_.Put(at.left, at.middle, "▣", 1);
-      case ControlKind::check:
-        return Mark(control, at, "[x] ", "[ ] ");
-      case ControlKind::radio:
-        return Mark(control, at, "(•) ", "( ) ");
-      case ControlKind::list:
-        return Rows(dynamic_cast<const List&>(control), at);
       case ControlKind::tab:
         return Tabs(dynamic_cast<const TabBar&>(control), at.left, at.middle, at.Width());
       case ControlKind::slider:
@@ -74,6 +96,10 @@ class PageDrawer {
         return Track(at, dynamic_cast<const RangeControl&>(control), "◂", "▸");
       case ControlKind::spin:
         return grid_.Put(at.left, at.middle, "↕", 1);
+      case ControlKind::group:
+      case ControlKind::frame:
+      case ControlKind::list:
+        return;
     }
   }
 
@@ -88,6 +114,59 @@ class PageDrawer {
   }
 
  private:
+  // Inside the edges that it would lie on.
+  Cells BesideEdges(Cells at) const {
+    constexpr int narrow = 3;
+    for (const Cells& edge : edges_) {
+      if (at.middle <= edge.top || at.middle >= edge.bottom || at.Width() <= narrow) continue;
+      if (at.left == edge.left) ++at.left;
+      if (at.right == edge.right) --at.right;
+    }
+    return at;
+  }
+
+  bool IsFree(int row, int first, int last) const {
+    const auto isCovered = [&](const Cells& other) { return other.Meets(row, first, last); };
+    const auto isOnEdge = [&](const Cells& edge) {
+      const bool isAcross = row >= edge.top && row <= edge.bottom;
+      const bool isAlong = (row == edge.top || row == edge.bottom) && first <= edge.right && last >= edge.left;
+      return isAlong ||
+             (isAcross && ((first <= edge.left && last >= edge.left) || (first <= edge.right && last >= edge.right)));
+    };
+    return std::ranges::none_of(drawn_, isCovered) && std::ranges::none_of(edges_, isOnEdge);
+  }
+
+  // The row of its middle, or the nearest one where it covers nothing; with the width that is wanted where it fits.
+  Cells Free(const Cells& at, int wanted) const {
+    for (const int away : {0, 1, -1, 2, -2}) {
+      for (const int width : {wanted, at.Width()}) {
+        Cells place = at;
+        place.middle += away;
+        place.right = place.left + width - 1;
+        if (place.middle >= 0 && place.middle < grid_.Rows() && IsFree(place.middle, place.left, place.right))
+          return place;
+      }
+    }
+    return at;
+  }
+
+  // A spin may lie within its edit.
+  Cells BehindOthers(Cells at) const {
+    while (!IsFree(at.middle, at.left, at.left)) ++at.left;
+    at.right = at.left;
+    return at;
+  }
+
+  static std::string TextOf(const Control& control) {
+    const auto marked = [&control](const char* on, const char* off) {
+      return dynamic_cast<const CheckButton&>(control).IsChecked() ? on : off;
+    };
+    std::string mark;
+    if (control.Kind() == ControlKind::check) mark = marked("[x] ", "[ ] ");
+    if (control.Kind() == ControlKind::radio) mark = marked("(•) ", "( ) ");
+    return mark + WithoutAccelerator(control.Text());
+  }
+
   // What can't be used stands between dots.
   void Boxed(const Control& control, const Cells& at, std::string_view text, std::string_view end) {
     const std::string_view open = control.IsEnabled() ? "[" : "·";
@@ -105,12 +184,6 @@ class PageDrawer {
     grid_.Put(at.left, at.middle, control.IsEnabled() ? "<" : "·", 1);
     grid_.Put(at.left + 1, at.middle, Padded(inside, at.Width() - 2), at.Width() - 2);
     grid_.Put(at.right, at.middle, control.IsEnabled() ? ">" : "·", 1);
-  }
-
-  void Mark(const Control& control, const Cells& at, std::string_view on, std::string_view off) {
-    const auto& button = dynamic_cast<const CheckButton&>(control);
-    const std::string mark(button.IsChecked() ? on : off);
-    grid_.Put(at.left, at.middle, mark + WithoutAccelerator(control.Text()), at.Width() + 1);
   }
 
   void Rows(const List& list, const Cells& at) {
@@ -135,6 +208,8 @@ class PageDrawer {
   }
 
   CharacterGrid& grid_;
+  std::vector<Cells> edges_;  // of frames, groups and lists
+  std::vector<Cells> drawn_;  // of all others
 };
 
 }  // namespace
@@ -146,17 +221,17 @@ std::vector<std::string> DrawInCharacters(const Dialog& dialog, const TabBar* ta
   const int columns = std::clamp(client.width / cellWidth + 1, 1, widest);
   const int rows = std::clamp(client.height / cellHeight + 1, 1, highest);
 
-  // Frames lie at the bottom, and of the others a later one lies under an earlier one, as windows do.
+  // Edges lie at the bottom. Then come those that fill their place, and texts last, which can move aside.
   CharacterGrid grid(columns, rows);
   PageDrawer drawer(grid);
-  const auto isFrame = [](const Control& control) { return control.Kind() == ControlKind::group; };
-  const auto& controls = dialog.Controls();
-  for (const auto& control : controls) {
-    if (control->IsVisible() && isFrame(*control)) drawer.Draw(*control);
-  }
-  for (auto control = controls.rbegin(); control != controls.rend(); ++control) {
-    if ((*control)->IsVisible() && !isFrame(**control)) drawer.Draw(**control);
-  }
+  const auto drawAll = [&dialog](auto isWanted, auto draw) {
+    for (const auto& control : dialog.Controls())
+      if (control->IsVisible() && isWanted(control->Kind())) draw(*control);
+  };
+  drawAll(IsEdge, [&](const Control& control) { drawer.DrawEdge(control); });
+  drawAll([](ControlKind kind) { return !IsEdge(kind) && !IsTextAlone(kind); },
+          [&](const Control& control) { drawer.Draw(control); });
+  drawAll(IsTextAlone, [&](const Control& control) { drawer.Draw(control); });
 
   std::vector<std::string> lines = grid.Lines();
   while (!lines.empty() && lines.back().empty()) lines.pop_back();
