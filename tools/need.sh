@@ -42,13 +42,24 @@ need() {
     { tail -n 5 "$log" >&2; exit 1; }
 }
 
+# want FILE PACKAGE...: the same for what the build can go without.
+want() {
+  (need "$@") || echo "Going on without ${*:2}." >&2
+}
+
 need_build_tools() {
   need g++ g++
   need cmake cmake
   need ninja ninja-build
 }
 
+# What edits lines at the prompt.
+want_prompt_tools() {
+  want /usr/include/histedit.h libedit-dev
+}
+
 need_test_tools() {
+  want_prompt_tools
   need /usr/include/gtest/gtest.h libgtest-dev
   need /usr/include/gmock/gmock.h libgmock-dev
   need /usr/include/benchmark/benchmark.h libbenchmark-dev

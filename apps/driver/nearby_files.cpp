@@ -40,13 +40,24 @@ std::vector<std::string> FilesBeginning(std::string_view path) {
   return found;
 }
 
-std::vector<std::string> PicturesIn(const std::string& folder) {
-  static constexpr std::string_view extension = ".bmp";
+namespace {
+
+std::vector<std::string> FilesOfKind(const std::string& folder, std::string_view extension) {
   std::vector<std::string> found = FilesBeginning(folder);
-  std::erase_if(found, [](const std::string& name) {
+  std::erase_if(found, [extension](const std::string& name) {
     return name.size() < extension.size() || !SameWord(name.substr(name.size() - extension.size()), extension);
   });
   return found;
+}
+
+}  // namespace
+
+std::vector<std::string> PicturesIn(const std::string& folder) {
+  return FilesOfKind(folder, ".bmp");
+}
+
+std::vector<std::string> ScriptsNear(const std::string& path) {
+  return FilesOfKind(path.substr(0, path.find_last_of("/\\") + 1), ".scn");
 }
 
 }  // namespace set32

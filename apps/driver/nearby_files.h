@@ -14,4 +14,7 @@ std::vector<std::string> FilesBeginning(std::string_view path);
 // Bitmaps in a folder ("" is the working one, else with its separator), each with the folder in front.
 std::vector<std::string> PicturesIn(const std::string& folder);
 
+// Scripts in the folder of a path.
+std::vector<std::string> ScriptsNear(const std::string& path);
+
 }  // namespace set32

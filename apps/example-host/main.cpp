@@ -1,7 +1,7 @@
 // The smallest whole host: loads set32.dll by name, gives the panel a place in its window, answers its messages, and
 // ends it by ending its own window.
 //
-//   example-host.exe [--once] [--network real] [PREVIEW.bmp]
+//   example-host.exe [--once] [--network usb|real] [PREVIEW.bmp]
 //
 // With --once it says what it heard and ends by itself as soon as the panel stands. The panel searches for scanners
 // on USB alone, unless --network real lets it ask every machine in the network. docs/host-guide.md goes through this
@@ -113,6 +113,31 @@ bool LayModuleProfile(bool searchesNetwork) {
   return isLaid;
 }
 
+struct Arguments {
+  bool once = false;
+  bool searchesNetwork = false;
+  const char* picture = nullptr;
+};
+
+// False when the words make no sense.
+bool ReadArguments(int count, char** values, Arguments& arguments) {
+  for (int i = 1; i < count; ++i) {
+    const std::string_view word = values[i];
+    const std::string_view next = i + 1 < count ? values[i + 1] : "";
+    if (word == "--once") {
+      arguments.once = true;
+    } else if (word == "--network" && (next == "usb" || next == "real")) {
+      arguments.searchesNetwork = next == "real";
+      ++i;
+    } else if (word.empty() || word.front() == '-' || arguments.picture != nullptr) {
+      return false;
+    } else {
+      arguments.picture = values[i];
+    }
+  }
+  return true;
+}
+
 // A function by its name, as the type that its header tells.
 template <typename Function>
 Function Find(HMODULE library, const char* name) {
@@ -126,20 +151,12 @@ Function Find(HMODULE library, const char* name) {
 }  // namespace
 
 int main(int count, char** values) {
-  bool once = false;
-  bool searchesNetwork = false;
-  const char* picture = nullptr;
-  for (int i = 1; i < count; ++i) {
-    if (std::string_view(values[i]) == "--once") {
-      once = true;
-    } else if (std::string_view(values[i]) == "--network" && i + 1 < count) {
-      searchesNetwork = std::string_view(values[++i]) == "real";
-    } else {
-      picture = values[i];
-    }
+  Arguments arguments;
+  if (!ReadArguments(count, values, arguments)) {
+    std::fprintf(stderr, "usage: example-host [--once] [--network usb|real] [PREVIEW.bmp]\n");
+    return 2;
   }
-
-  if (!LayModuleProfile(searchesNetwork)) {
+  if (!LayModuleProfile(arguments.searchesNetwork)) {
     std::fprintf(stderr, "example-host: QUIRNMFP.ini can't be written beside this program\n");
     return 2;
   }
@@ -153,15 +170,15 @@ int main(int count, char** values) {
   int status = 0;
   {
     Host host;
-    if (picture != nullptr && !LoadPreview(host, picture)) return 2;
+    if (arguments.picture != nullptr && !LoadPreview(host, arguments.picture)) return 2;
     host.window = MakeWindow(host);
     if (!OpenPanel(host, fixSetting)) return 1;
     ShowWindow(host.window, SW_SHOW);
-    if (once) PostMessageW(host.window, WM_CLOSE, 0, 0);
+    if (arguments.once) PostMessageW(host.window, WM_CLOSE, 0, 0);
     // The end of the window ends the panel; until then record and picture stand.
     status = RunMessages();
-    if (once) std::printf("heard %d messages\n", host.heard);
-    if (once && host.heard == 0) status = 1;
+    if (arguments.once) std::printf("heard %d messages\n", host.heard);
+    if (arguments.once && host.heard == 0) status = 1;
   }
   FreeLibrary(library);
   return status;

@@ -19,7 +19,8 @@ constexpr char usage[] =
     "  --name TEXT  the device's name in the answer (scan-answer)\n"
     "  --delay MS   wait before an answer (0)\n"
     "  --bytes HEX  answer these bytes instead of a well-formed answer\n"
-    "  --flood N    N datagrams to a request (1)\n";
+    "  --flood N    N datagrams to a request (1)\n"
+    "  --help       this text\n";
 
 std::optional<int> ParseNumber(std::string_view text, int highest) {
   int value = 0;
@@ -46,12 +47,16 @@ bool Take(const std::optional<From>& value, To& target) {
   return value.has_value();
 }
 
+// Says what is wrong, and gives nothing, when the words make no sense.
 std::optional<DeviceOptions> ParseOptions(int count, char** words) {
   DeviceOptions options;
   options.datagram = WellFormedAnswer("scan-answer");
   for (int i = 1; i < count; i += 2) {
-    if (i + 1 == count) return {};
     const std::string_view option = words[i];
+    if (i + 1 == count) {
+      std::fprintf(stderr, "scan-answer: nothing stands behind %s\n", words[i]);
+      return {};
+    }
     const std::string_view value = words[i + 1];
     bool taken = false;
     if (option == "--address") taken = Take(ParseAddress(value), options.address);
@@ -60,12 +65,19 @@ std::optional<DeviceOptions> ParseOptions(int count, char** words) {
     if (option == "--flood") taken = Take(ParseNumber(value, 100'000'000), options.copies);
     if (option == "--bytes") taken = Take(ParseHex(value), options.datagram);
     if (option == "--name") taken = Take(std::optional(WellFormedAnswer(std::string(value))), options.datagram);
-    if (!taken) return {};
+    if (!taken) {
+      std::fprintf(stderr, "scan-answer: can't take %s %s\n", words[i], words[i + 1]);
+      return {};
+    }
   }
   return options;
 }
 
 int Run(int count, char** words) {
+  if (count == 2 && std::string_view(words[1]) == "--help") {
+    std::fputs(usage, stdout);
+    return 0;
+  }
   const std::optional<DeviceOptions> options = ParseOptions(count, words);
   if (!options) {
     std::fputs(usage, stderr);
