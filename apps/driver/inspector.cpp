@@ -164,6 +164,7 @@ Shown Inspector::ShowField(const Word& word) const {
   const SettingsField* field = word.quoted ? nullptr : FindField(word.text);
   if (field == nullptr) {
     std::vector<std::string> known = FieldNames();
+    known.reserve(known.size() + Rows().size());
     for (const Row& row : Rows()) known.emplace_back(row.name);
     throw NotPossible("show knows no " + Quote(word.text), Suggest(word.text, known) + " (or a control's id)");
   }

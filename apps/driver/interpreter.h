@@ -23,7 +23,7 @@
 namespace set32 {
 
 // A longer line is no statement. Whoever reads lines need keep no more than one byte above.
-inline constexpr std::size_t longestLine = 256 * 1024;
+inline constexpr std::size_t longestLine = 0x40000;
 
 struct SourceLine {
   int number = 0;

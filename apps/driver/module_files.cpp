@@ -57,6 +57,7 @@ std::vector<std::string> ListLines(std::string_view content) {
 
 std::vector<std::string> ModuleFileNames() {
   std::vector<std::string> names;
+  names.reserve(roles.size());
   for (const auto& [name, file] : roles) names.emplace_back(name);
   return names;
 }

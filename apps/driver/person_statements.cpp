@@ -150,6 +150,7 @@ void Interpreter::PressKey(Words words) {
     if (name == words[0].text) return session_.Person().PressKey(key);
   }
   std::vector<std::string> names;
+  names.reserve(keys.size());
   for (const auto& [name, key] : keys) names.emplace_back(name);
   throw NotPossible("no key " + Quote(words[0].text), Suggest(words[0].text, names));
 }

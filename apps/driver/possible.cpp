@@ -123,7 +123,7 @@ std::string NameOf(Dialog& dialog, const Control& control) {
 }
 
 std::string IdOf(const Scene& scene, const Dialog& dialog, const Control& control) {
-  const std::string id = std::to_string(control.Id());
+  std::string id = std::to_string(control.Id());
   if (dialog.TemplateId() == scene.DefaultDialog()) return id;
   return std::to_string(dialog.TemplateId()) + ':' + id;
 }

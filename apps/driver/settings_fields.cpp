@@ -70,6 +70,7 @@ const SettingsField* FindField(std::string_view name) {
 
 std::vector<std::string> FieldNames() {
   std::vector<std::string> names;
+  names.reserve(fields.size());
   for (const SettingsField& field : fields) names.emplace_back(field.name);
   return names;
 }

@@ -98,6 +98,7 @@ const Interpreter::Statement* Interpreter::FindStatement(std::string_view name) 
 
 std::vector<std::string> Interpreter::StatementNames() {
   std::vector<std::string> names;
+  names.reserve(Statements().size());
   for (const Statement& statement : Statements()) names.emplace_back(statement.name);
   return names;
 }
