@@ -7,6 +7,7 @@
 #include "apps/driver/statement_form.h"
 #include "apps/driver/statement_table.h"
 #include "apps/driver/suggestions.h"
+#include "resources/dialogs.h"
 
 namespace set32 {
 
@@ -119,7 +120,7 @@ void Interpreter::HelpFor(const std::string& word) {
   Scene& scene = session_.TheScene();
   const auto name = ParseControlName({word, false, 0, 0});
   if (!name) return Print("There is no statement " + Quote(word) + "; " + Suggest(word, StatementNames()));
-  if (Dialog* dialog = name->dialog ? nullptr : scene.Find(name->id)) return ListControls(*dialog);
+  if (!name->dialog && FindDialog(name->id) != nullptr) return ListControls(scene.Require(name->id));
   const FoundControl found = scene.Require(*name);
   Print(IdOf(scene, found.dialog, found.control) + ' ' + NameOf(found.dialog, found.control) + ": " +
         session_.Eye().Describe(found.control));
