@@ -72,7 +72,7 @@ play_block() {
 }
 
 mapfile -t statements < <(echo help | "$scan_host" | sed -n 's/^\([a-z]\+\)\( .*\)\?$/\1/p')
-ln -s "$project/samples" "$place/samples"
+ln -s "$project/samples" "$project/tests" "$place"
 for document in $(cd "$project" && ls README.md CONTRIBUTING.md docs/*.md 2> "$place/said"); do
   rm -f "$place"/block-*
   blocks "$project/$document"
@@ -112,7 +112,7 @@ for arguments in --fly fly "--window --fly" "--window --face side" "--window --p
   # shellcheck disable=SC2086
   refuses "$project/run" $arguments
 done
-for arguments in fly "--lint now" "--sanitize x" "--windows --32" "--fuzz soon"; do
+for arguments in fly "--lint now" "--sanitize x" "--windows --32" "--fuzz soon" --attack; do
   # shellcheck disable=SC2086
   refuses "$project/test" $arguments
 done
