@@ -49,6 +49,8 @@ std::vector<std::uint8_t> Packet(std::uint32_t from, std::uint32_t to, std::uint
 bool Flooder::Open() {
   listening_ = FileHandle(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
   sending_ = FileHandle(socket(AF_INET, SOCK_RAW | SOCK_CLOEXEC, IPPROTO_RAW));
+  const int on = 1;
+  setsockopt(listening_.Get(), SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);  // all of them hear a broadcast
   const sockaddr_in local = SocketAddress(INADDR_ANY, networkScannerPort);
   return sending_.IsOpen() && bind(listening_.Get(), reinterpret_cast<const sockaddr*>(&local), sizeof local) == 0;
 }

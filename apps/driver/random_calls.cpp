@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "apps/driver/assembly.h"
-#include "apps/driver/module_files.h"
 #include "apps/driver/session_folder.h"
 #include "apps/driver/wild_hands.h"
 #include "apps/driver/wild_values.h"
+#include "apps/driver/wild_world.h"
 #include "host/module.h"
 #include "profile/config_items.h"
 #include "resources/ids.h"
@@ -240,9 +240,9 @@ class Life : private HostWindowHandler {
         return dice_.OneIn(2) ? EndHost() : ClosePage();
       case 9:
       case 10:
-        return ChooseFace();
+        return world_.ChooseFace();
       case 11:
-        return WriteFiles();
+        return world_.WriteFiles();
       case 12:
         if (!records_.empty()) Bend(*records_.back(), dice_);  // the host may write at any time
         return;
@@ -250,7 +250,7 @@ class Life : private HostWindowHandler {
         if (!pictures_.empty()) pictures_.back()->Change(dice_);
         return;
       case 14:
-        return ChangeTheRest();
+        return world_.ChangeTheRest();
       case 15:
         if (uiIsSettingOpen() > 1) fault_ = "uiIsSettingOpen says neither 0 nor 1";
         return;
@@ -291,43 +291,6 @@ class Life : private HostWindowHandler {
     }
   }
 
-  void ChooseFace() { files_.WriteKey(ModuleFile::options, "Option", "UIFace", dice_.OneIn(2) ? "0" : "1"); }
-
-  void WriteFiles() {
-    static constexpr ModuleFile texts[] = {ModuleFile::hardware, ModuleFile::options};
-    const std::string text = WildIniText(dice_);
-    if (dice_.OneIn(3)) return files_.WriteBytes(ModuleFile::list, WildBytes(dice_, 500));
-    if (dice_.OneIn(4)) {
-      profileIsForeign_ = true;
-      return files_.WriteBytes(ModuleFile::profile, WildProfile());
-    }
-    files_.WriteBytes(dice_.OneOf(texts), {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
-  }
-
-  // The one that stands, bent.
-  std::vector<std::uint8_t> WildProfile() {
-    std::string text;
-    for (const std::string& line : files_.Lines(ModuleFile::profile)) text.append(line).append("\n");
-    std::vector<std::uint8_t> bytes(text.begin(), text.end());
-    for (int left = dice_.Below(4); left > 0 && !bytes.empty(); --left) Bend(bytes.data(), bytes.size(), dice_);
-    return bytes;
-  }
-
-  void ChangeTheRest() {
-    switch (dice_.Below(4)) {
-      case 0:
-        outside_->Network().AddAnswer({dice_.Next(), WildBytes(dice_, 200), dice_.Below(5000)});
-        return;
-      case 1:
-        return outside_->Usb().Place(dice_.Below(lastUsbNumber + 1), {static_cast<std::uint16_t>(dice_.Next()),
-                                                                      static_cast<std::uint16_t>(dice_.Next())});
-      case 2:
-        return outside_->ThePlatform().clipboard.Write(dice_.OneIn(2) ? "12.5" : std::string(70'000, '7'));
-      default:
-        return outside_->Clock().Advance(dice_.Next() % 100'000);
-    }
-  }
-
   // Nobody else runs meanwhile.
   void DropModule() {
     const int depth = std::exchange(depth_, deepest);
@@ -354,8 +317,8 @@ class Life : private HostWindowHandler {
 
   // What nobody else wrote is whole.
   std::string FaultInProfile() {
-    if (profileIsForeign_) return {};
-    ConfigEntries entries(outside_->ThePlatform().profiles, files_.PathOf(ModuleFile::profile));
+    if (world_.IsProfileForeign()) return {};
+    ConfigEntries entries(outside_->ThePlatform().profiles, world_.TheFiles().PathOf(ModuleFile::profile));
     for (ConfigEntry entry; entries.Next(entry);) {
       ScanConfigItem item{};
       if (CopyStoredItem(entry, item) != sizeof item) return "row " + std::string(entry.name) + " isn't whole";
@@ -384,7 +347,7 @@ class Life : private HostWindowHandler {
   std::unique_ptr<Assembly> outside_ = Assemble(In(folder_.Path()));
   Dice dice_;
   WildHands hands_{outside_->Watch(), outside_->TheInput(), dice_};
-  ModuleFiles files_{outside_->ThePlatform()};
+  WildWorld world_{*outside_, dice_};
   CallFigures& figures_;
   std::vector<std::unique_ptr<ScanSettings>> records_;  // all that a panel may still be bound to
   std::vector<std::unique_ptr<WildPicture>> pictures_;
@@ -395,7 +358,6 @@ class Life : private HostWindowHandler {
   int ending_ = 0;  // host's windows that are on their way
   int acts_ = 0;
   int depth_ = 0;
-  bool profileIsForeign_ = false;
   std::uint32_t seen_ = 0;
   std::string fault_;
 };
