@@ -4,6 +4,7 @@
 
 #include "host/module.h"
 #include "platform/guarded.h"
+#include "platform/win32/exception_room.h"
 #include "platform/win32/win32_platform.h"
 #include "set32/ui_fix_setting.h"
 
@@ -19,6 +20,11 @@ void EnsureStarted() {
     return true;
   }();
   (void)started;
+}
+
+// What is thrown later, in a window's procedure too, is thrown on a thread that called first.
+bool IsReady() {
+  return set32::win32::HasRoomForExceptions() && set32::Guarded(EnsureStarted);
 }
 
 std::atomic<DWORD> panelThread{0};
@@ -54,7 +60,7 @@ extern "C" set32::WindowHandle ExportedFixSetting(set32::WindowHandle parentWind
                                                   set32::CDib* preview, std::uint8_t jpegModes, std::uint32_t unused,
                                                   std::uint32_t bwThreshold, std::uint32_t outputBits,
                                                   const set32::PanelRect* panelRect, const set32::DeviceCaps* caps) {
-  if (!set32::Guarded(EnsureStarted)) return 0;
+  if (!IsReady()) return 0;
   Turn turn;
   if (!turn.IsOurs()) return 0;
   return turn.Take(uiFixSetting(parentWindow, hostWindow, limits, settings, preview, jpegModes, unused, bwThreshold,
@@ -62,5 +68,5 @@ extern "C" set32::WindowHandle ExportedFixSetting(set32::WindowHandle parentWind
 }
 
 extern "C" std::uint32_t ExportedIsSettingOpen() {
-  return set32::Guarded(EnsureStarted) ? uiIsSettingOpen() : 0;
+  return IsReady() ? uiIsSettingOpen() : 0;
 }

@@ -6,6 +6,7 @@
 
 #include "platform/guarded.h"
 #include "platform/win32/code_page.h"
+#include "platform/win32/exception_room.h"
 #include "platform/win32/handle.h"
 #include "platform/win32/module_instance.h"
 
@@ -23,7 +24,7 @@ unsigned __stdcall Run(void* argument) {
   {
     const std::unique_ptr<Task> task(static_cast<Task*>(argument));
     module = task->module;
-    Guarded(task->work);
+    if (win32::HasRoomForExceptions()) Guarded(task->work);
   }
   // The last thing of the thread: after it the code here may be gone.
   FreeLibraryAndExitThread(module, 0);
