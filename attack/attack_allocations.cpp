@@ -8,11 +8,11 @@
 #include <algorithm>
 #include <climits>
 #include <cstdlib>
-#include <cstring>
 #include <functional>
 #include <memory>
 #include <new>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -57,7 +57,7 @@ void* TakeOrThrow(std::size_t size) {
 
 void GiveBack(void* block) noexcept {
   if (block != nullptr) --memory.live;
-  std::free(block);
+  const std::unique_ptr<void, decltype(&std::free)> gone(block, &std::free);
 }
 
 }  // namespace
@@ -107,6 +107,10 @@ class Watched {
  private:
   const bool before_;
 };
+
+bool IsSame(const ScanSettings& one, const ScanSettings& other) {
+  return std::ranges::equal(std::as_bytes(std::span(&one, 1)), std::as_bytes(std::span(&other, 1)));
+}
 
 enum class Face { sheet, inlined };
 
@@ -331,8 +335,8 @@ class Cases {
 
   // What reaches a page beside its controls.
   void AddPage(Face face) {
-    const auto add = [&](std::string name, std::function<void(World&)> act) {
-      Add(std::move(name), face, true, Kind::act, dialog::general, std::move(act));
+    const auto add = [&](const std::string& name, std::function<void(World&)> act) {
+      Add(name, face, true, Kind::act, dialog::general, std::move(act));
     };
     add("an arrow in the list",
         [](World& world) { world.Hands().ArrowTo(world.Find(dialog::general)->Get<List>(id::configList), 4); });
@@ -373,7 +377,7 @@ class Cases {
   }
 
   void Add(
-      std::string name, Face face, bool hasRows, Kind kind, int dialogId, std::function<void(World&)> act,
+      const std::string& name, Face face, bool hasRows, Kind kind, int dialogId, std::function<void(World&)> act,
       std::function<void(World&)> before = [](World&) {}) {
     list_.push_back({(face == Face::sheet ? "sheet: " : "inline: ") + name, face, hasRows, kind, dialogId,
                      std::move(act), std::move(before)});
@@ -421,8 +425,7 @@ class Attempt {
     }
     if (!world.HostIsUsable()) return "the host's window is disabled";
     if (case_.kind == Kind::opening || case_.kind == Kind::refresh) {
-      if (Failed() && page == 0 && std::memcmp(&given, world.record.get(), sizeof given) != 0)
-        return "the record isn't as before";
+      if (Failed() && page == 0 && !IsSame(given, *world.record)) return "the record isn't as before";
       if (case_.kind == Kind::opening && page == 0 && !world.Screen().Standing().empty())
         return "a dialog stands though the call gave none";
       if (case_.kind == Kind::refresh && world.Find(dialog::general) == nullptr) return "the panel is gone";

@@ -30,8 +30,8 @@ extern "C" {
 //   caps          copied, may be null
 //
 // Result: the window that takes the host's messages; 0 when no page exists, or when parentWindow, hostWindow,
-// settings or panelRect is null. 0 also when there isn't the memory for the call: everything is then as before it, the
-// settings too, and a panel that stood keeps what it was bound to. No exception comes out of either function.
+// settings or panelRect is null. 0 also when there isn't the memory for the call: everything is then as before it,
+// the settings too, and a panel that stood keeps what it was bound to. No exception comes out of either function.
 set32::WindowHandle uiFixSetting(set32::WindowHandle parentWindow, set32::WindowHandle hostWindow,
                                  const set32::DeviceLimits* limits, set32::ScanSettings* settings,
                                  set32::CDib* preview, std::uint8_t jpegModes, std::uint32_t unused,

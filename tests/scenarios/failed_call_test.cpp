@@ -2,8 +2,9 @@
 // the next one works; an event that fails keeps what is in the record by then.
 #include <gtest/gtest.h>
 
-#include <cstring>
+#include <algorithm>
 #include <new>
+#include <span>
 
 #include "resources/ids.h"
 #include "set32/ui_fix_setting.h"
@@ -13,6 +14,10 @@
 
 namespace set32 {
 namespace {
+
+auto BytesOf(const ScanSettings& settings) {
+  return std::as_bytes(std::span(&settings, 1));
+}
 
 struct ScarceFiles : MemoryFiles {
   int looks = 0;
@@ -64,7 +69,7 @@ TEST_P(FailedCall, LeavesNothingBehind) {
     if (host.files.looks < look) break;
     if (host.page == nullptr) {
       ++failed;
-      EXPECT_EQ(std::memcmp(&given, &host.record, sizeof given), 0);
+      EXPECT_TRUE(std::ranges::equal(BytesOf(given), BytesOf(host.record)));
       EXPECT_TRUE(host.world.screen.windows.Standing().empty());
       host.page = host.Call(host.record);
     }

@@ -6,15 +6,19 @@
 #pragma once
 
 #include <cstdlib>
+#include <memory>
 
 namespace set32::win32 {
 
 // Whether this thread can throw and catch. Once it could, it can for good; any thread.
 inline bool HasRoomForExceptions() {
   // More than the runtime takes, which then finds it. A compiler that may would leave such a question out.
-  void* const volatile room = std::malloc(0x4000);
-  std::free(room);
-  if (room == nullptr) return false;
+  void* volatile had = nullptr;
+  {
+    const std::unique_ptr<void, decltype(&std::free)> room(std::malloc(0x4000), &std::free);
+    had = room.get();
+  }
+  if (had == nullptr) return false;
   struct First {};
   try {
     throw First();
