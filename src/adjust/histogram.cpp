@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "adjust/picture_view.h"
+#include "adjust/pixel_road_kinds.h"
 
 namespace set32 {
 
@@ -24,6 +25,7 @@ struct PixelCounts {
 
 constexpr std::size_t blockPixels = 16;
 constexpr std::size_t blockBytes = blockPixels * bandCount;
+static_assert(blockBytes <= cacheLine);
 
 // Blank paper is most of many scans.
 bool IsFlat(const std::uint8_t* block) {
@@ -38,6 +40,7 @@ void CountBlock(const std::uint8_t* pixels, PixelCounts& counts) {
 
 void CountRow(const std::uint8_t* pixels, std::size_t width, PixelCounts& counts) {
   for (; width >= blockPixels; width -= blockPixels, pixels += blockBytes) {
+    AskAhead(pixels);
     if (IsFlat(pixels)) {
       counts.Count(pixels, 0, blockPixels);
     } else {

@@ -5,6 +5,8 @@
 
 #include <immintrin.h>
 
+#include <algorithm>
+#include <array>
 #include <cstring>
 
 #include "adjust/pixel_road_shuffles.h"
@@ -31,9 +33,6 @@ SET32_ROAD_INLINE Register Zero() {
 SET32_ROAD_INLINE Register Words(std::int16_t word) {
   return _mm256_set1_epi16(word);
 }
-SET32_ROAD_INLINE Register WordPairs(int even, int odd) {
-  return Words(BytePair(even, odd));
-}
 SET32_ROAD_INLINE Register InterleaveLow(Register a, Register b) {
   return _mm256_unpacklo_epi8(a, b);
 }
@@ -52,17 +51,8 @@ SET32_ROAD_INLINE Register Subtract(Register a, Register b) {
 SET32_ROAD_INLINE Register Multiply(Register a, Register b) {
   return _mm256_mullo_epi16(a, b);
 }
-SET32_ROAD_INLINE Register Least(Register a, Register b) {
-  return _mm256_min_epi16(a, b);
-}
-SET32_ROAD_INLINE Register Greatest(Register a, Register b) {
-  return _mm256_max_epi16(a, b);
-}
 SET32_ROAD_INLINE Register RoundedProduct(Register a, Register b) {
   return _mm256_mulhrs_epi16(a, b);
-}
-SET32_ROAD_INLINE Register WeighedPairs(Register bytes, Register weights) {
-  return _mm256_maddubs_epi16(bytes, weights);
 }
 
 template <int bits>
@@ -70,49 +60,38 @@ SET32_ROAD_INLINE Register ShiftUp(Register words) {
   return _mm256_slli_epi16(words, bits);
 }
 
-struct Bands {
-  Register blue;
-  Register green;
-  Register red;
-};
-
-constexpr std::size_t halfBytes = laneBytes / 2;
-constexpr std::size_t halfPixels = 3 * halfBytes;  // bytes of the sixteen pixels that a half holds
-
-SET32_ROAD_INLINE Register Gathered(Register a, Register b, Register c, const Gather& gather) {
-  const auto places = [&gather](int i) {
-    return reinterpret_cast<const __m128i*>(gather[static_cast<std::size_t>(i)].data());
-  };
-  const Register first = _mm256_shuffle_epi8(a, _mm256_broadcastsi128_si256(_mm_loadu_si128(places(0))));
-  const Register second = _mm256_shuffle_epi8(b, _mm256_broadcastsi128_si256(_mm_loadu_si128(places(1))));
-  const Register third = _mm256_shuffle_epi8(c, _mm256_broadcastsi128_si256(_mm_loadu_si128(places(2))));
-  return _mm256_or_si256(_mm256_or_si256(first, second), third);
+const __m128i* Half(const void* from) {
+  return static_cast<const __m128i*>(from);
+}
+__m128i* Half(void* to) {
+  return static_cast<__m128i*>(to);
 }
 
-SET32_ROAD_INLINE Register LoadHalves(const std::uint8_t* from) {
-  const auto half = [](const std::uint8_t* at) { return reinterpret_cast<const __m128i*>(at); };
-  return _mm256_inserti128_si256(_mm256_castsi128_si256(_mm_loadu_si128(half(from))),
-                                 _mm_loadu_si128(half(from + halfPixels)), 1);
+SET32_ROAD_INLINE Register LoadWords(const std::uint8_t* from) {
+  return _mm256_cvtepu8_epi16(_mm_loadu_si128(Half(from)));
+}
+SET32_ROAD_INLINE Register PackInOrder(Register first, Register second) {
+  return _mm256_permute4x64_epi64(Pack(first, second), 0b11011000);
 }
 
-SET32_ROAD_INLINE void StoreHalves(std::uint8_t* to, Register bytes) {
-  const auto half = [](std::uint8_t* at) { return reinterpret_cast<__m128i*>(at); };
-  _mm_storeu_si128(half(to), _mm256_castsi256_si128(bytes));
-  _mm_storeu_si128(half(to + halfPixels), _mm256_extracti128_si256(bytes, 1));
+constexpr std::ptrdiff_t halfPixels = 48;  // bytes of the sixteen pixels that a half holds
+
+SET32_ROAD_INLINE Register LoadLanes(const std::uint8_t* from) {
+  return _mm256_inserti128_si256(_mm256_castsi128_si256(_mm_loadu_si128(Half(from))),
+                                 _mm_loadu_si128(Half(from + halfPixels)), 1);
+}
+SET32_ROAD_INLINE void StoreLanes(std::uint8_t* to, Register bytes) {
+  _mm_storeu_si128(Half(to), _mm256_castsi256_si128(bytes));
+  _mm_storeu_si128(Half(to + halfPixels), _mm256_extracti128_si256(bytes, 1));
+}
+SET32_ROAD_INLINE Register Shuffled(Register bytes, const Shuffle& places) {
+  return _mm256_shuffle_epi8(bytes, _mm256_broadcastsi128_si256(_mm_loadu_si128(Half(places.data()))));
+}
+SET32_ROAD_INLINE Register Or(Register a, Register b) {
+  return _mm256_or_si256(a, b);
 }
 
-SET32_ROAD_INLINE Bands SplitPixels(const std::uint8_t* from) {
-  const Register a = LoadHalves(from);
-  const Register b = LoadHalves(from + halfBytes);
-  const Register c = LoadHalves(from + 2 * halfBytes);
-  return {Gathered(a, b, c, splitGather[0]), Gathered(a, b, c, splitGather[1]), Gathered(a, b, c, splitGather[2])};
-}
-
-SET32_ROAD_INLINE void JoinPixels(const Bands& bands, std::uint8_t* to) {
-  StoreHalves(to, Gathered(bands.blue, bands.green, bands.red, joinGather[0]));
-  StoreHalves(to + halfBytes, Gathered(bands.blue, bands.green, bands.red, joinGather[1]));
-  StoreHalves(to + 2 * halfBytes, Gathered(bands.blue, bands.green, bands.red, joinGather[2]));
-}
+#include "adjust/pixel_lanes.inc"
 
 #include "adjust/pixel_kernels.inc"
 
@@ -126,8 +105,7 @@ constexpr int partsOfHalf = 8;
 constexpr int partBytes = 16;
 
 SET32_ROAD_INLINE Register Part(const std::uint8_t* table, int index) {
-  const auto* part = reinterpret_cast<const __m128i*>(table + std::ptrdiff_t{partBytes} * index);
-  return _mm256_broadcastsi128_si256(_mm_loadu_si128(part));
+  return _mm256_broadcastsi128_si256(_mm_loadu_si128(Half(table + std::ptrdiff_t{partBytes} * index)));
 }
 
 SET32_ROAD_INLINE ByteTable LoadByteTable(const std::uint8_t* table) {
@@ -149,17 +127,22 @@ SET32_ROAD_INLINE Register LookUpHalf(const Register* parts, Register levels, Re
   return found;
 }
 
-SET32_ROAD void OneTable(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const std::uint8_t* table) {
-  const ByteTable parts = LoadByteTable(table);
+SET32_ROAD_INLINE Register LookUp(const ByteTable& table, Register levels) {
   const Register highest = _mm256_set1_epi8(-0x80);
+  const Register low = LookUpHalf(table.part, levels, Zero());
+  return LookUpHalf(table.part + partsOfHalf, _mm256_xor_si256(levels, highest), low);
+}
+
+SET32_ROAD void OneTable(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const PixelTables& tables) {
+  const ByteTable table = LoadByteTable(tables.levels.blue);
   std::size_t registers = pixels / laneBytes * 3;
   pixels %= laneBytes;
   for (; registers > 0; --registers, from += laneBytes, to += laneBytes) {
-    const Register levels = Load(from);
-    const Register low = LookUpHalf(parts.part, levels, Zero());
-    Store(to, LookUpHalf(parts.part + partsOfHalf, _mm256_xor_si256(levels, highest), low));
+    AskAhead(from);
+    AskAhead(to);
+    Store(to, LookUp(table, Load(from)));
   }
-  PortableRoad().oneTable(from, to, pixels, table);
+  PortableRoad().tables(from, to, pixels, tables);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include <immintrin.h>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 
@@ -33,9 +34,6 @@ SET32_ROAD_INLINE Register Zero() {
 SET32_ROAD_INLINE Register Words(std::int16_t word) {
   return _mm512_set1_epi16(word);
 }
-SET32_ROAD_INLINE Register WordPairs(int even, int odd) {
-  return Words(BytePair(even, odd));
-}
 SET32_ROAD_INLINE Register InterleaveLow(Register a, Register b) {
   return _mm512_unpacklo_epi8(a, b);
 }
@@ -54,22 +52,21 @@ SET32_ROAD_INLINE Register Subtract(Register a, Register b) {
 SET32_ROAD_INLINE Register Multiply(Register a, Register b) {
   return _mm512_mullo_epi16(a, b);
 }
-SET32_ROAD_INLINE Register Least(Register a, Register b) {
-  return _mm512_min_epi16(a, b);
-}
-SET32_ROAD_INLINE Register Greatest(Register a, Register b) {
-  return _mm512_max_epi16(a, b);
-}
 SET32_ROAD_INLINE Register RoundedProduct(Register a, Register b) {
   return _mm512_mulhrs_epi16(a, b);
-}
-SET32_ROAD_INLINE Register WeighedPairs(Register bytes, Register weights) {
-  return _mm512_maddubs_epi16(bytes, weights);
 }
 
 template <int bits>
 SET32_ROAD_INLINE Register ShiftUp(Register words) {
   return _mm512_slli_epi16(words, bits);
+}
+
+SET32_ROAD_INLINE Register LoadWords(const std::uint8_t* from) {
+  return _mm512_cvtepu8_epi16(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(from)));
+}
+SET32_ROAD_INLINE Register PackInOrder(Register first, Register second) {
+  const Register places = _mm512_setr_epi64(0, 2, 4, 6, 1, 3, 5, 7);
+  return _mm512_maskz_permutexvar_epi64(0xFF, places, Pack(first, second));
 }
 
 struct Table {
@@ -112,12 +109,20 @@ SET32_ROAD_INLINE Register LookUpBands(const Table& blue, const Table& green, co
   return _mm512_mask_mov_epi8(out, reds, LookUp(red, levels));
 }
 
-SET32_ROAD void Tables(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const BandTables& tables) {
-  const Table blue = LoadTable(tables.blue);
-  const Table green = LoadTable(tables.green);
-  const Table red = LoadTable(tables.red);
+SET32_ROAD_INLINE void AskThreeAhead(const std::uint8_t* from, const std::uint8_t* to) {
+  for (std::size_t i = 0; i < 3 * laneBytes; i += laneBytes) {
+    AskAhead(from + i);
+    AskAhead(to + i);
+  }
+}
+
+SET32_ROAD void Tables(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const PixelTables& tables) {
+  const Table blue = LoadTable(tables.levels.blue);
+  const Table green = LoadTable(tables.levels.green);
+  const Table red = LoadTable(tables.levels.red);
   std::size_t bytes = pixels * bytesPerPixel;
   for (; bytes >= 3 * laneBytes; bytes -= 3 * laneBytes, from += 3 * laneBytes, to += 3 * laneBytes) {
+    AskThreeAhead(from, to);
     // 64 bytes hold 21 pixels and a byte: each register begins one band further on.
     const Register a = _mm512_loadu_si512(from);
     const Register b = _mm512_loadu_si512(from + laneBytes);
@@ -139,30 +144,32 @@ SET32_ROAD void Tables(const std::uint8_t* from, std::uint8_t* to, std::size_t p
   }
 }
 
-SET32_ROAD void OneTable(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const std::uint8_t* table) {
-  const Table levels = LoadTable(table);
+SET32_ROAD void OneTable(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const PixelTables& tables) {
+  const Table levels = LoadTable(tables.levels.blue);
   std::size_t bytes = pixels * bytesPerPixel;
   for (; bytes >= laneBytes; bytes -= laneBytes, from += laneBytes, to += laneBytes) {
+    AskAhead(from);
+    AskAhead(to);
     Store(to, LookUp(levels, Load(from)));
   }
   const __mmask64 mask = Lowest(bytes);
   _mm512_mask_storeu_epi8(to, mask, LookUp(levels, _mm512_maskz_loadu_epi8(mask, from)));
 }
 
-using Places = std::array<std::uint8_t, 64>;
+using WidePlaces = std::array<std::uint8_t, 64>;
 
 // Where byte `i` of output register `part` finds its pixel's green in two input registers that begin at `begin`.
-constexpr Places GreenPlaces(unsigned part, unsigned begin) {
-  Places places{};
+constexpr WidePlaces GreenPlaces(unsigned part, unsigned begin) {
+  WidePlaces places{};
   for (unsigned i = 0; i < 64; ++i) {
     places[i] = static_cast<std::uint8_t>((64 * part + i) / 3 * 3 + 1 - begin);
   }
   return places;
 }
 
-alignas(64) constexpr Places greens0 = GreenPlaces(0, 0);
-alignas(64) constexpr Places greens1 = GreenPlaces(1, 64);
-alignas(64) constexpr Places greens2 = GreenPlaces(2, 64);
+alignas(64) constexpr WidePlaces greens0 = GreenPlaces(0, 0);
+alignas(64) constexpr WidePlaces greens1 = GreenPlaces(1, 64);
+alignas(64) constexpr WidePlaces greens2 = GreenPlaces(2, 64);
 
 SET32_ROAD void Levels(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const std::uint8_t* table) {
   const Table levels = LoadTable(table);
@@ -170,26 +177,21 @@ SET32_ROAD void Levels(const std::uint8_t* from, std::uint8_t* to, std::size_t p
   const Register place1 = Load(greens1.data());
   const Register place2 = Load(greens2.data());
   std::size_t bytes = pixels * bytesPerPixel;
-  while (bytes > 0) {
-    const std::size_t here = bytes < 3 * laneBytes ? bytes : 3 * laneBytes;
-    const __mmask64 mask0 = Lowest(here);
-    const __mmask64 mask1 = Lowest(here > laneBytes ? here - laneBytes : 0);
-    const __mmask64 mask2 = Lowest(here > 2 * laneBytes ? here - 2 * laneBytes : 0);
-    const Register a = _mm512_maskz_loadu_epi8(mask0, from);
-    const Register b = _mm512_maskz_loadu_epi8(mask1, from + laneBytes);
-    const Register c = _mm512_maskz_loadu_epi8(mask2, from + 2 * laneBytes);
-    _mm512_mask_storeu_epi8(to, mask0, LookUp(levels, _mm512_permutex2var_epi8(a, place0, b)));
-    _mm512_mask_storeu_epi8(to + laneBytes, mask1, LookUp(levels, Permuted(place1, b)));
-    _mm512_mask_storeu_epi8(to + 2 * laneBytes, mask2, LookUp(levels, _mm512_permutex2var_epi8(b, place2, c)));
-    bytes -= here;
-    from += here;
-    to += here;
+  for (; bytes >= 3 * laneBytes; bytes -= 3 * laneBytes, from += 3 * laneBytes, to += 3 * laneBytes) {
+    AskThreeAhead(from, to);
+    const Register a = Load(from);
+    const Register b = Load(from + laneBytes);
+    const Register c = Load(from + 2 * laneBytes);
+    Store(to, LookUp(levels, _mm512_permutex2var_epi8(a, place0, b)));
+    Store(to + laneBytes, LookUp(levels, Permuted(place1, b)));
+    Store(to + 2 * laneBytes, LookUp(levels, _mm512_permutex2var_epi8(b, place2, c)));
   }
+  PortableRoad().levels(from, to, bytes / bytesPerPixel, table);
 }
 
 // Where band `band` of 64 pixels stands in the registers 0 and 1 (128 bytes), and in register 2.
-constexpr Places SplitPlaces(unsigned band) {
-  Places places{};
+constexpr WidePlaces SplitPlaces(unsigned band) {
+  WidePlaces places{};
   for (unsigned i = 0; i < 64; ++i) places[i] = static_cast<std::uint8_t>((3 * i + band) % 128);
   return places;
 }
@@ -203,8 +205,8 @@ constexpr std::uint64_t SplitLast(unsigned band) {
 }
 
 // Where the bytes of output register `part` stand in the registers of blue and green, and of red.
-constexpr Places JoinPlaces(unsigned part) {
-  Places places{};
+constexpr WidePlaces JoinPlaces(unsigned part) {
+  WidePlaces places{};
   for (unsigned i = 0; i < 64; ++i) {
     const unsigned at = 64 * part + i;
     places[i] = static_cast<std::uint8_t>(at / 3 + (at % 3 == 1 ? 64 : 0));
@@ -216,14 +218,14 @@ constexpr std::uint64_t JoinReds(unsigned part) {
   return EveryThird((2 + 2 * part) % 3);
 }
 
-alignas(64) constexpr Places splitBlue = SplitPlaces(0);
-alignas(64) constexpr Places splitGreen = SplitPlaces(1);
-alignas(64) constexpr Places splitRed = SplitPlaces(2);
-alignas(64) constexpr Places join0 = JoinPlaces(0);
-alignas(64) constexpr Places join1 = JoinPlaces(1);
-alignas(64) constexpr Places join2 = JoinPlaces(2);
+alignas(64) constexpr WidePlaces splitBlue = SplitPlaces(0);
+alignas(64) constexpr WidePlaces splitGreen = SplitPlaces(1);
+alignas(64) constexpr WidePlaces splitRed = SplitPlaces(2);
+alignas(64) constexpr WidePlaces join0 = JoinPlaces(0);
+alignas(64) constexpr WidePlaces join1 = JoinPlaces(1);
+alignas(64) constexpr WidePlaces join2 = JoinPlaces(2);
 
-SET32_ROAD_INLINE Register Band(Register a, Register b, Register c, const Places& places, std::uint64_t last) {
+SET32_ROAD_INLINE Register Band(Register a, Register b, Register c, const WidePlaces& places, std::uint64_t last) {
   const Register at = Load(places.data());
   return _mm512_mask_mov_epi8(_mm512_permutex2var_epi8(a, at, b), last, Permuted(at, c));
 }
@@ -234,7 +236,14 @@ struct Bands {
   Register red;
 };
 
-SET32_ROAD_INLINE Bands SplitPixels(const std::uint8_t* from) {
+struct Halves {
+  Bands low;
+  Bands high;
+};
+
+using Packed = Bands;
+
+SET32_ROAD_INLINE Packed SplitPixels(const std::uint8_t* from) {
   const Register a = Load(from);
   const Register b = Load(from + laneBytes);
   const Register c = Load(from + 2 * laneBytes);
@@ -242,15 +251,26 @@ SET32_ROAD_INLINE Bands SplitPixels(const std::uint8_t* from) {
           Band(a, b, c, splitRed, SplitLast(2))};
 }
 
-SET32_ROAD_INLINE Register Joined(const Bands& bands, const Places& places, std::uint64_t reds) {
+SET32_ROAD_INLINE Register Joined(const Packed& bands, const WidePlaces& places, std::uint64_t reds) {
   const Register at = Load(places.data());
   return _mm512_mask_mov_epi8(_mm512_permutex2var_epi8(bands.blue, at, bands.green), reds, Permuted(at, bands.red));
 }
 
-SET32_ROAD_INLINE void JoinPixels(const Bands& bands, std::uint8_t* to) {
+SET32_ROAD_INLINE void JoinPixels(const Packed& bands, std::uint8_t* to) {
   Store(to, Joined(bands, join0, JoinReds(0)));
   Store(to + laneBytes, Joined(bands, join1, JoinReds(1)));
   Store(to + 2 * laneBytes, Joined(bands, join2, JoinReds(2)));
+}
+
+SET32_ROAD_INLINE Halves Unpacked(const Packed& bytes) {
+  return {
+      {InterleaveLow(bytes.blue, Zero()), InterleaveLow(bytes.green, Zero()), InterleaveLow(bytes.red, Zero())},
+      {InterleaveHigh(bytes.blue, Zero()), InterleaveHigh(bytes.green, Zero()), InterleaveHigh(bytes.red, Zero())}};
+}
+
+SET32_ROAD_INLINE Packed Repacked(const Halves& words) {
+  return {Pack(words.low.blue, words.high.blue), Pack(words.low.green, words.high.green),
+          Pack(words.low.red, words.high.red)};
 }
 
 #include "adjust/pixel_kernels.inc"

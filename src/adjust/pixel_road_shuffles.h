@@ -7,13 +7,13 @@
 namespace set32 {
 
 using Shuffle = std::array<std::uint8_t, 16>;
-// The place of each byte in each of three registers; 0x80 gives zero, so that the three results can be joined by
-// "or".
+using Places = std::array<unsigned, 16>;  // in three registers of 16 bytes one after the other
+// The place of each byte in each of the three; 0x80 gives zero, so that the results can be joined by "or".
 using Gather = std::array<Shuffle, 3>;
 
 constexpr std::uint8_t nowhere = 0x80;
 
-constexpr Gather GatherFrom(const std::array<unsigned, 16>& places) {
+constexpr Gather GatherFrom(const Places& places) {
   Gather gather{};
   for (unsigned source = 0; source < 3; ++source) {
     for (unsigned i = 0; i < 16; ++i) {
@@ -23,25 +23,37 @@ constexpr Gather GatherFrom(const std::array<unsigned, 16>& places) {
   return gather;
 }
 
-constexpr Gather SplitBand(unsigned band) {
-  std::array<unsigned, 16> places{};
-  for (unsigned i = 0; i < 16; ++i) places[i] = 3 * i + band;
+// Eight blues and eight greens, from a pixel on.
+constexpr Gather SplitBlueGreen(unsigned firstPixel) {
+  Places places{};
+  for (unsigned i = 0; i < 16; ++i) places[i] = 3 * (firstPixel + i % 8) + i / 8;
   return GatherFrom(places);
 }
 
-// Byte `i` of register `part` comes from band (16 part + i) % 3.
+constexpr Gather SplitReds() {
+  Places places{};
+  for (unsigned i = 0; i < 16; ++i) places[i] = 3 * i + 2;
+  return GatherFrom(places);
+}
+
+// Byte `i` of register `part` comes from band (16 part + i) % 3: blue and green of eight pixels in a register each,
+// then all reds.
 constexpr Gather JoinPart(unsigned part) {
-  std::array<unsigned, 16> places{};
-  for (unsigned i = 0; i < 16; ++i) places[i] = (16 * part + i) % 3 * 16 + (16 * part + i) / 3;
+  constexpr unsigned reds = 32;
+  Places places{};
+  for (unsigned i = 0; i < 16; ++i) {
+    const unsigned pixel = (16 * part + i) / 3;
+    const unsigned band = (16 * part + i) % 3;
+    places[i] = band == 2 ? reds + pixel : pixel / 8 * 16 + pixel % 8 + 8 * band;
+  }
   return GatherFrom(places);
 }
 
-// Two signed weights for neighbouring bytes, as a word.
-constexpr std::int16_t BytePair(int even, int odd) {
-  return static_cast<std::int16_t>((odd & 0xFF) << 8 | (even & 0xFF));
-}
-
-inline constexpr std::array<Gather, 3> splitGather{SplitBand(0), SplitBand(1), SplitBand(2)};
-inline constexpr std::array<Gather, 3> joinGather{JoinPart(0), JoinPart(1), JoinPart(2)};
+inline constexpr Gather splitLow = SplitBlueGreen(0);
+inline constexpr Gather splitHigh = SplitBlueGreen(8);
+inline constexpr Gather splitRed = SplitReds();
+inline constexpr Gather joinFirst = JoinPart(0);
+inline constexpr Gather joinSecond = JoinPart(1);
+inline constexpr Gather joinThird = JoinPart(2);
 
 }  // namespace set32

@@ -5,6 +5,7 @@
 
 #include <tmmintrin.h>
 
+#include <algorithm>
 #include <cstring>
 
 #include "adjust/pixel_road_shuffles.h"
@@ -36,9 +37,6 @@ SET32_ROAD_INLINE Register Zero() {
 SET32_ROAD_INLINE Register Words(std::int16_t word) {
   return _mm_set1_epi16(word);
 }
-SET32_ROAD_INLINE Register WordPairs(int even, int odd) {
-  return Words(BytePair(even, odd));
-}
 SET32_ROAD_INLINE Register InterleaveLow(Register a, Register b) {
   return _mm_unpacklo_epi8(a, b);
 }
@@ -57,17 +55,8 @@ SET32_ROAD_INLINE Register Subtract(Register a, Register b) {
 SET32_ROAD_INLINE Register Multiply(Register a, Register b) {
   return _mm_mullo_epi16(a, b);
 }
-SET32_ROAD_INLINE Register Least(Register a, Register b) {
-  return _mm_min_epi16(a, b);
-}
-SET32_ROAD_INLINE Register Greatest(Register a, Register b) {
-  return _mm_max_epi16(a, b);
-}
 SET32_ROAD_INLINE Register RoundedProduct(Register a, Register b) {
   return _mm_mulhrs_epi16(a, b);
-}
-SET32_ROAD_INLINE Register WeighedPairs(Register bytes, Register weights) {
-  return _mm_maddubs_epi16(bytes, weights);
 }
 
 template <int bits>
@@ -75,30 +64,27 @@ SET32_ROAD_INLINE Register ShiftUp(Register words) {
   return _mm_slli_epi16(words, bits);
 }
 
-struct Bands {
-  Register blue;
-  Register green;
-  Register red;
-};
-
-SET32_ROAD_INLINE Register Gathered(Register a, Register b, Register c, const Gather& gather) {
-  return _mm_or_si128(
-      _mm_or_si128(_mm_shuffle_epi8(a, Load(gather[0].data())), _mm_shuffle_epi8(b, Load(gather[1].data()))),
-      _mm_shuffle_epi8(c, Load(gather[2].data())));
+SET32_ROAD_INLINE Register LoadWords(const std::uint8_t* from) {
+  return _mm_unpacklo_epi8(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(from)), Zero());
+}
+SET32_ROAD_INLINE Register PackInOrder(Register first, Register second) {
+  return Pack(first, second);
 }
 
-SET32_ROAD_INLINE Bands SplitPixels(const std::uint8_t* from) {
-  const Register a = Load(from);
-  const Register b = Load(from + laneBytes);
-  const Register c = Load(from + 2 * laneBytes);
-  return {Gathered(a, b, c, splitGather[0]), Gathered(a, b, c, splitGather[1]), Gathered(a, b, c, splitGather[2])};
+SET32_ROAD_INLINE Register LoadLanes(const std::uint8_t* from) {
+  return Load(from);
+}
+SET32_ROAD_INLINE void StoreLanes(std::uint8_t* to, Register bytes) {
+  Store(to, bytes);
+}
+SET32_ROAD_INLINE Register Shuffled(Register bytes, const Shuffle& places) {
+  return _mm_shuffle_epi8(bytes, Load(places.data()));
+}
+SET32_ROAD_INLINE Register Or(Register a, Register b) {
+  return _mm_or_si128(a, b);
 }
 
-SET32_ROAD_INLINE void JoinPixels(const Bands& bands, std::uint8_t* to) {
-  Store(to, Gathered(bands.blue, bands.green, bands.red, joinGather[0]));
-  Store(to + laneBytes, Gathered(bands.blue, bands.green, bands.red, joinGather[1]));
-  Store(to + 2 * laneBytes, Gathered(bands.blue, bands.green, bands.red, joinGather[2]));
-}
+#include "adjust/pixel_lanes.inc"
 
 #include "adjust/pixel_kernels.inc"
 
@@ -113,6 +99,8 @@ SET32_ROAD void Levels(const std::uint8_t* from, std::uint8_t* to, std::size_t p
   const Register spread1 = _mm_setr_epi8(5, 5, 6, 6, 6, 7, 7, 7, 8, 8, 8, 9, 9, 9, 10, 10);
   const Register spread2 = _mm_setr_epi8(10, 11, 11, 11, 12, 12, 12, 13, 13, 13, 14, 14, 14, 15, 15, 15);
   for (; pixels >= blockPixels; pixels -= blockPixels, from += 3 * blockPixels, to += 3 * blockPixels) {
+    AskAhead(from);
+    AskAhead(to);
     const Register levels = _mm_setr_epi32(FourLevels(from, table), FourLevels(from + 12, table),
                                            FourLevels(from + 24, table), FourLevels(from + 36, table));
     Store(to, _mm_shuffle_epi8(levels, spread0));
@@ -129,7 +117,7 @@ PixelRoad Ssse3Road() {
   PixelRoad road = PortableRoad();
   road.name = "SSSE3";
   road.levels = Levels;
-  if (!fewRegisters) road.sharpen = Sharpen;
+  road.sharpen = Sharpen;
   road.colours = Colours;
   return road;
 }

@@ -1,5 +1,6 @@
 #include "adjust/pixel_roads.h"
 
+#include <cstring>
 #include <vector>
 
 #include "adjust/pixel_road_kinds.h"
@@ -19,7 +20,22 @@ std::vector<PixelRoad> FindRoads() {
   return roads;
 }
 
+bool AreAlike(const BandTables& tables) {
+  constexpr std::size_t levels = 256;
+  return std::memcmp(tables.blue, tables.green, levels) == 0 && std::memcmp(tables.blue, tables.red, levels) == 0;
+}
+
 }  // namespace
+
+PixelTables::PixelTables(const BandTables& tables) : levels(tables), alike(AreAlike(tables)) {
+  for (std::size_t level = 0; level < blue.size(); ++level) {
+    blue[level] = tables.blue[level];
+    green[level] = std::uint32_t{tables.green[level]} << 8;
+    red[level] = std::uint32_t{tables.red[level]} << 16;
+  }
+}
+
+const LumaShares lumaShares{.red = 54, .blue = 19};
 
 std::span<const PixelRoad> UsableRoads() {
   static const std::vector<PixelRoad> roads = FindRoads();

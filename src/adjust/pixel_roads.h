@@ -5,6 +5,7 @@
 // overlap. No road reads or writes outside the pixels that it was given. Any thread.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -23,6 +24,16 @@ struct BandTables {
 inline BandTables TablesOf(const CDib& dib) {
   return {dib.toneBlue, dib.toneGreen, dib.toneRed};
 }
+
+// The tables as roads want them: as they are, and with each level where its byte stands in a pixel, so that a pixel
+// is three words joined. Made once for many rows; the tables outlive it.
+struct PixelTables {
+  explicit PixelTables(const BandTables& tables);
+
+  BandTables levels;
+  bool alike;  // the bands have one table
+  std::array<std::uint32_t, 256> blue, green, red;
+};
 
 // A row and its neighbours before any of them was sharpened. Each has its first pixel repeated before it and its last
 // one behind it, and readSlack bytes more that may be read.
@@ -49,10 +60,10 @@ struct PixelRoad {
   const char* name;
 
   // Each byte through the table of its band.
-  void (*tables)(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const BandTables& tables);
+  void (*tables)(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const PixelTables& tables);
 
   // The same where the bands have one table.
-  void (*oneTable)(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const std::uint8_t* table);
+  void (*oneTable)(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const PixelTables& tables);
 
   // All three bytes become table[green]: gray, or black and white.
   void (*levels)(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const std::uint8_t* table);
@@ -62,6 +73,11 @@ struct PixelRoad {
   void (*sharpen)(const RowsToSharpen& rows, std::uint8_t* to, std::size_t pixels, std::int16_t gain);
 
   void (*colours)(std::uint8_t* row, std::size_t pixels, const ColourRule& rule);
+
+  // Whichever of the two the tables allow.
+  void Tone(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const PixelTables& with) const {
+    (with.alike ? oneTable : tables)(from, to, pixels, with);
+  }
 };
 
 // The roads that this processor can take: the portable one first, the fastest last.

@@ -4,9 +4,6 @@
 #include <cmath>
 #include <cstring>
 
-#include "adjust/picture_view.h"
-#include "adjust/pixel_roads.h"
-
 namespace set32 {
 
 namespace {
@@ -39,11 +36,6 @@ ToneTable ThroughGamma(const Levels& levels, double gamma) {
   }
   table[255] = table[254];  // white is never lifted past the level below it
   return table;
-}
-
-bool AreAlike(const BandTables& tables) {
-  constexpr std::size_t levels = 256;
-  return std::memcmp(tables.blue, tables.green, levels) == 0 && std::memcmp(tables.blue, tables.red, levels) == 0;
 }
 
 void Store(const ToneTable& table, std::uint8_t (&into)[256]) {
@@ -100,7 +92,7 @@ void BuildToneTables(CDib& dib) {
   Store(blue, dib.toneBlue);
 }
 
-void ApplyToneTables(CDib& dib, const Rect& rect, ToneUse use) {
+void ApplyToneTables(CDib& dib, const Rect& rect, ToneUse use, const PixelRoad& road) {
   const auto view = ViewOf(dib);
   if (!view || rect.bottom <= rect.top) return;
   const int missing = dib.header->height - view->height;
@@ -110,21 +102,24 @@ void ApplyToneTables(CDib& dib, const Rect& rect, ToneUse use) {
   const int last = std::min(rect.bottom, dib.header->height);
   const std::size_t offset = static_cast<std::size_t>(left) * 3;
   const auto pixels = static_cast<std::size_t>(right - left);
-  const BandTables tables = TablesOf(dib);
-  const bool alike = AreAlike(tables);  // one gamma for all bands is the ordinary case
+  const PixelTables tables(TablesOf(dib));
   for (int row = first; row < last; ++row) {
     const std::uint8_t* from = view->SourceRow(row - missing) + offset;
     std::uint8_t* to = view->DisplayRow(row - missing) + offset;
     if (use == ToneUse::copyUnchanged) {
       std::memcpy(to, from, pixels * 3);
-    } else if (alike) {
-      BestRoad().oneTable(from, to, pixels, tables.blue);
     } else {
-      BestRoad().tables(from, to, pixels, tables);
+      road.Tone(from, to, pixels, tables);
     }
   }
   if (dib.kind == dib_kind::keepsToned && dib.savedPixels) {
     std::memcpy(dib.savedPixels, dib.displayPixels, dib.imageSize);
+  }
+}
+
+void ToneRows(const PictureView& picture, const PixelTables& tables, const PixelRoad& road) {
+  for (int row = 0; row < picture.height; ++row) {
+    road.Tone(picture.SourceRow(row), picture.DisplayRow(row), static_cast<std::size_t>(picture.width), tables);
   }
 }
 

@@ -7,6 +7,8 @@
 #include <array>
 #include <cstdint>
 
+#include "adjust/picture_view.h"
+#include "adjust/pixel_roads.h"
 #include "platform/geometry.h"
 #include "set32/dib.h"
 
@@ -32,7 +34,10 @@ enum class ToneUse { copyUnchanged, useTables };
 // they lie in memory, from the picture's lower edge up; right and bottom lie outside. An empty rectangle does
 // nothing, what lies outside the picture is left out, and a picture that isn't certain (ViewOf) is left alone. With
 // dib_kind::keepsToned the display pixels are then copied to the saved ones.
-void ApplyToneTables(CDib& dib, const Rect& rect, ToneUse use);
+void ApplyToneTables(CDib& dib, const Rect& rect, ToneUse use, const PixelRoad& road = BestRoad());
+
+// All of a picture's source pixels through the tables into its display pixels.
+void ToneRows(const PictureView& picture, const PixelTables& tables, const PixelRoad& road = BestRoad());
 
 namespace dib_kind {
 inline constexpr std::uint32_t keepsToned = 3;

@@ -31,13 +31,9 @@ std::uint8_t Held(int level) {
   return static_cast<std::uint8_t>(std::clamp(level, 0, 255));
 }
 
-void Tables(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const BandTables& tables) {
-  const std::uint8_t* const bands[] = {tables.blue, tables.green, tables.red};
+void Tables(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const PixelTables& tables) {
+  const std::uint8_t* const bands[] = {tables.levels.blue, tables.levels.green, tables.levels.red};
   for (std::size_t i = 0; i < 3 * pixels; ++i) to[i] = bands[i % 3][from[i]];
-}
-
-void OneTable(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const std::uint8_t* table) {
-  Tables(from, to, pixels, {table, table, table});
 }
 
 void Levels(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels, const std::uint8_t* table) {
@@ -70,7 +66,7 @@ void Colours(std::uint8_t* row, std::size_t pixels, const ColourRule& rule) {
   }
 }
 
-constexpr PixelRoad road{"plain", Tables, OneTable, Levels, Sharpen, Colours};
+constexpr PixelRoad road{"plain", Tables, Tables, Levels, Sharpen, Colours};
 
 }  // namespace plain
 
@@ -115,14 +111,21 @@ class PixelRoads : public testing::Test {
 
 TEST_F(PixelRoads, GiveTheSameBytesAtEveryWidth) {
   const Bytes table[3] = {RandomBytes(256), RandomBytes(256), RandomBytes(256)};
-  const BandTables tables{table[0].data(), table[1].data(), table[2].data()};
+  const PixelTables tables({table[0].data(), table[1].data(), table[2].data()});
+  const PixelTables oneTable({table[1].data(), table[1].data(), table[1].data()});
   for (std::size_t width = 1; width <= 600; width += width < 200 ? 1 : 57) {
     const Bytes row = RandomBytes(width * 3);
     ExpectAlike("tables", width, row, [&](const PixelRoad& road) {
-      return [&](const std::uint8_t* from, std::uint8_t* to) { road.tables(from, to, width, tables); };
+      return [&](const std::uint8_t* from, std::uint8_t* to) { road.Tone(from, to, width, tables); };
+    });
+    ExpectAlike("tables in place", width, row, [&](const PixelRoad& road) {
+      return [&](const std::uint8_t* from, std::uint8_t* to) {
+        std::memcpy(to, from, width * 3);
+        road.Tone(to, to, width, tables);
+      };
     });
     ExpectAlike("one table", width, row, [&](const PixelRoad& road) {
-      return [&](const std::uint8_t* from, std::uint8_t* to) { road.oneTable(from, to, width, table[1].data()); };
+      return [&](const std::uint8_t* from, std::uint8_t* to) { road.Tone(from, to, width, oneTable); };
     });
     ExpectAlike("levels in place", width, row, [&](const PixelRoad& road) {
       return [&](const std::uint8_t* from, std::uint8_t* to) {
