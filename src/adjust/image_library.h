@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "adjust/picture_view.h"
+#include "adjust/pixel_roads.h"
 
 namespace set32 {
 
@@ -19,6 +20,10 @@ class LibraryBitmap {
   // The display pixels of a picture of the bitmap's geometry. They stay the caller's, who leaves them alone until
   // GiveBack; a bitmap may copy them or work on them in place.
   virtual void TakeOver(const PictureView& picture) = 0;
+
+  // The same, as if the source pixels had gone through the tables into the display pixels; the tables stay until
+  // GiveBack. A bitmap that works by rows tones them on its way, and by default all are toned first.
+  virtual void TakeOverToned(const PictureView& picture, const PixelTables& tables);
 
   virtual void Sharpen(std::int32_t amount) = 0;           // -1000 to 1000; negative softens
   virtual void ChangeSaturation(std::int32_t amount) = 0;  // -1000 to 1000

@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "adjust/tone_tables.h"
+
 namespace set32 {
 
 namespace {
@@ -21,16 +23,34 @@ struct Luma {
   double blue = 0.072;
 };
 
+// The rows of a picture as filters find them: the display pixels, or source pixels on their way through tables.
+struct UnfilteredRows {
+  const PictureView& picture;
+  const PixelRoad& road;
+  const PixelTables* toning;  // null: the display pixels
+
+  std::size_t Width() const { return static_cast<std::size_t>(picture.width); }
+
+  void Read(int row, std::uint8_t* to) const {
+    if (toning) {
+      road.Tone(picture.SourceRow(row), to, Width(), *toning);
+    } else if (to != picture.DisplayRow(row)) {
+      std::memcpy(to, picture.DisplayRow(row), Width() * bytesPerPixel);
+    }
+  }
+};
+
 // A row before it was sharpened, with its first and last pixel repeated and room for a road to read on.
 class PaddedRow {
  public:
   explicit PaddedRow(std::size_t width)
       : bytes_((width + 2) * bytesPerPixel + readSlack), rowBytes_(width * bytesPerPixel) {}
 
-  void Take(const std::uint8_t* row) {
-    std::memcpy(bytes_.data(), row, bytesPerPixel);
-    std::memcpy(bytes_.data() + bytesPerPixel, row, rowBytes_);
-    std::memcpy(bytes_.data() + bytesPerPixel + rowBytes_, row + rowBytes_ - bytesPerPixel, bytesPerPixel);
+  void Take(const UnfilteredRows& rows, int row) {
+    std::uint8_t* const first = bytes_.data() + bytesPerPixel;
+    rows.Read(row, first);
+    std::memcpy(bytes_.data(), first, bytesPerPixel);
+    std::memcpy(first + rowBytes_, first + rowBytes_ - bytesPerPixel, bytesPerPixel);
   }
   const std::uint8_t* First() const { return bytes_.data() + bytesPerPixel; }
 
@@ -46,17 +66,19 @@ struct Filters {
   bool ChangesColours() const { return colours.saturates || colours.turns; }
 };
 
-void FilterRows(const PictureView& picture, const PixelRoad& road, const Filters& filters) {
-  const auto width = static_cast<std::size_t>(picture.width);
-  PaddedRow rows[3] = {PaddedRow(width), PaddedRow(width), PaddedRow(width)};
-  PaddedRow* below = &rows[0];
-  PaddedRow* middle = &rows[1];
-  PaddedRow* above = &rows[2];
-  below->Take(picture.DisplayRow(0));
-  middle->Take(picture.DisplayRow(0));
+void FilterRows(const UnfilteredRows& rows, const Filters& filters) {
+  const auto& [picture, road, toning] = rows;
+  const std::size_t width = rows.Width();
+  PaddedRow three[] = {PaddedRow(width), PaddedRow(width), PaddedRow(width)};
+  PaddedRow* below = &three[0];
+  PaddedRow* middle = &three[1];
+  PaddedRow* above = &three[2];
+  below->Take(rows, 0);
+  middle->Take(rows, 0);
   for (int y = 0; y < picture.height; ++y) {
-    above->Take(picture.DisplayRow(std::min(y + 1, picture.height - 1)));
-    road.sharpen({below->First(), middle->First(), above->First()}, picture.DisplayRow(y), width, filters.gain);
+    if (y + 1 < picture.height) above->Take(rows, y + 1);
+    const PaddedRow& next = y + 1 < picture.height ? *above : *middle;
+    road.sharpen({below->First(), middle->First(), next.First()}, picture.DisplayRow(y), width, filters.gain);
     if (filters.ChangesColours()) road.colours(picture.DisplayRow(y), width, filters.colours);
     PaddedRow* const done = below;
     below = middle;
@@ -65,9 +87,11 @@ void FilterRows(const PictureView& picture, const PixelRoad& road, const Filters
   }
 }
 
-void ColourRows(const PictureView& picture, const PixelRoad& road, const ColourRule& rule) {
-  for (int y = 0; y < picture.height; ++y) {
-    road.colours(picture.DisplayRow(y), static_cast<std::size_t>(picture.width), rule);
+void ColourRows(const UnfilteredRows& rows, const ColourRule& rule) {
+  for (int y = 0; y < rows.picture.height; ++y) {
+    std::uint8_t* const row = rows.picture.DisplayRow(y);
+    rows.Read(y, row);
+    rows.road.colours(row, rows.Width(), rule);
   }
 }
 
@@ -77,7 +101,17 @@ class OwnBitmap final : public LibraryBitmap {
 
   void TakeOver(const PictureView& picture) override {
     waiting_ = {};
-    taken_ = picture.width == width_ && picture.height == height_ ? picture : PictureView{};
+    toning_ = nullptr;
+    taken_ = Fits(picture) ? picture : PictureView{};
+  }
+
+  void TakeOverToned(const PictureView& picture, const PixelTables& tables) override {
+    TakeOver(picture);
+    if (Fits(picture)) {
+      toning_ = &tables;
+    } else {
+      ToneRows(picture, tables, road_);
+    }
   }
 
   void Sharpen(std::int32_t amount) override {
@@ -99,13 +133,18 @@ class OwnBitmap final : public LibraryBitmap {
   void GiveBack() override { RunWaiting(); }
 
  private:
+  bool Fits(const PictureView& picture) const { return picture.width == width_ && picture.height == height_; }
+
   void RunWaiting() {
     const Filters filters = std::exchange(waiting_, {});
     if (taken_.height == 0) return;
+    const UnfilteredRows rows{taken_, road_, std::exchange(toning_, nullptr)};
     if (filters.gain != 0) {
-      FilterRows(taken_, road_, filters);
+      FilterRows(rows, filters);
     } else if (filters.ChangesColours()) {
-      ColourRows(taken_, road_, filters.colours);
+      ColourRows(rows, filters.colours);
+    } else if (rows.toning) {
+      ToneRows(taken_, *rows.toning, road_);
     }
   }
 
@@ -113,6 +152,7 @@ class OwnBitmap final : public LibraryBitmap {
   int width_;
   int height_;
   PictureView taken_;
+  const PixelTables* toning_ = nullptr;  // what the source pixels still have to go through
   Filters waiting_;
 };
 

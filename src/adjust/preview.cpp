@@ -41,10 +41,10 @@ ToneTable UnchangedTable() {
 
 enum class ReduceFrom { source, display };
 
-void Reduce(const PictureView& view, ReduceFrom from, const std::uint8_t* table) {
+void Reduce(const PictureView& view, ReduceFrom from, const std::uint8_t* table, const PixelRoad& road) {
   for (int row = 0; row < view.height; ++row) {
     const std::uint8_t* pixels = from == ReduceFrom::source ? view.SourceRow(row) : view.DisplayRow(row);
-    BestRoad().levels(pixels, view.DisplayRow(row), static_cast<std::size_t>(view.width), table);
+    road.levels(pixels, view.DisplayRow(row), static_cast<std::size_t>(view.width), table);
   }
 }
 
@@ -72,18 +72,24 @@ void PreviewRenderer::Render(const ScanSettings& settings, CDib& preview, std::u
   // Nobody sees the toned colours: toning and reduction are one table then, and one pass.
   if (reduced && !filtered && preview.kind != dib_kind::keepsToned) {
     if (blackWhite) {
-      Reduce(*view, ReduceFrom::source, BlackWhiteTable(limit).data());
+      Reduce(*view, ReduceFrom::source, BlackWhiteTable(limit).data(), road_);
     } else {
-      Reduce(*view, ReduceFrom::source, preview.toneGreen);
+      Reduce(*view, ReduceFrom::source, preview.toneGreen, road_);
     }
     return;
   }
 
-  const auto [width, height] = preview.GetDimensions();
-  ApplyToneTables(preview, {0, 0, width, height}, blackWhite ? ToneUse::copyUnchanged : ToneUse::useTables);
-  if (filtered) RunLibrary(settings.mode, filters, *view);
+  // Filters tone the rows on their way, unless somebody wants to see the toned picture or it is to stay untoned.
+  const PixelTables tables(TablesOf(preview));
+  const bool tonedByFilters = filtered && !blackWhite && preview.kind != dib_kind::keepsToned;
+  if (!tonedByFilters) {
+    const auto [width, height] = preview.GetDimensions();
+    const ToneUse use = blackWhite ? ToneUse::copyUnchanged : ToneUse::useTables;
+    ApplyToneTables(preview, {0, 0, width, height}, use, road_);
+  }
+  if (filtered) RunLibrary(settings.mode, filters, *view, tonedByFilters ? &tables : nullptr);
   if (reduced) {
-    Reduce(*view, ReduceFrom::display, (blackWhite ? BlackWhiteTable(limit) : UnchangedTable()).data());
+    Reduce(*view, ReduceFrom::display, (blackWhite ? BlackWhiteTable(limit) : UnchangedTable()).data(), road_);
   }
 }
 
@@ -102,11 +108,20 @@ bool PreviewRenderer::NeedsLibrary(std::uint32_t scanMode, const Filters& filter
   return sharpness && (IsGray(scanMode) || scanMode == mode::blackWhite);
 }
 
-void PreviewRenderer::RunLibrary(std::uint32_t scanMode, const Filters& filters, const PictureView& view) {
+// With tables to go through the display pixels hold nothing yet.
+void PreviewRenderer::RunLibrary(std::uint32_t scanMode, const Filters& filters, const PictureView& view,
+                                 const PixelTables* toning) {
   const Filters last = std::exchange(last_, filters);
   const auto bitmap = library_.Create(view.width, view.height, 24);
-  if (!bitmap) return;
-  bitmap->TakeOver(view);
+  if (!bitmap) {
+    if (toning) ToneRows(view, *toning, road_);
+    return;
+  }
+  if (toning) {
+    bitmap->TakeOverToned(view, *toning);
+  } else {
+    bitmap->TakeOver(view);
+  }
   if (filters.sharpness != 0 || last.sharpness != 0) bitmap->Sharpen(filters.sharpness * libraryScale);
   if (IsColourMode(scanMode)) {
     if (filters.saturation != 0 || last.saturation != 0) bitmap->ChangeSaturation(filters.saturation * libraryScale);

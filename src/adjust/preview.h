@@ -25,8 +25,9 @@ inline constexpr PreviewFace inlinePreview{.libraryStage = false, .brightnessShi
 
 class PreviewRenderer {
  public:
-  // The library is used by a face with a library stage and outlives the renderer.
-  PreviewRenderer(const PreviewFace& face, ImageLibrary& library) : face_(face), library_(library) {}
+  // The library is used by a face with a library stage; it and the road outlive the renderer.
+  PreviewRenderer(const PreviewFace& face, ImageLibrary& library, const PixelRoad& road = BestRoad())
+      : face_(face), library_(library), road_(road) {}
 
   // A null preview: nothing at all, and the host hears nothing. A preview that isn't certain (ViewOf) keeps its
   // pixels, and the host is told all the same.
@@ -43,10 +44,11 @@ class PreviewRenderer {
   static Filters FiltersOf(const ScanSettings& settings);
   void Render(const ScanSettings& settings, CDib& preview, std::uint32_t bwThreshold);
   bool NeedsLibrary(std::uint32_t scanMode, const Filters& filters) const;
-  void RunLibrary(std::uint32_t scanMode, const Filters& filters, const PictureView& view);
+  void RunLibrary(std::uint32_t scanMode, const Filters& filters, const PictureView& view, const PixelTables* toning);
 
   PreviewFace face_;
   ImageLibrary& library_;
+  const PixelRoad& road_;
   // A value that went back to 0 takes effect by one more run of the stage.
   Filters last_;
 };
