@@ -1,17 +1,12 @@
-// A picture for the works on pixels, and their time beside memcpy of the same bytes: every round takes both in turn,
-// and the counters hold the medians and their ratio.
+// A picture for the works on pixels.
 #pragma once
 
-#include <benchmark/benchmark.h>
-#include <time.h>
-
+#include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <random>
 #include <vector>
 
 #include "adjust/tone_tables.h"
-#include "bench/side_by_side.h"
 
 namespace set32 {
 
@@ -21,7 +16,8 @@ struct PageSize {
   const char* name;
 };
 
-inline constexpr PageSize pageSizes[] = {{2550, 3507, "2550x3507"}, {850, 1169, "850x1169"}};
+inline constexpr PageSize fullPage{2550, 3507, "2550 x 3507"};
+inline constexpr PageSize smallPage{850, 1169, "850 x 1169"};
 
 // Noise in short runs: neither flat nor wholly without likeness between neighbours.
 class Page {
@@ -42,15 +38,18 @@ class Page {
     dib.displayPixels = display.data();
     dib.brightness = 20;
     dib.contrast = 10;
-    dib.gammaRed = 1.1;
-    dib.gammaGreen = 1.2;
-    dib.gammaBlue = 1.3;
-    BuildToneTables(dib);
+    SetGammas(1.1, 1.2, 1.3);
   }
   ~Page() { dib.header = nullptr; }
   Page(const Page&) = delete;
   Page& operator=(const Page&) = delete;
 
+  void SetGammas(double red, double green, double blue) {
+    dib.gammaRed = red;
+    dib.gammaGreen = green;
+    dib.gammaBlue = blue;
+    BuildToneTables(dib);
+  }
   std::uint8_t* SourceRow(int row) { return source.data() + static_cast<std::size_t>(row) * dib.stride; }
   std::uint8_t* DisplayRow(int row) { return display.data() + static_cast<std::size_t>(row) * dib.stride; }
 
@@ -63,38 +62,5 @@ class Page {
  private:
   BitmapInfoHeader header_;
 };
-
-template <typename Measured>
-double ThreadSeconds(Measured work) {
-  const auto now = [] {
-    timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
-  };
-  const double start = now();
-  work();
-  return now() - start;
-}
-
-template <typename Work>
-void MeasureBeside(benchmark::State& state, const Page& page, Work work) {
-  std::vector<std::uint8_t> copy(page.source.size());
-  std::vector<double> copyTimes;
-  std::vector<double> workTimes;
-  for (auto _ : state) {
-    copyTimes.push_back(ThreadSeconds([&] {
-      std::memcpy(copy.data(), page.source.data(), copy.size());
-      benchmark::DoNotOptimize(copy.data());
-      benchmark::ClobberMemory();
-    }));
-    workTimes.push_back(ThreadSeconds(work));
-    state.SetIterationTime(workTimes.back());
-  }
-  const double copied = Median(copyTimes);
-  const double worked = Median(workTimes);
-  state.counters["memcpy_ms"] = copied * 1e3;
-  state.counters["ours_ms"] = worked * 1e3;
-  state.counters["ratio"] = worked / copied;
-}
 
 }  // namespace set32

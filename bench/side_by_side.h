@@ -1,4 +1,4 @@
-// Times of two works taken in turn, so that what else the machine does falls on both.
+// Times of works taken in turn, so that what else the machine does falls on all of them.
 #pragma once
 
 #include <algorithm>

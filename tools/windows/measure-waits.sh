@@ -16,7 +16,7 @@ esac
 
 need_cross_tools
 choose_windows "$@"
-build=$(build_for "$preset" -DSET32_BENCH=ON set32 panel-waits scan-desk)
+build=$(build_for "$preset" set32 panel-waits scan-desk)
 on_windows "$preset" wine "$build/bin/panel-waits.exe" | tr -d '\r'
 say "the keys of a fresh installation, which search USB and the network"
 network=("$tools/in-silence.sh" --heard)
