@@ -3,11 +3,10 @@
 
 namespace set32 {
 
-// What the clock below tells, for the line above a table.
-extern const char* const spentTimeName;
-
-// Seconds since some moment. On Linux the processor's time for this thread; Windows tells that in steps of 10 ms
-// alone, so there it is the time of day.
+// Seconds of the processor that this thread has spent.
 double SpentTime();
+
+// The clock's steps in seconds; 0 when they don't matter.
+extern const double spentTimeStep;
 
 }  // namespace set32

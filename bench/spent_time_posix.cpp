@@ -4,7 +4,7 @@
 
 namespace set32 {
 
-const char* const spentTimeName = "processor time of the thread";
+const double spentTimeStep = 0.0;
 
 double SpentTime() {
   timespec time{};
