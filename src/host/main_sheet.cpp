@@ -19,6 +19,10 @@ CAdvanceMainSheet::CAdvanceMainSheet(ModuleState& state, std::string caption, in
 }
 
 CAdvanceMainSheet::~CAdvanceMainSheet() {
+  DropWindows();
+}
+
+void CAdvanceMainSheet::DropWindows() {
   generalPage_->Detach();
   for (Page& page : pages_) page.window.reset();
   sheet_.reset();

@@ -31,6 +31,8 @@ class CAdvanceMainSheet : public DialogHandler {
   // Makes the sheet's window and the start page's inside it, which runs that page's whole start. False when there is
   // no window to be had; one that ended during the start was had.
   bool Create(WindowHandle parent);
+  // Without a word to the pages, which are over.
+  void DropWindows();
   bool HasWindow() const { return sheet_ != nullptr && sheet_->IsAlive(); }
   void Show();
   // In the parent's client coordinates.

@@ -1,5 +1,6 @@
 #include "host/module.h"
 
+#include <optional>
 #include <utility>
 
 #include "boundary/module_state.h"
@@ -12,10 +13,10 @@
 namespace set32 {
 
 struct Module::Inside {
-  explicit Inside(Platform& platform) : state(platform), inlined(state), sheet(state) {}
+  explicit Inside(Platform& platform) : state(platform), inlined(std::in_place, state), sheet(state) {}
 
   ModuleState state;
-  InlineFace inlined;
+  std::optional<InlineFace> inlined;
   SheetFace sheet;
   std::uint32_t callsThrough = 0;
 };
@@ -41,13 +42,18 @@ WindowHandle Module::FixSetting(const FixSettingArguments& arguments) {
   state.bwThreshold = arguments.bwThreshold;
   const RuntimeOptions options(state.platform.profiles, state.platform.system, state.runtimeIniPath);
   const WindowHandle page =
-      options.IsInlineFace() ? inside_->inlined.FixSetting(arguments) : inside_->sheet.FixSetting(arguments);
+      options.IsInlineFace() ? inside_->inlined->FixSetting(arguments) : inside_->sheet.FixSetting(arguments);
   ++inside_->callsThrough;
   return page;
 }
 
 bool Module::IsSettingOpen() const {
-  return inside_->inlined.IsOpen();
+  return inside_->inlined->IsOpen();
+}
+
+void Module::ForgetWindows() {
+  inside_->inlined.emplace(inside_->state);
+  inside_->sheet.ForgetWindows();
 }
 
 }  // namespace set32

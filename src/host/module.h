@@ -23,6 +23,7 @@ class Module {
   // What it throws leaves everything as it was, the host's record included.
   WindowHandle FixSetting(const FixSettingArguments& arguments);
   bool IsSettingOpen() const;
+  void ForgetWindows();
 
  private:
   struct Inside;
@@ -33,5 +34,10 @@ class Module {
 // first; the DLL does it when it is loaded. Null drops the module's state (the process "ends"): the next call of
 // uiFixSetting starts anew with the platform that was installed then.
 void InstallPlatform(Platform* platform);
+
+// The thread of the panel has ended, and the windows that stood there with it, without a word. Nothing is written and
+// the host's record isn't touched, since both may be gone; the inline face can open again, the sheet, as always,
+// can't. Whichever thread has the panel from now on.
+void ForgetPanelWindows();
 
 }  // namespace set32

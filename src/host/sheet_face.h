@@ -15,6 +15,10 @@ class SheetFace {
 
   // The General page's window, 0 where none stands.
   WindowHandle FixSetting(const FixSettingArguments& arguments);
+  // As after the windows' end, of which nobody told.
+  void ForgetWindows() {
+    if (thePanelSheet_ != nullptr) thePanelSheet_->DropWindows();
+  }
 
  private:
   WindowHandle Open(const FixSettingArguments& arguments);

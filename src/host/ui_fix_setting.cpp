@@ -36,6 +36,10 @@ void InstallPlatform(Platform* platform) {
   process.platform = platform;
 }
 
+void ForgetPanelWindows() {
+  if (Process& process = TheProcess(); process.module != nullptr) process.module->ForgetWindows();
+}
+
 }  // namespace set32
 
 extern "C" set32::WindowHandle uiFixSetting(set32::WindowHandle parentWindow, set32::WindowHandle hostWindow,

@@ -1,8 +1,10 @@
 // The built library as a host meets it: loaded by name, opened, closed, misused, unloaded.
 #include <chrono>
 #include <future>
+#include <tuple>
 
 #include "resources/ids.h"
+#include "tests/dll/live_handles.h"
 #include "tests/dll/loaded_panel.h"
 
 #include <commctrl.h>
@@ -139,23 +141,6 @@ TEST_F(Dll, StaysLoadedWhileAMessageBoxOfItStands) {
   EXPECT_FALSE(IsWindow(box));
 }
 
-// Not what a host should do; its own window goes on, and nothing is written.
-TEST_F(Dll, IsUnloadedUnderAStandingPanel) {
-  HostWindow host;
-  ShowWindow(host.window, SW_SHOW);
-  const HWND page = OpenIn(host);
-  SetFocus(GetDlgItem(page, id::widthEdit));
-  host.heard.clear();
-  const std::string before = folder_.Read("QUIRNPrf.ini");
-  Unload();
-  EXPECT_EQ(GetModuleHandleW(Path().c_str()), nullptr);
-  EXPECT_FALSE(IsWindow(page));
-  PostMessageW(host.window, WM_KEYDOWN, VK_TAB, 1);
-  EXPECT_THAT(Pump(), testing::ElementsAre(VK_TAB));
-  EXPECT_THAT(host.heard, testing::IsEmpty());
-  EXPECT_EQ(folder_.Read("QUIRNPrf.ini"), before);
-}
-
 // The message that ends the host's window may come from elsewhere, and then no loop returns for it.
 TEST_F(Dll, EndsADialogWhoseHostWasEndedByASentMessage) {
   HostWindow host;
@@ -174,6 +159,68 @@ TEST_F(Dll, EndsADialogWhoseHostWasEndedByASentMessage) {
   returned.set_value();
   EXPECT_TRUE(ended.get());
   EXPECT_FALSE(IsWindow(page));
+}
+
+// A folder whose path is longer than older programs can name, with the files that it is given.
+class LongFolder {
+ public:
+  explicit LongFolder(const std::wstring& parent) {
+    paths_.push_back(L"\\\\?\\" + parent);
+    for (const wchar_t letter : {L'a', L'b'}) {
+      paths_.push_back(paths_.back() + L"\\" + std::wstring(140, letter));
+      CreateDirectoryW(paths_.back().c_str(), nullptr);
+    }
+  }
+  ~LongFolder() {
+    for (const std::wstring& file : files_) DeleteFileW(file.c_str());
+    for (; paths_.size() > 1; paths_.pop_back()) RemoveDirectoryW(paths_.back().c_str());
+  }
+  LongFolder(const LongFolder&) = delete;
+  LongFolder& operator=(const LongFolder&) = delete;
+  std::wstring Take(const std::wstring& from, const wchar_t* name) {
+    files_.push_back(paths_.back() + L"\\" + name);
+    return CopyFileW(from.c_str(), files_.back().c_str(), FALSE) ? files_.back() : std::wstring();
+  }
+  const std::wstring& Path() const { return paths_.back(); }
+
+ private:
+  std::vector<std::wstring> paths_, files_;
+};
+
+TEST_F(Dll, ReadsWhatLiesBesideItInALongFolder) {
+  const std::wstring home = Path().substr(0, Path().find_last_of(L"\\/"));
+  LongFolder folder(home);
+  folder_.Write("QUIRNMFP.ini", "[INIFiles]\r\nQUIRNMFP_PROFILE=other.ini\r\n[RunTime]\r\nDriverType=1\r\n");
+  EXPECT_NE(folder.Take(home + L"\\QUIRNMFP.ini", L"QUIRNMFP.ini"), L"");
+  folder_.Write("QUIRNMFP.ini", "");
+  Unload();
+  library_ = LoadLibraryW(folder.Take(Path(), L"set32.dll").c_str());
+  open_ = Find<UiFixSettingFunction>(library_, "uiFixSetting");
+  ASSERT_NE(open_, nullptr);
+  {
+    HostWindow host;
+    EXPECT_NE(OpenIn(host), nullptr);
+  }
+  EXPECT_THAT(folder_.Names(), testing::Contains("other.ini"));
+  Unload();
+}
+
+TEST_F(Dll, StandsWithoutATemporaryFolder) {
+  const std::wstring home = Path().substr(0, Path().find_last_of(L"\\/"));
+  const LongFolder folder(home);
+  SetEnvironmentVariableW(L"TMP", folder.Path().c_str());
+  wchar_t before[MAX_PATH] = L"", given[MAX_PATH + 1] = L"";
+  GetCurrentDirectoryW(MAX_PATH, before);
+  SetCurrentDirectoryW(home.c_str());
+  const auto names = folder_.Names();
+  if (GetTempPathW(MAX_PATH + 1, given) != 0) GTEST_SKIP() << "the system found another";
+  {
+    HostWindow host;
+    EXPECT_NE(OpenIn(host), nullptr);
+    EXPECT_THAT(host.heard, testing::Contains(to_host::modeShown));
+  }
+  EXPECT_EQ(folder_.Names(), names);
+  SetCurrentDirectoryW(before);
 }
 
 // What a system without a class gives: the page stands where it should, and the rest of it works.
@@ -207,6 +254,29 @@ TEST_F(Dll, LivesWithoutAClassOfControls) {
   }
 }
 
+// The counters that the next test rests on see a leak of one.
+TEST_F(Dll, ALeakedHandleIsSeen) {
+  const auto use = [] {
+    return std::tuple(CreateSolidBrush(1), CreateMenu(), CreateEventW(nullptr, TRUE, FALSE, nullptr), TlsAlloc(),
+                      CreateWindowExW(0, L"Static", L"", 0, 0, 0, 9, 9, HWND_MESSAGE, nullptr, nullptr, nullptr));
+  };
+  const auto free = [](const auto& used) {
+    DestroyWindow(std::get<HWND>(used));
+    CloseHandle(std::get<HANDLE>(used));
+    TlsFree(std::get<DWORD>(used));
+    DestroyMenu(std::get<HMENU>(used));
+    DeleteObject(std::get<HBRUSH>(used));
+  };
+  for (int i = 0; i < 3; ++i) free(use());  // what the system itself makes at first use
+  const HandleCounter counter;
+  const LiveHandles before = counter.Now();
+  const auto leaked = use();
+  EXPECT_EQ(counter.Now(),
+            (LiveHandles{before.drawing + 1, before.userRoom - 2, before.system + 1, before.slotRoom - 1}));
+  free(leaked);
+  EXPECT_EQ(counter.Now(), before);
+}
+
 TEST_F(Dll, LeaksNoHandleOverAHundredLives) {
   const auto live = [&] {
     HostWindow host;
@@ -216,16 +286,11 @@ TEST_F(Dll, LeaksNoHandleOverAHundredLives) {
     Unload();
     Load();
   };
-  const auto counts = [] {
-    const HANDLE self = GetCurrentProcess();
-    DWORD handles = 0;
-    GetProcessHandleCount(self, &handles);
-    return std::vector<DWORD>{GetGuiResources(self, GR_GDIOBJECTS), GetGuiResources(self, GR_USEROBJECTS), handles};
-  };
   for (int i = 0; i < 3; ++i) live();  // what the system itself makes at first use
-  const std::vector<DWORD> before = counts();
+  const HandleCounter counter;
+  const LiveHandles before = counter.Now();
   for (int i = 0; i < 100; ++i) live();
-  EXPECT_EQ(counts(), before);
+  EXPECT_EQ(counter.Now(), before);
 }
 
 TEST_F(Dll, ServesTheExampleHost) {

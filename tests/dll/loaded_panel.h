@@ -121,6 +121,10 @@ class Dll : public testing::Test {
   WindowHandle Open(WindowHandle parent, WindowHandle host) {
     return open_(parent, host, nullptr, &settings, nullptr, 0, 0, 128, 36, &place, nullptr);
   }
+  void ChooseFace(int face) const {
+    folder_.Write("QUIRNHTp.INI", "[Option]\r\nUIFace=" + std::to_string(face) + "\r\n");
+  }
+  bool IsLoaded() const { return GetModuleHandleW(Path().c_str()) != nullptr; }
   HWND OpenIn(const HostWindow& host) { return reinterpret_cast<HWND>(Open(host.Handle(), host.Handle())); }
 
   wchar_t temp_[MAX_PATH] = L"";

@@ -81,7 +81,7 @@ Win32Dialog::~Win32Dialog() {
     silent_ = true;
     DestroyOwned();
     DestroyWindow(window);
-    if (::IsWindow(window)) OnWindowGone();
+    if (window_ != nullptr) OnWindowGone();  // it can't be destroyed, or went with its thread without a word
     if (returnsFocus) ReturnFocus(focusBefore_);
   }
   if (windowSet_->deliveries > 0) windowSet_->graveyard.splice(windowSet_->graveyard.end(), held_);

@@ -1,6 +1,7 @@
 // What a dialog's window hears, and how it reaches the handler.
 #include <utility>
 
+#include "platform/win32/module_hold.h"
 #include "platform/win32/rects.h"
 #include "platform/win32/simple_controls.h"
 #include "platform/win32/win32_dialog.h"
@@ -56,6 +57,7 @@ int ThumbPosition(HWND bar, WPARAM wParam) {
 }  // namespace
 
 INT_PTR CALLBACK Win32Dialog::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  const win32::ModuleEntry entry;
   Win32Dialog* dialog = Of(window);
   if (dialog == nullptr) return FALSE;
   return Guarded(INT_PTR{FALSE}, [&] { return dialog->OnMessage(message, wParam, lParam); });

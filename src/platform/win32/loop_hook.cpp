@@ -144,6 +144,7 @@ void AimWheel(MSG& message) {
 }
 
 LRESULT CALLBACK OnMessageTaken(int code, WPARAM removed, LPARAM lParam) {
+  const ModuleEntry entry;
   if (code == HC_ACTION && removed == PM_REMOVE) {
     auto& message = *reinterpret_cast<MSG*>(lParam);
     if (message.message == WM_MOUSEWHEEL) AimWheel(message);

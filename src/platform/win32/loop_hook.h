@@ -12,6 +12,7 @@
 #pragma once
 
 #include "platform/win32/handle.h"
+#include "platform/win32/module_hold.h"
 
 namespace set32::win32 {
 
@@ -21,6 +22,7 @@ class LoopHook {
   LoopHook();
 
  private:
+  ModuleUse use_;  // the system's way to the hook leads here, as those to the dialogs do
   OwnedHook hook_;
 };
 

@@ -1,8 +1,6 @@
 // The module that this code was linked into: a program, or the library that a host loaded.
 #pragma once
 
-#include <utility>
-
 #include "platform/win32/windows_api.h"
 
 namespace set32::win32 {
@@ -11,13 +9,6 @@ inline HMODULE ModuleInstance() {
   HMODULE module = nullptr;
   GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
                      reinterpret_cast<LPCWSTR>(&ModuleInstance), &module);
-  return module;
-}
-
-// One more reference to the module, so that it stays loaded until FreeLibrary; null on failure.
-inline HMODULE HoldModule() {
-  HMODULE module = nullptr;
-  GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, reinterpret_cast<LPCWSTR>(&HoldModule), &module);
   return module;
 }
 

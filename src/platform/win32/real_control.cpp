@@ -3,6 +3,7 @@
 #include "platform/guarded.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/handle.h"
+#include "platform/win32/module_hold.h"
 #include "platform/win32/rects.h"
 #include "platform/win32/win32_dialog.h"
 
@@ -23,6 +24,7 @@ RealControl::~RealControl() {
 }
 
 LRESULT CALLBACK RealControl::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  const ModuleEntry entry;
   auto* control = reinterpret_cast<RealControl*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (control == nullptr) return DefWindowProcW(window, message, wParam, lParam);
   const WNDPROC original = control->original_;

@@ -16,6 +16,7 @@ namespace set32 {
 class Win32Platform {
  public:
   Platform& Get() { return platform_; }
+  Win32Windows& Windows() { return windows_; }
 
  private:
   Win32Windows windows_;

@@ -8,7 +8,7 @@
 #include "platform/win32/code_page.h"
 #include "platform/win32/exception_room.h"
 #include "platform/win32/handle.h"
-#include "platform/win32/module_instance.h"
+#include "platform/win32/module_hold.h"
 
 namespace set32 {
 
@@ -16,18 +16,15 @@ namespace {
 
 struct Task {
   std::function<void()> work;
-  HMODULE module;
+  win32::ModuleHold hold;
 };
 
 unsigned __stdcall Run(void* argument) {
-  HMODULE module = nullptr;
-  {
-    const std::unique_ptr<Task> task(static_cast<Task*>(argument));
-    module = task->module;
-    if (win32::HasRoomForExceptions()) Guarded(task->work);
-  }
-  // The last thing of the thread: after it the code here may be gone.
-  FreeLibraryAndExitThread(module, 0);
+  std::unique_ptr<Task> task(static_cast<Task*>(argument));
+  win32::ModuleHold hold = std::move(task->hold);
+  if (win32::HasRoomForExceptions()) Guarded(task->work);
+  task.reset();
+  hold.EndThread();  // after it the code here may be gone
 }
 
 class Win32NamedMutex : public NamedMutex {
@@ -61,15 +58,13 @@ class Win32NamedMutex : public NamedMutex {
 }  // namespace
 
 bool Win32Threads::Start(ThreadPriority priority, std::function<void()> work) {
-  win32::OwnedModule module(win32::HoldModule());
-  if (!module) return false;
-  auto task = std::unique_ptr<Task>(new (std::nothrow) Task{std::move(work), module.Get()});
+  win32::ModuleHold hold;
+  if (!hold) return false;
+  auto task = std::unique_ptr<Task>(new (std::nothrow) Task{std::move(work), std::move(hold)});
   if (task == nullptr) return false;
   const auto thread = _beginthreadex(nullptr, 0, Run, task.get(), CREATE_SUSPENDED, nullptr);
   if (thread == 0) return false;
-  // The thread's from here on.
-  static_cast<void>(task.release());
-  module.Release();
+  static_cast<void>(task.release());  // the thread's from here on
   const win32::OwnedHandle handle(reinterpret_cast<HANDLE>(thread));
   if (priority == ThreadPriority::aboveNormal) SetThreadPriority(handle.Get(), THREAD_PRIORITY_ABOVE_NORMAL);
   ResumeThread(handle.Get());

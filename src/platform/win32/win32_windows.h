@@ -24,6 +24,9 @@ class Win32Windows : public Windows {
   Rect WorkAreaAt(const Rect& place) const override;
   int ScrollBarWidth() const override;
 
+  // The windows' thread ends, and takes the windows that stand with it once this returns.
+  void OnThreadEnding() { windowSet_->loopHook.reset(); }
+
   const std::shared_ptr<win32::WindowSet>& WindowSet() const { return windowSet_; }
   static void Detach(DialogHandler& handler) { Attach(handler, nullptr); }
 
