@@ -32,6 +32,8 @@ class PreviewRenderer {
   // A null preview: nothing at all, and the host hears nothing. A preview that isn't certain (ViewOf) keeps its
   // pixels, and the host is told all the same.
   void Refresh(ScanSettings& settings, CDib* preview, std::uint32_t bwThreshold, HostLink& host, bool notifySize);
+  // The same pixels, and nobody is told: for a scan that is adjusted as its preview was.
+  void Render(const ScanSettings& settings, CDib& preview, std::uint32_t bwThreshold);
 
  private:
   // The values of one refresh, or the last ones that the library stage used.
@@ -42,7 +44,6 @@ class PreviewRenderer {
   };
 
   static Filters FiltersOf(const ScanSettings& settings);
-  void Render(const ScanSettings& settings, CDib& preview, std::uint32_t bwThreshold);
   bool NeedsLibrary(std::uint32_t scanMode, const Filters& filters) const;
   void RunLibrary(std::uint32_t scanMode, const Filters& filters, const PictureView& view, const PixelTables* toning);
 
