@@ -10,15 +10,6 @@ namespace scan_desk {
 
 namespace {
 
-constexpr set32::DeviceLimits limits{7, 0x1FFE, 4800, 75};  // each resolution up to the highest
-
-set32::DeviceCaps Capabilities() {
-  set32::DeviceCaps caps{};
-  caps.words[set32::DeviceCaps::restrictedMaxDpiWord] = 600;
-  caps.words[set32::DeviceCaps::sourceCapsWord] = set32::source_caps::feeder | set32::source_caps::transparency;
-  return caps;
-}
-
 // Nowhere else than where its files are laid.
 std::wstring PathOf(const std::wstring& library) {
   return library.find_first_of(L"\\/") == std::wstring::npos ? ProgramFolder() + library : library;
@@ -30,19 +21,23 @@ constexpr wchar_t heldLibrary[] =
 
 }  // namespace
 
-Panel::Panel(const std::wstring& library, const PanelChoices& choices)
-    : file_(PathOf(library)), choices_(choices), installation_(file_) {}
+PanelDevice::PanelDevice() {
+  caps.words[set32::DeviceCaps::restrictedMaxDpiWord] = 600;
+  caps.words[set32::DeviceCaps::sourceCapsWord] = set32::source_caps::feeder | set32::source_caps::transparency;
+}
+
+Panel::Panel(const std::wstring& library, const PanelChoices& choices, const PanelDevice& device,
+             const std::wstring& prefix)
+    : file_(PathOf(library)), choices_(choices), device_(device), installation_(file_, prefix) {}
 
 bool Panel::Open(HWND parent, HWND host, set32::CDib& preview, set32::Size size, std::wstring& trouble) {
   const bool stood = page_ != nullptr;
   if (!stood && !(installation_.Lay(choices_, trouble) && library_.Load(file_, trouble))) return false;
-  constexpr std::uint32_t threshold = 128;
-  const set32::DeviceCaps caps = Capabilities();
   const set32::PanelRect place{0, 0, size.width, size.height};
   page_ = reinterpret_cast<HWND>(library_.FixSetting()(
-      reinterpret_cast<set32::WindowHandle>(parent), reinterpret_cast<set32::WindowHandle>(host), &limits, &settings_,
-      &preview, choices_.jpegModes ? 1 : 0, 0, threshold, static_cast<std::uint32_t>(choices_.outputBits), &place,
-      &caps));
+      reinterpret_cast<set32::WindowHandle>(parent), reinterpret_cast<set32::WindowHandle>(host), &device_.limits,
+      &settings_, &preview, choices_.jpegModes ? 1 : 0, 0, device_.threshold,
+      static_cast<std::uint32_t>(choices_.outputBits), &place, &device_.caps));
   if (page_ == nullptr) {
     trouble = std::wstring(L"The panel can't be opened: uiFixSetting has no page for the ") +
               (IsInline() ? L"inline face." : L"sheet.") + (library_.WasHeld() ? heldLibrary : L"");

@@ -16,10 +16,21 @@
 
 namespace scan_desk {
 
+// What the panel is told of the device.
+struct PanelDevice {
+  PanelDevice();  // one that can do all there is
+
+  set32::DeviceLimits limits{7, 0x1FFE, 4800, 75};  // each resolution up to the highest
+  set32::DeviceCaps caps{};
+  std::uint32_t threshold = 128;  // of black and white
+};
+
 class Panel {
  public:
-  // `library` is a path, or a name that lies beside this program; it is loaded when the panel is opened.
-  Panel(const std::wstring& library, const PanelChoices& choices);
+  // `library` is a path, or a name that lies beside this module; it is loaded when the panel is opened. `prefix` is
+  // the installation's.
+  Panel(const std::wstring& library, const PanelChoices& choices, const PanelDevice& device = {},
+        const std::wstring& prefix = {});
   Panel(const Panel&) = delete;
   Panel& operator=(const Panel&) = delete;
 
@@ -39,6 +50,7 @@ class Panel {
   HWND Page() const { return page_; }
   bool IsInline() const { return choices_.face == Face::inlinePage; }
   set32::ScanSettings& Settings() { return settings_; }
+  const set32::ScanSettings& Settings() const { return settings_; }
 
   // Reports a frame, for one of frame_report::, with what was done to it. The frame is in inches and in pixels of the
   // preview. False when no page stands to take it.
@@ -53,6 +65,7 @@ class Panel {
  private:
   std::wstring file_;
   PanelChoices choices_;
+  PanelDevice device_;
   Installation installation_;
   PanelLibrary library_;
   set32::ScanSettings settings_ = set32::NewSettings();

@@ -16,6 +16,8 @@ struct PanelChoices {
   // Of the inline face, as the device can do it.
   bool jpegModes = true;
   int outputBits = 48;  // 36, 42 or 48
+  // Of the sheet face: more than 8 bits a band can be wanted.
+  bool highBits = false;
   bool operator==(const PanelChoices&) const = default;
 };
 

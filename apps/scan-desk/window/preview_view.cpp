@@ -45,8 +45,19 @@ PreviewView::PreviewView(Picture& picture, Panel& panel, Told heard, Told device
 bool PreviewView::Create(HWND parent) {
   RegisterWindowClass<PreviewView>(className, CS_HREDRAW | CS_VREDRAW, cursor::cross, nullptr);
   window_ = CreateWindowExW(WS_EX_CLIENTEDGE, className, L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, 0, 0, 0, parent,
-                            nullptr, GetModuleHandleW(nullptr), this);
+                            nullptr, set32::win32::ModuleInstance(), this);
   return window_ != nullptr;
+}
+
+void PreviewView::ForgetClass() {
+  ForgetWindowClass(className);
+}
+
+void PreviewView::LayFrames(std::span<const Rect> frames) {
+  if (panel_.Page() == nullptr) return;
+  while (frames_.Count() > 0) frames_.Remove(0);
+  Tell({0, set32::frame_action::allGone});
+  for (const Rect& frame : frames) Tell({frames_.Add(frame), set32::frame_action::added});
 }
 
 void PreviewView::PictureChanged() {
@@ -88,6 +99,8 @@ LRESULT PreviewView::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM 
     case WM_SETCURSOR:
       if (LOWORD(lParam) == HTCLIENT && OnCursor()) return TRUE;
       break;
+    case WM_GETDLGCODE:  // of a dialog that it stands in
+      return drag_.Now() == FrameDrag::Kind::none ? DLGC_WANTARROWS : DLGC_WANTALLKEYS;
     case WM_KEYDOWN:
       OnKey(wParam);
       return 0;

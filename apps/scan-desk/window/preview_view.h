@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <functional>
+#include <span>
 #include <string>
 
 #include "apps/scan-desk/frames/frame_drag.h"
@@ -28,9 +29,15 @@ class PreviewView {
   // As a child, which ends with its parent. False when the system has no window to give.
   bool Create(HWND parent);
   HWND Window() const { return window_; }
+  // Once no such window is left, for a module that may be unloaded before its program ends.
+  static void ForgetClass();
   void SetFont(HFONT font) { font_ = font; }
   // Another picture lies there: one frame over it, of which a standing panel is told.
   void PictureChanged();
+  // These frames in the place of all others, as if a person had drawn them one behind the other. Nothing while no
+  // panel stands.
+  void LayFrames(std::span<const set32::Rect> frames);
+  const Frames& Laid() const { return frames_; }
   // Crops the current frame to what lies on the picture, as the scanner does, and tells the panel.
   void ReportAutoCrop();
   // Whether the panel hears no when it asks for another paper source, which the inline face does.

@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include "platform/win32/module_instance.h"
+
 namespace scan_desk {
 
 // The procedure of a window that was created with its owner as lpParam. The owner's OnMessage(window, ...) hears
@@ -29,18 +31,25 @@ inline constexpr WORD arrow = 32512, cross = 32515, risesLeft = 32642, risesRigh
                       down = 32645;
 }
 
-// A class of windows of Owner. Registering it again changes nothing; a failure shows when a window is to be created.
+// A class of windows of Owner, which is this module's. Registering it again changes nothing; a failure shows when a
+// window is to be created.
 template <typename Owner>
 void RegisterWindowClass(const wchar_t* name, UINT style, WORD cursorNumber, HBRUSH background) {
   WNDCLASSEXW kind{};
   kind.cbSize = sizeof kind;
   kind.style = style;
   kind.lpfnWndProc = PassToOwner<Owner>;
-  kind.hInstance = GetModuleHandleW(nullptr);
+  kind.hInstance = set32::win32::ModuleInstance();
   kind.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(cursorNumber));
   kind.hbrBackground = background;
   kind.lpszClassName = name;
   RegisterClassExW(&kind);
+}
+
+// The class of a program goes with it, that of a library that an application loads does not. Only once its windows
+// are gone.
+inline void ForgetWindowClass(const wchar_t* name) {
+  UnregisterClassW(name, set32::win32::ModuleInstance());
 }
 
 }  // namespace scan_desk
