@@ -4,6 +4,8 @@
 #include <cstring>
 #include <iterator>
 
+#include "set32/new_settings.h"
+
 namespace data_source {
 
 using set32::ScanSettings;
@@ -36,17 +38,7 @@ double UnitsAnInch(const ScanSettings& settings) {
 Negotiation::Negotiation() : settings(NewSettings()) {}
 
 ScanSettings NewSettings() {
-  ScanSettings settings{};
-  settings.mode = set32::mode::colour;
-  settings.resolutionId = set32::resolution::dpi100;
-  settings.dpi = 100;
-  settings.useDefaults = 1;
-  settings.gammaAll = settings.gammaRed = settings.gammaGreen = settings.gammaBlue = 1;
-  settings.sizeId = set32::size_id::letter;
-  settings.width = settings.customWidth = 8.5;
-  settings.height = settings.customHeight = 11;
-  settings.jpegQuality = 9;
-  return settings;
+  return set32::NewSettings(set32::size_id::letter);
 }
 
 Area AreaOf(const ScanSettings& settings) {
