@@ -1,7 +1,8 @@
 // The run time is made for programs, whose end frees all. It keeps a slot of the process's thread storage for itself,
 // and two handles for each thread that comes by, until that thread ends. There are about a thousand slots, and where
 // it gets none it aborts: a host that loads the library once a scan, and lives long, would come to that. So the
-// thread that frees the library is taken for one that ends, and the slot goes back.
+// thread that frees the library is taken for one that ends, and the slot goes back; so does the memory that is kept
+// for exceptions.
 #include "run_time_end.h"
 
 #include <pthread.h>
@@ -11,6 +12,10 @@
 #include "platform/win32/windows_api.h"
 
 extern "C" const IMAGE_TLS_DIRECTORY _tls_used;  // the run time's list of whom to tell of a thread's end
+
+namespace __gnu_cxx {
+void __freeres();
+}
 
 namespace {
 
@@ -36,6 +41,7 @@ struct RunTimeEnd {
     pthread_self();  // this thread has its part in the slot
     const auto before = UsedSlots();
     TellThreadEnd();
+    __gnu_cxx::__freeres();
     // The slot that the run time empties is its own.
     const auto emptied = before & ~UsedSlots();
     for (DWORD slot = 0; slot < mostSlots; ++slot) {

@@ -9,6 +9,7 @@
 #include "apps/data-source/window/dialog_window.h"
 #include "apps/data-source/window/global_memory.h"
 #include "apps/data-source/window/messenger_window.h"
+#include "apps/dll/run_time_end.h"
 
 namespace {
 
@@ -46,4 +47,9 @@ extern "C" __declspec(dllexport) std::uint16_t
     __stdcall DS_Entry(twain::Identity*, std::uint32_t group, std::uint16_t data, std::uint16_t message,
                        void* record) {
   return TheModule().source.Handle(group, data, message, record);
+}
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void* endOfProcess) {
+  if (reason == DLL_PROCESS_DETACH && endOfProcess == nullptr) ExpectUnload();
+  return TRUE;
 }
