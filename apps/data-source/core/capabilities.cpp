@@ -68,7 +68,7 @@ bool PutBitDepth(Negotiation& negotiation, double value) {
   ScanSettings& settings = negotiation.settings;
   settings.highBitDepth = value == 16 || value == 48 ? 1 : 0;
   if (settings.highBitDepth != 0) settings.descreen = 0;
-  negotiation.laid.depth = true;
+  negotiation.laid.depth = negotiation.laid.mode = true;  // a depth is one of a pixel type
   return true;
 }
 
