@@ -21,4 +21,5 @@ on_windows "$preset" "$tools/run-all.sh" "$build/bin" 2>&1 | tee "$log" |
 "$tools/check-dlls.sh"
 "$tools/check-install.sh" "$preset"
 "$tools/check-silence.sh" "$preset"
+"$tools/check-scan.sh" "$preset"
 say "$preset: all passed ($chosen)"
