@@ -103,6 +103,7 @@ class Person {
   void Drag(int fromX, int fromY, int toX, int toY) const {
     RECT client{};
     GetClientRect(preview_, &client);
+    application_.Wait(0);
     const auto at = [&](int x, int y) { return MAKELPARAM(client.right * x / 1000, client.bottom * y / 1000); };
     PostMessageW(preview_, WM_LBUTTONDOWN, MK_LBUTTON, at(fromX, fromY));
     PostMessageW(preview_, WM_MOUSEMOVE, MK_LBUTTON, at(toX, toY));
@@ -452,11 +453,28 @@ void LeaveOpen(bool transfers) {
   ExitProcess(1);
 }
 
+// The source's dialog as a person has it in front, for the documents.
+int TakePicture(const wchar_t* file) {
+  Acquisition application;
+  if (!application.OpenManager(nullptr) || !application.OpenSource(sourceName) || !application.Enable(true)) return 1;
+  const Person person(application);
+  person.Click(data_source::button::preview);
+  person.Drag(100, 100, 600, 400);
+  person.Drag(450, 500, 850, 900);
+  constexpr DWORD settling = 1500;
+  application.Wait(settling);
+  return scan_desk::SaveSnapshot(file) ? 0 : 1;
+}
+
 }  // namespace
 
 int main(int count, char** values) {
   if (count == 2 && std::string_view(values[1]).starts_with("--leave")) {
     LeaveOpen(std::string_view(values[1]) == "--leave-transferring");
+  }
+  if (count == 3 && std::string_view(values[1]) == "--picture") {
+    const std::string file = values[2];
+    return TakePicture(std::wstring(file.begin(), file.end()).c_str());
   }
   testing::InitGoogleMock(&count, values);
   return RUN_ALL_TESTS();

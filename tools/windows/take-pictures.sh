@@ -1,6 +1,6 @@
 #!/bin/bash
 # Takes the pictures for the documents: the General page, the three tabs of the Advanced page, the inline page, and its
-# dialog with and without the JPEG group. They replace those in docs.
+# dialog with and without the JPEG group; and the dialog of the data source. They replace those in docs.
 #
 #   tools/windows/take-pictures.sh [NAME...]
 set -euo pipefail
@@ -16,16 +16,27 @@ declare -A pictures=(
   [inline-dialog-without-jpeg]="--face inline --advanced --jpeg off"
 )
 names=("$@")
-[ $# -gt 0 ] || names=("${!pictures[@]}")
+[ $# -gt 0 ] || names=("${!pictures[@]}" data-source)
 for name in "${names[@]}"; do
-  [ -n "${pictures[$name]:-}" ] || fail "there is no picture $name: ${!pictures[*]}"
+  [ -n "${pictures[$name]:-}" ] || [ "$name" = data-source ] ||
+    fail "there is no picture $name: ${!pictures[*]} data-source"
 done
 
 need_cross_tools
 choose_windows
-build=$(build_for "$preset" set32 scan-desk)
+build=$(build_for "$preset" set32 scan-desk scan_road)
 mkdir -p build/pictures
 for name in "${names[@]}"; do
+  if [ "$name" = data-source ]; then
+    taken=build/pictures/data-source.png
+    mkdir -p build/pictures/pages
+    cp samples/flatbed-colour-100dpi.bmp build/pictures/pages
+    on_windows "$preset" "$tools/lay-source.sh" "$build/bin" "$project/build/pictures/pages" \
+      timeout 120 wine "$build/bin/scan_road.exe" --picture "$taken" || fail "$name can't be taken"
+    mv "$taken" docs/
+    say "took docs/data-source.png"
+    continue
+  fi
   taken=build/pictures/scan-desk-$name.png
   rm -f "$taken" "$build/bin/QUIRNHW.ini"  # where the dialog was left
   read -ra options <<< "${pictures[$name]}"
