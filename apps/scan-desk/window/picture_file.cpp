@@ -14,6 +14,7 @@
 #include <memory>
 #include <new>
 
+#include "apps/scan-desk/window/com_object.h"
 #include "apps/scan-desk/window/system_text.h"
 
 namespace scan_desk {
@@ -24,38 +25,6 @@ using set32::CDib;
 namespace {
 
 constexpr std::uint32_t bytesAPixel = 3;
-
-template <typename Object>
-class Com {
- public:
-  Com() = default;
-  ~Com() {
-    if (object_ != nullptr) object_->Release();
-  }
-  Com(const Com&) = delete;
-  Com& operator=(const Com&) = delete;
-
-  Object* operator->() const { return object_; }
-  Object* Get() const { return object_; }
-  // Where the system writes the object, once.
-  Object** Place() { return &object_; }
-
- private:
-  Object* object_ = nullptr;
-};
-
-class ComLibrary {
- public:
-  ComLibrary() : stands_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
-  ~ComLibrary() {
-    if (stands_) CoUninitialize();
-  }
-  ComLibrary(const ComLibrary&) = delete;
-  ComLibrary& operator=(const ComLibrary&) = delete;
-
- private:
-  bool stands_;
-};
 
 std::wstring TextOf(HRESULT result) {
   switch (result) {
