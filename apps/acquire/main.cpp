@@ -8,6 +8,7 @@
 #include <windows.h>
 
 #include <array>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -113,7 +114,7 @@ bool WriteFile(const std::string& path, const acquire::Bitmap& bitmap) {
   if (!file) return false;
   std::printf("%s: %d by %d pixels of %d bits, %d dpi\n", path.c_str(), static_cast<int>(header.width),
               static_cast<int>(header.height), static_cast<int>(header.bitCount),
-              static_cast<int>(header.pixelsPerMetreX * 0.0254 + 0.5));
+              static_cast<int>(std::lround(header.pixelsPerMetreX * 0.0254)));
   return true;
 }
 

@@ -53,7 +53,7 @@ inline constexpr std::uint16_t transferCount = 1, compression = 0x100, pixelType
                                physicalHeight = 0x1112, frames = 0x1114, nativeResolutionX = 0x1116,
                                nativeResolutionY = 0x1117, resolutionX = 0x1118, resolutionY = 0x1119,
                                maxFrames = 0x111A, bitOrder = 0x111C, pixelFlavor = 0x111F, planarChunky = 0x1120,
-                               supportedSizes = 0x1122, threshold = 0x1123, bitDepth = 0x112B;
+                               supportedSizes = 0x1122, threshold = 0x1123, bitDepth = 0x112B, jpegQuality = 0x1153;
 }
 
 // The type of a capability's values.
@@ -81,7 +81,7 @@ namespace mechanism {
 inline constexpr std::uint16_t native = 0, file = 1, memory = 2;
 }
 namespace file_format {
-inline constexpr std::uint16_t bmp = 2;
+inline constexpr std::uint16_t bmp = 2, jfif = 4;
 }
 namespace supported_size {
 inline constexpr std::uint16_t none = 0, a4 = 1, b5 = 2, letter = 3, legal = 4, executive = 10, businessCard = 53;

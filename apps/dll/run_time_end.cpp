@@ -13,8 +13,8 @@
 
 extern "C" const IMAGE_TLS_DIRECTORY _tls_used;  // the run time's list of whom to tell of a thread's end
 
-namespace __gnu_cxx {
-void __freeres();
+namespace __gnu_cxx {  // NOLINT(bugprone-reserved-identifier): the run time's own
+void __freeres();      // NOLINT(bugprone-reserved-identifier)
 }
 
 namespace {

@@ -32,7 +32,6 @@ namespace type = twain::type;
 using acquire::Acquisition;
 using acquire::Bitmap;
 using data_source::Area;
-using testing::ElementsAre;
 using testing::HasSubstr;
 
 constexpr char sourceName[] = "set32 data source";
@@ -133,6 +132,9 @@ class Person {
 };
 
 class ScanRoad : public testing::Test {
+ public:
+  ~ScanRoad() override { DestroyWindow(parent_); }
+
  protected:
   ScanRoad() {
     fs::remove_all(PagesFolder());
@@ -141,8 +143,6 @@ class ScanRoad : public testing::Test {
     parent_ = CreateWindowExW(0, L"Static", L"application", WS_OVERLAPPEDWINDOW, 0, 0, 300, 100, nullptr, nullptr,
                               GetModuleHandleW(nullptr), nullptr);
   }
-  ~ScanRoad() override { DestroyWindow(parent_); }
-
   void Open(Acquisition& application) {
     ASSERT_TRUE(application.OpenManager(parent_)) << application.Trouble();
     ASSERT_TRUE(application.OpenSource(sourceName)) << application.Trouble();
@@ -365,6 +365,52 @@ TEST_F(ScanRoad, HighDepthGoesThroughMemory) {
   EXPECT_EQ(answer, result::transferDone);
   EXPECT_EQ(rows, static_cast<std::uint32_t>(info.length));
   EXPECT_EQ(application.EndTransfer(), 0);
+}
+
+// The loss that compression leaves behind, in images and in files. Wine's encoder knows one quality alone.
+TEST_F(ScanRoad, JpegLosesALittle) {
+  Acquisition application;
+  ASSERT_NO_FATAL_FAILURE(Open(application));
+  const Area area{1, 1, 2, 2};
+  const Bitmap whole = Expected(data_source::NewSettings(), area);
+  std::vector<double> losses;
+  std::vector<std::uintmax_t> sizes;
+  for (const int quality : {1, 9}) {
+    set32::ScanSettings settings = data_source::NewSettings();
+    data_source::PutArea(settings, area);
+    settings.mode = set32::mode::jpegColour;
+    settings.jpegQuality = quality;
+    const HGLOBAL stored = GlobalAlloc(GMEM_FIXED, sizeof settings);
+    std::memcpy(stored, &settings, sizeof settings);
+    twain::CustomData record{sizeof settings, stored};
+    ASSERT_EQ(application.Call(group::control, data::customData, message::set, &record), result::success);
+    GlobalFree(stored);
+    ASSERT_TRUE(application.Enable(false)) << application.Trouble();
+    ASSERT_EQ(application.Wait(patience), message::transferReady);
+    const Bitmap image = Take(application).front();
+    ASSERT_EQ(image.size(), whole.size());
+    double loss = 0;
+    for (std::size_t i = 0; i < image.size(); ++i) loss += std::abs(image[i] - whole[i]);
+    losses.push_back(loss / static_cast<double>(image.size()));
+    EXPECT_TRUE(application.Disable());
+
+    const fs::path file = PagesFolder() / "feeder" / ("quality-" + std::to_string(quality) + ".jpg");
+    twain::SetupFile setup{};
+    std::strncpy(setup.name, file.string().c_str(), sizeof setup.name - 1);
+    setup.format = twain::file_format::jfif;
+    ASSERT_EQ(application.Call(group::control, data::setupFile, message::set, &setup), result::success);
+    ASSERT_TRUE(application.Enable(false));
+    ASSERT_EQ(application.Wait(patience), message::transferReady);
+    EXPECT_EQ(application.Call(group::image, data::imageFile, message::get, nullptr), result::transferDone);
+    EXPECT_EQ(application.EndTransfer(), 0);
+    EXPECT_TRUE(application.Disable());
+    sizes.push_back(fs::file_size(file));
+    EXPECT_EQ(std::ifstream(file, std::ios::binary).get(), 0xFF);
+  }
+  EXPECT_GE(losses[0], losses[1]);
+  EXPECT_GT(losses[1], 0);
+  EXPECT_LT(losses[1], 8);
+  EXPECT_LE(sizes[0], sizes[1]);
 }
 
 // The same program as a child, which opens the panel and ends.

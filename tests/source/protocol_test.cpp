@@ -28,6 +28,9 @@ class Protocol : public SourceCase {
     Call(group::control, data::userInterface, message::disable);
     Call(group::control, data::identity, message::closeSource);
     if (state >= 4) Open();
+    twain::SetupFile setup{{}, twain::file_format::bmp, 0};
+    std::strncpy(setup.name, pages_.Path("out").c_str(), sizeof setup.name - 1);
+    Ask(group::control, data::setupFile, message::set, setup);
     if (state >= 5) Enable(false);
     if (state >= 6) Pump();
     messages_.waiting.clear();
@@ -80,6 +83,7 @@ TEST_F(Protocol, AnswersNullPointersAndWhatItDoesNotKnow) {
     ASSERT_NO_FATAL_FAILURE(Reach(state));
     for (const std::uint32_t of : {group::control, group::image}) {
       for (std::uint16_t about = 0; about < 0x110; ++about) {
+        if (about == data::imageFile) continue;  // which has no record
         for (std::uint16_t what = 0; what < 9; ++what)
           EXPECT_EQ(Call(of, about, what), result::failure) << about << " " << what << " in " << state;
       }
@@ -124,7 +128,7 @@ TEST_F(Protocol, RefusesBadContainers) {
   EXPECT_EQ(Ask(group::control, data::capability, message::set, none), result::failure);
   const std::pair<std::uint16_t, double> values[] = {
       {cap::resolutionX, 74}, {cap::resolutionY, 601}, {cap::pixelType, 3},       {cap::mechanism, 7},
-      {cap::units, 4},        {cap::fileFormat, 4},    {cap::transferCount, 0},   {cap::brightness, 1001},
+      {cap::units, 4},        {cap::fileFormat, 3},    {cap::transferCount, 0},   {cap::brightness, 1001},
       {cap::bitDepth, 8},     {cap::compression, 6},   {cap::supportedSizes, 11}, {cap::threshold, -1}};
   for (const auto& [id, value] : values) EXPECT_EQ(Set(id, value), result::failure) << id << " " << value;
   memory_.isShort = true;
@@ -310,14 +314,15 @@ TEST_F(Protocol, TransfersTheSamePixelsOnEachRoad) {
   std::memset(setup.name, 'x', sizeof setup.name);
   setup.format = twain::file_format::bmp;
   EXPECT_EQ(Ask(group::control, data::setupFile, message::set, setup), result::failure) << "a name without an end";
-  std::strcpy(setup.name, file.c_str());
+  setup = {{}, twain::file_format::bmp, 0};
+  std::strncpy(setup.name, file.c_str(), sizeof setup.name - 1);
   ASSERT_EQ(Ask(group::control, data::setupFile, message::set, setup), result::success);
   EXPECT_EQ(Ask(group::image, data::imageFile, message::get, setup), result::failure);
   EXPECT_EQ(Condition(), condition::fileWriteError);
   EXPECT_EQ(source_.State(), 6);
-  std::strcpy(setup.name, good.c_str());
+  std::strncpy(setup.name, good.c_str(), sizeof setup.name - 1);
   ASSERT_EQ(Ask(group::control, data::setupFile, message::set, setup), result::success);
-  EXPECT_EQ(Ask(group::image, data::imageFile, message::get, setup), result::transferDone);
+  EXPECT_EQ(Call(group::image, data::imageFile, message::get), result::transferDone);
   const std::string written = pages_.Read("out.bmp");
   EXPECT_EQ(EndTransfer(), 0);
   Call(group::control, data::userInterface, message::disable);
@@ -330,7 +335,7 @@ TEST_F(Protocol, TransfersTheSamePixelsOnEachRoad) {
   EXPECT_EQ(written.substr(14), std::string(bytes, memory_.Size(bitmap)));
   const std::size_t stride = 37 * 3 + 1, pixels = 54;
   ASSERT_EQ(written.size(), pixels + stride * 20);
-  EXPECT_EQ(written.substr(pixels + 19 * stride + 5 * 3, 3), std::string({30, 0, 15})) << "of the uppermost row";
+  EXPECT_EQ(written.substr(pixels + 19 * stride + 15, 3), std::string({30, 0, 15})) << "of the uppermost row";
   EndTransfer();
   Call(group::control, data::userInterface, message::disable);
 
@@ -349,7 +354,7 @@ TEST_F(Protocol, TransfersTheSamePixelsOnEachRoad) {
     transfer.memory.length = static_cast<std::uint32_t>(strip.size());
     answer = Ask(group::image, data::imageMemory, message::get, transfer);
     for (std::uint32_t row = 0; row < transfer.rows; ++row) {
-      const std::string line = written.substr(pixels + (19 - rows - row) * stride, 37 * 3);
+      const std::string line = written.substr(pixels + (19 - rows - row) * stride, 111);
       for (std::size_t x = 0; x < 37; ++x) {
         for (std::size_t band = 0; band < 3; ++band)
           EXPECT_EQ(static_cast<char>(strip[row * stride + x * 3 + band]), line[x * 3 + 2 - band]);

@@ -86,7 +86,8 @@ TEST_F(Scans, TheModesAndDepths) {
     std::vector<std::uint8_t> bitmap(BitmapSize(deep));
     WriteBitmap(deep, bitmap);
     const ScannedImage& shallow = mode == set32::mode::gray ? gray : colour;
-    for (std::size_t i = 0; i < static_cast<std::size_t>(shallow.width * SamplesOf(shallow.kind)); ++i) {
+    for (std::size_t i = 0;
+         i < static_cast<std::size_t>(shallow.width) * static_cast<std::size_t>(SamplesOf(shallow.kind)); ++i) {
       const int level = deep.Row(9)[2 * i] | deep.Row(9)[2 * i + 1] << 8;
       EXPECT_NEAR(level / 257.0, shallow.Row(9)[i], 1) << i;
     }
@@ -120,8 +121,9 @@ TEST_F(Scans, WithTheAdjustmentsOfThePreview) {
   set32::PreviewRenderer(set32::sheetPreview, library).Render(settings, preview, order_.threshold);
   for (int y = 0; y < plain.height; ++y) {
     for (int x = 0; x < plain.width; ++x) {
-      const std::uint8_t* shown =
-          preview.displayPixels + static_cast<std::size_t>(plain.height - 1 - y) * preview.stride + 3 * x;
+      const std::uint8_t* shown = preview.displayPixels +
+                                  static_cast<std::size_t>(plain.height - 1 - y) * preview.stride +
+                                  3 * static_cast<std::size_t>(x);
       ASSERT_THAT(Pixel(adjusted, x, y), ElementsAre(shown[2], shown[1], shown[0])) << x << ", " << y;
     }
   }

@@ -7,10 +7,11 @@
 #   --ui                        shows the source's dialog, where there is a display, and scans what is set there
 #   --dpi N, --mode colour|gray|bw, --frames L,T,R,B[;L,T,R,B...]
 #                               what is scanned; frames are inches
+#   --help                      prints this
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
 
-usage() { sed -n '2,/^[^#]/s/^# \{0,1\}//p' "$0"; }
+usage() { sed -n '2,/^[^#]/s/^# \{0,1\}//p' "$tools/run-scan.sh"; }
 
 run=on_windows
 options=(--mode colour --dpi 150 --frames "0.2,0.2,4,5;4,5,8.3,11")
@@ -25,7 +26,11 @@ while [ $# -gt 0 ]; do
       continue
       ;;
     "--dpi "?* | "--mode "?* | "--frames "?*) options+=("$1" "$2") ;;
-    *) usage >&2; exit 2 ;;
+    *)
+      echo "windows: can't follow $1${2:+ $2}" >&2
+      usage >&2
+      exit 2
+      ;;
   esac
   shift 2
 done

@@ -171,7 +171,7 @@ bool PutAnything(Negotiation&, double) {
   return true;
 }
 
-constexpr std::int32_t protocolScale = 10;  // of brightness and contrast, -1000 to 1000
+constexpr std::int32_t protocolScale = 10;  // of the record's brightness, contrast and quality
 
 constexpr auto one = container::oneValue, list = container::enumeration, range = container::range;
 
@@ -253,8 +253,18 @@ constexpr Capability capabilities[] = {
        return std::vector<double>{0.1, 10, 0.1};
      },
      [](const Negotiation& n, const Scanner&) { return n.settings.gammaAll; }, PutGamma},
-    {cap::fileFormat, type::uint16, list, List<twain::file_format::bmp>, Always<twain::file_format::bmp>,
-     PutAnything},
+    {cap::fileFormat, type::uint16, list, List<twain::file_format::bmp, twain::file_format::jfif>,
+     [](const Negotiation& n, const Scanner&) -> double { return n.fileFormat; },
+     [](Negotiation& n, double value) {
+       n.fileFormat = static_cast<std::uint16_t>(value);
+       return true;
+     }},
+    {cap::jpegQuality, type::int16, range, List<0, 100, protocolScale>,
+     [](const Negotiation& n, const Scanner&) -> double { return n.settings.jpegQuality * protocolScale; },
+     [](Negotiation& n, double value) {
+       n.settings.jpegQuality = static_cast<std::int32_t>(std::lround(value / protocolScale));
+       return n.laid.quality = true;
+     }},
     {cap::physicalWidth, type::fixed, one, nullptr,
      [](const Negotiation& n, const Scanner&) { return InUnits(device::glassWidth, n.settings); }, nullptr},
     {cap::physicalHeight, type::fixed, one, nullptr,

@@ -51,7 +51,7 @@ const DataSource::Triplet DataSource::triplets[] = {
     {group::image, data::imageInfo, message::get, 6, 7, &DataSource::GetImageInfo},
     {group::image, data::imageNative, message::get, 6, 6, &DataSource::TransferNative},
     {group::image, data::imageMemory, message::get, 6, 7, &DataSource::TransferMemory},
-    {group::image, data::imageFile, message::get, 6, 6, &DataSource::TransferFile},
+    {group::image, data::imageFile, message::get, 6, 6, &DataSource::TransferFile, false},
 };
 
 twain::Identity OwnIdentity() {

@@ -100,6 +100,7 @@ void LayOver(const Negotiation& from, bool pageKeepsSource, ScanSettings& settin
     settings.gammaAll = settings.gammaRed = settings.gammaGreen = settings.gammaBlue = own.gammaAll;
   }
   if (laid.units) settings.units = own.units;
+  if (laid.quality) settings.jpegQuality = own.jpegQuality;
   settings.paperSource = laid.source || laid.all ? own.paperSource : settings.paperSource;
   if (pageKeepsSource) settings.paperSource = source;
 }
@@ -115,8 +116,9 @@ bool IsScannable(const ScanSettings& settings) {
          settings.paperSource <= set32::paper_source::feeder && settings.units <= set32::unit::pixel &&
          IsLength(settings.width, device::glassWidth) && IsLength(settings.height, device::feederHeight) &&
          settings.brightness >= -100 && settings.brightness <= 100 && settings.contrast >= -100 &&
-         settings.contrast <= 100 && IsGamma(settings.gammaAll) && IsGamma(settings.gammaRed) &&
-         IsGamma(settings.gammaGreen) && IsGamma(settings.gammaBlue);
+         settings.contrast <= 100 && settings.jpegQuality >= 0 && settings.jpegQuality <= 10 &&
+         IsGamma(settings.gammaAll) && IsGamma(settings.gammaRed) && IsGamma(settings.gammaGreen) &&
+         IsGamma(settings.gammaBlue);
 }
 
 double InUnits(double inches, const ScanSettings& settings) {

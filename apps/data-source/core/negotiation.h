@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "apps/data-source/scanner/scanner.h"
+#include "apps/data-source/twain_protocol.h"
 #include "set32/host_records.h"
 
 namespace data_source {
@@ -14,7 +15,7 @@ namespace data_source {
 // record, so these are laid over it once more.
 struct LaidParts {
   bool mode = false, resolution = false, area = false, depth = false, brightness = false, contrast = false,
-       gamma = false, units = false, source = false;
+       gamma = false, units = false, quality = false, source = false;
   bool all = false;  // a stored record
 };
 
@@ -26,7 +27,8 @@ struct Negotiation {
   std::vector<Area> frames;  // one image each; without any the record tells one area
   std::uint32_t threshold = 128;
   std::int16_t count = -1;  // images that the application wants, -1 for all
-  std::uint16_t mechanism = 0;
+  std::uint16_t mechanism = twain::mechanism::native;
+  std::uint16_t fileFormat = twain::file_format::bmp;
   bool indicators = true;
   bool autoFeed = true;
 };

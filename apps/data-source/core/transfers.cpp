@@ -3,7 +3,6 @@
 #include <cstdio>
 #include <cstring>
 #include <fstream>
-#include <new>
 
 #include "apps/data-source/core/data_source.h"
 
@@ -14,13 +13,21 @@ namespace result = twain::result;
 
 namespace {
 
-constexpr char standardFile[] = "scan.bmp";  // in the application's working folder
-
-twain::SetupFile SetupOf(const std::string& name) {
+// Without a name a file lies in the application's working folder.
+twain::SetupFile SetupOf(const std::string& name, std::uint16_t format) {
+  const char* standard = format == twain::file_format::jfif ? "scan.jpg" : "scan.bmp";
   twain::SetupFile setup{};
-  std::strncpy(setup.name, name.empty() ? standardFile : name.c_str(), sizeof setup.name - 1);
-  setup.format = twain::file_format::bmp;
+  std::strncpy(setup.name, name.empty() ? standard : name.c_str(), sizeof setup.name - 1);
+  setup.format = format;
   return setup;
+}
+
+std::vector<std::uint8_t> BitmapFileOf(const ScannedImage& image) {
+  std::vector<std::uint8_t> bytes = BitmapFileHead(image);
+  const std::size_t head = bytes.size();
+  bytes.resize(head + BitmapSize(image));
+  WriteBitmap(image, std::span(bytes).subspan(head));
+  return bytes;
 }
 
 std::int16_t TypeOf(PixelKind kind) {
@@ -47,9 +54,17 @@ bool DataSource::EnsureImage(std::uint16_t& failure) {
     rowsGiven_ = 0;
     return true;
   }
-  failure = scanned.trouble == ScanTrouble::lowMemory
-                ? Fail(condition::lowMemory, "Memory is too short for this image.")
-                : Fail(condition::bummer, "This page can't be read: " + jobs_[job_].page.filename().string());
+  switch (scanned.trouble) {
+    case ScanTrouble::lowMemory:
+      failure = Fail(condition::lowMemory, "Memory is too short for this image.");
+      break;
+    case ScanTrouble::notCompressed:
+      failure = Fail(condition::bummer, "This image can't be compressed.");
+      break;
+    default:
+      failure = Fail(condition::bummer, "This page can't be read: " + jobs_[job_].page.filename().string());
+      break;
+  }
   return false;
 }
 
@@ -105,26 +120,28 @@ std::uint16_t DataSource::GetSetupMemory(void* record) {
 }
 
 std::uint16_t DataSource::GetSetupFile(void* record) {
-  *static_cast<twain::SetupFile*>(record) = SetupOf(file_);
+  *static_cast<twain::SetupFile*>(record) = SetupOf(file_, agreed_.fileFormat);
   return result::success;
 }
 
 std::uint16_t DataSource::GetDefaultSetupFile(void* record) {
-  *static_cast<twain::SetupFile*>(record) = SetupOf({});
+  *static_cast<twain::SetupFile*>(record) = SetupOf({}, twain::file_format::bmp);
   return result::success;
 }
 
 std::uint16_t DataSource::SetSetupFile(void* record) {
   const auto& setup = *static_cast<const twain::SetupFile*>(record);
   const void* end = std::memchr(setup.name, 0, sizeof setup.name);
-  if (setup.format != twain::file_format::bmp || end == nullptr || end == setup.name)
-    return Fail(condition::badValue);
+  const bool isKnown = setup.format == twain::file_format::bmp || setup.format == twain::file_format::jfif;
+  if (!isKnown || end == nullptr || end == setup.name) return Fail(condition::badValue);
   file_ = setup.name;
+  agreed_.fileFormat = setup.format;
   return result::success;
 }
 
 std::uint16_t DataSource::ResetSetupFile(void* record) {
   file_.clear();
+  agreed_.fileFormat = twain::file_format::bmp;
   return GetSetupFile(record);
 }
 
@@ -175,16 +192,11 @@ std::uint16_t DataSource::TransferMemory(void* record) {
 std::uint16_t DataSource::TransferFile(void*) {
   std::uint16_t failure = 0;
   if (!EnsureImage(failure)) return failure;
-  const std::string name = SetupOf(file_).name;
-  std::vector<std::uint8_t> bytes;
-  try {
-    bytes = BitmapFileHead(*image_);
-    const std::size_t head = bytes.size();
-    bytes.resize(head + BitmapSize(*image_));
-    WriteBitmap(*image_, std::span(bytes).subspan(head));
-  } catch (const std::bad_alloc&) {
-    return Fail(condition::lowMemory, "Memory is too short for this image.");
-  }
+  const std::string name = SetupOf(file_, agreed_.fileFormat).name;
+  const std::vector<std::uint8_t> bytes = agreed_.fileFormat == twain::file_format::jfif
+                                              ? parts_.scanner.Compress(*image_, agreed_.settings.jpegQuality)
+                                              : BitmapFileOf(*image_);
+  if (bytes.empty()) return Fail(condition::badValue, "This image can't be compressed.");
   std::ofstream file(name, std::ios::binary);
   const bool isMade = file.is_open();
   file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));

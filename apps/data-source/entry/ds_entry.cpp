@@ -9,6 +9,7 @@
 #include "apps/data-source/window/dialog_window.h"
 #include "apps/data-source/window/global_memory.h"
 #include "apps/data-source/window/messenger_window.h"
+#include "apps/data-source/window/system_jpeg.h"
 #include "apps/dll/run_time_end.h"
 
 namespace {
@@ -24,7 +25,8 @@ std::filesystem::path PagesFolder() {
 }
 
 struct Module {
-  Scanner scanner{PagesFolder()};
+  SystemJpeg jpeg;
+  Scanner scanner{PagesFolder(), &jpeg};
   GlobalMemory memory;
   MessengerWindow messenger{memory, [this](std::uint16_t message) { source.Deliver(message); }};
   WindowedDialog dialog{scanner,

@@ -52,16 +52,16 @@ set32::BitmapInfoHeader HeaderOf(const ScannedImage& image) {
 
 void WriteRow(const ScannedImage& image, int row, std::uint8_t* into) {
   const std::uint8_t* from = image.Row(row).data();
-  const int samples = SamplesOf(image.kind), step = BitsOf(image.kind) == 16 ? 2 : 1;
+  const std::ptrdiff_t samples = SamplesOf(image.kind), step = BitsOf(image.kind) == 16 ? 2 : 1;
   if (samples == 1 && step == 1) {
     std::memcpy(into, from, image.stride);
     return;
   }
   const std::uint8_t* high = from + step - 1;  // of each sample
   for (int x = 0; x < image.width; ++x) {
-    for (int band = 0; band < samples; ++band) into[samples - 1 - band] = high[band * step];
+    for (std::ptrdiff_t band = 0; band < samples; ++band) into[samples - 1 - band] = high[band * step];
     into += samples;
-    high += static_cast<std::ptrdiff_t>(samples) * step;
+    high += samples * step;
   }
 }
 

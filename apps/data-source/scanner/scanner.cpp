@@ -30,6 +30,10 @@ PixelKind KindOf(const ScanSettings& settings) {
   }
 }
 
+bool IsCompressed(const ScanSettings& settings) {
+  return settings.mode == set32::mode::jpegColour || settings.mode == set32::mode::jpegGray;
+}
+
 // The nearest length from one pixel to the device's own; one that is no number counts as the device's.
 int Pixels(double inches, double most, int dpi) {
   const double held = inches >= 0 && inches <= most ? inches : inches < 0 ? 0 : most;
@@ -72,9 +76,18 @@ std::vector<fs::path> Scanner::Pages(std::uint32_t paperSource) const {
 ScanResult Scanner::Scan(const fs::path& page, const ScanOrder& order) const try {
   const std::optional<PagePicture> picture = ReadPage(page);
   if (!picture) return {{}, ScanTrouble::unreadablePage};
-  return ScanPage(*picture, ReadTraits(folder_ / "scanner.txt"), order);
+  ScanResult scanned = ScanPage(*picture, ReadTraits(folder_ / "scanner.txt"), order);
+  if (codec_ == nullptr || !IsCompressed(order.settings)) return scanned;
+  // The device sends it compressed.
+  const std::vector<std::uint8_t> sent = codec_->Encode(scanned.image, order.settings.jpegQuality);
+  if (sent.empty() || !codec_->Decode(sent, scanned.image)) return {{}, ScanTrouble::notCompressed};
+  return scanned;
 } catch (const std::bad_alloc&) {
   return {{}, ScanTrouble::lowMemory};
+}
+
+std::vector<std::uint8_t> Scanner::Compress(const ScannedImage& image, int quality) const {
+  return codec_ == nullptr ? std::vector<std::uint8_t>() : codec_->Encode(image, quality);
 }
 
 ScanResult Scanner::ScanPreview() const try {

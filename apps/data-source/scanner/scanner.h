@@ -7,6 +7,7 @@
 #include <optional>
 #include <vector>
 
+#include "apps/data-source/scanner/jpeg_codec.h"
 #include "apps/data-source/scanner/page_picture.h"
 #include "apps/data-source/scanner/scanned_image.h"
 #include "set32/host_records.h"
@@ -39,7 +40,7 @@ struct ImageShape {
 };
 ImageShape ShapeOf(const ScanOrder& order);
 
-enum class ScanTrouble { none, unreadablePage, lowMemory };
+enum class ScanTrouble { none, unreadablePage, notCompressed, lowMemory };
 
 struct ScanResult {
   ScannedImage image;
@@ -48,17 +49,22 @@ struct ScanResult {
 
 class Scanner {
  public:
-  // page_picture.h tells what lies in the folder. It is looked at anew each time.
-  explicit Scanner(std::filesystem::path folder) : folder_(std::move(folder)) {}
+  // page_picture.h tells what lies in the folder. It is looked at anew each time. Without a codec the images of the
+  // two JPEG modes lose nothing.
+  explicit Scanner(std::filesystem::path folder, JpegCodec* codec = nullptr)
+      : folder_(std::move(folder)), codec_(codec) {}
 
   // What lies there for a paper source, first what is scanned first: at most one page on the glass.
   std::vector<std::filesystem::path> Pages(std::uint32_t paperSource) const;
   ScanResult Scan(const std::filesystem::path& page, const ScanOrder& order) const;
+  // A JPEG file of an image; empty where there can be none.
+  std::vector<std::uint8_t> Compress(const ScannedImage& image, int quality) const;
   // The whole glass in colour at the preview's resolution, without adjustments; white where no page lies.
   ScanResult ScanPreview() const;
 
  private:
   std::filesystem::path folder_;
+  JpegCodec* codec_;
 };
 
 }  // namespace data_source
