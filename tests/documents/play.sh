@@ -45,6 +45,7 @@ play_command() {
   commands=$((commands + 1))
   case $command in
     ./run\ --window*) check_options "$command" "$("$project/run" --window --help) --window" ;;
+    ./run\ --scan*) check_options "$command" "$("$project/run" --scan --help) --scan" ;;
     ./run* | ./test*) check_options "$command" "$("$project/${words[0]}" --help)" ;;
     build/bin/scan-host*)
       (cd "$place" && timeout 60 "$scan_host" "${words[@]:1}" < /dev/null > said 2>&1) ||
