@@ -10,6 +10,7 @@
 #include "platform/win32/win32_platform.h"
 #include "run_time_end.h"
 #include "set32/ui_fix_setting.h"
+#include "thread_storage.h"
 
 namespace {
 
@@ -118,5 +119,6 @@ extern "C" std::uint32_t ExportedIsSettingOpen() {
 extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void* endOfProcess) {
   if (reason == DLL_PROCESS_DETACH && endOfProcess == nullptr) ExpectUnload();
   if (reason == DLL_THREAD_DETACH && owner.id == GetCurrentThreadId()) ThePlatform().Windows().OnThreadEnding();
+  if (reason == DLL_THREAD_DETACH) DropThreadStorage();
   return TRUE;
 }

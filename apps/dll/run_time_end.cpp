@@ -10,6 +10,7 @@
 #include <bitset>
 
 #include "platform/win32/windows_api.h"
+#include "thread_storage.h"
 
 extern "C" const IMAGE_TLS_DIRECTORY _tls_used;  // the run time's list of whom to tell of a thread's end
 
@@ -38,15 +39,16 @@ struct RunTimeEnd {
   RunTimeEnd() = default;
   ~RunTimeEnd() {
     if (!isUnload) return;
+    __gnu_cxx::__freeres();
     pthread_self();  // this thread has its part in the slot
     const auto before = UsedSlots();
     TellThreadEnd();
-    __gnu_cxx::__freeres();
     // The slot that the run time empties is its own.
     const auto emptied = before & ~UsedSlots();
     for (DWORD slot = 0; slot < mostSlots; ++slot) {
       if (emptied[slot]) TlsFree(slot);
     }
+    DropAllThreadStorage();
   }
   RunTimeEnd(const RunTimeEnd&) = delete;
   RunTimeEnd& operator=(const RunTimeEnd&) = delete;

@@ -11,6 +11,7 @@
 #include "apps/data-source/window/messenger_window.h"
 #include "apps/data-source/window/system_jpeg.h"
 #include "apps/dll/run_time_end.h"
+#include "apps/dll/thread_storage.h"
 
 namespace {
 
@@ -53,5 +54,6 @@ extern "C" __declspec(dllexport) std::uint16_t
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void* endOfProcess) {
   if (reason == DLL_PROCESS_DETACH && endOfProcess == nullptr) ExpectUnload();
+  if (reason == DLL_THREAD_DETACH) DropThreadStorage();
   return TRUE;
 }
