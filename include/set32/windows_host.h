@@ -16,6 +16,20 @@ struct FrameRectangle {
   double height;
 };
 
+namespace detail {
+
+inline ScanSettings ReportOf(const ScanSettings& settings, const FrameRectangle& frame) {
+  ScanSettings report = settings;
+  report.frameLeft = frame.left;
+  report.frameTop = frame.top;
+  report.customWidth = frame.width;
+  report.customHeight = frame.height;
+  report.frameCommand = 0;
+  return report;
+}
+
+}  // namespace detail
+
 // Tells the panel that a person drew, moved, chose or deleted a frame. `settings` is the host's record, of which a
 // copy travels; `action` is one of frame_action::. False, and nothing is sent, where `page` is no window or no memory
 // below 4 GB is left for the command. On the thread of the panel; the panel's messages come before this returns.
@@ -24,13 +38,18 @@ inline bool ReportFrame(HWND page, const ScanSettings& settings, std::uint32_t i
   const LowMemory<FrameCommand> command;
   if (command.Get() == nullptr || !IsWindow(page)) return false;
   *command.Get() = {index, action};
-  ScanSettings report = settings;
-  report.frameLeft = frame.left;
-  report.frameTop = frame.top;
-  report.customWidth = frame.width;
-  report.customHeight = frame.height;
+  ScanSettings report = detail::ReportOf(settings, frame);
   report.frameCommand = command.Word();
   SendMessageW(page, to_panel::frameReport, frame_report::drawn, reinterpret_cast<LPARAM>(&report));
+  return true;
+}
+
+// Tells the panel what the automatic crop found; it checks its box. The rest as above.
+inline bool ReportCrop(HWND page, const ScanSettings& settings, const FrameRectangle& frame) {
+  if (!IsWindow(page)) return false;
+  ScanSettings report = detail::ReportOf(settings, frame);
+  report.autoCrop = 1;
+  SendMessageW(page, to_panel::frameReport, frame_report::cropped, reinterpret_cast<LPARAM>(&report));
   return true;
 }
 

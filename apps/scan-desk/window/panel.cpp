@@ -4,7 +4,6 @@
 
 #include "platform/win32/handle.h"
 #include "set32/messages.h"
-#include "set32/pointer_word.h"
 
 namespace scan_desk {
 
@@ -55,25 +54,6 @@ void Panel::Close(HWND& parent) {
   }
   DestroyWindow(std::exchange(parent, nullptr));
   library_.Unload();
-}
-
-bool Panel::Report(WPARAM kind, set32::Point corner, double width, double height,
-                   std::optional<set32::FrameCommand> command) {
-  const set32::LowMemory<set32::FrameCommand> travelling;
-  if (page_ == nullptr || travelling.Get() == nullptr) return false;
-  set32::ScanSettings report = settings_;
-  report.frameLeft = corner.x;
-  report.frameTop = corner.y;
-  report.customWidth = width;
-  report.customHeight = height;
-  report.autoCrop = kind == set32::frame_report::cropped ? 1 : report.autoCrop;
-  report.frameCommand = 0;
-  if (command) {
-    *travelling.Get() = *command;
-    report.frameCommand = travelling.Word();
-  }
-  SendMessageW(page_, set32::to_panel::frameReport, kind, reinterpret_cast<LPARAM>(&report));
-  return true;
 }
 
 // Posted, since the question stands until the person has answered it.

@@ -3,7 +3,6 @@
 
 #include <windows.h>
 
-#include <optional>
 #include <string>
 
 #include "apps/scan-desk/window/installation.h"
@@ -52,10 +51,6 @@ class Panel {
   set32::ScanSettings& Settings() { return settings_; }
   const set32::ScanSettings& Settings() const { return settings_; }
 
-  // Reports a frame, for one of frame_report::, with what was done to it. The frame is in inches and in pixels of the
-  // preview. False when no page stands to take it.
-  bool Report(WPARAM kind, set32::Point corner, double width, double height,
-              std::optional<set32::FrameCommand> command = {});
   // Asks the person for a scanner's address.
   void AskAddress();
 

@@ -11,6 +11,7 @@
 #include "platform/win32/handle.h"
 #include "set32/messages.h"
 #include "set32/pointer_word.h"
+#include "set32/windows_host.h"
 
 namespace scan_desk {
 
@@ -198,7 +199,8 @@ void PreviewView::ReportAutoCrop() {
   if (frames_.Count() == 0) frames_.Lay(frame);
   frames_.PutAsTold(frames_.Current(), frame);
   heard_(LineOfAutoCrop(frame));
-  panel_.Report(set32::frame_report::cropped, {frame.left, frame.top}, frame.Width() / dots, frame.Height() / dots);
+  set32::ReportCrop(panel_.Page(), panel_.Settings(),
+                    {frame.left, frame.top, frame.Width() / dots, frame.Height() / dots});
   Repaint();
 }
 
@@ -211,10 +213,9 @@ void PreviewView::Tell(const FrameChange& change) {
   const bool isRecorded = !stands || frame == RecordedFrame(settings);
   const double dots = picture_.DotsPerInch();
   heard_(LineOfReport(change, frame));
-  panel_.Report(set32::frame_report::drawn, {frame.left, frame.top},
-                isRecorded ? settings.width : frame.Width() / dots,
-                isRecorded ? settings.height : frame.Height() / dots,
-                set32::FrameCommand{static_cast<std::uint32_t>(change.index), change.action});
+  set32::ReportFrame(panel_.Page(), settings, static_cast<std::uint32_t>(change.index), change.action,
+                     {frame.left, frame.top, isRecorded ? settings.width : frame.Width() / dots,
+                      isRecorded ? settings.height : frame.Height() / dots});
   Repaint();
 }
 
