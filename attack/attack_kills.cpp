@@ -55,6 +55,7 @@ class Kills {
       if (why.empty()) why = FaultInRows();
       if (why.empty()) why = FaultInFolder();
     } while (why.empty() && order.GoesOn());
+    if (why.empty() && (kills_ == 0 || done_ < 0)) why = "nothing was killed, or nothing saved";
     const std::string figures = std::to_string(kills_) + " kills, " + std::to_string(done_ + 1) +
                                 " saves confirmed, " + std::to_string(leftBehind_) + " left a new file behind";
     return why.empty() ? Held(figures) : Fell(figures, why);

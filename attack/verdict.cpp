@@ -83,17 +83,17 @@ void NoteSeed(std::uint32_t seed) {
 
 int RunAttack(const std::string& name, int count, char** words,
               const std::function<AttackOutcome(const AttackOrder&)>& part) {
-  const auto seconds = count >= 2 ? ParseNumber(words[1], longest) : std::nullopt;
+  const std::uint32_t seconds = count >= 2 ? ParseNumber(words[1], longest).value_or(0) : 0;
   const auto seed = count >= 3 ? ParseNumber(words[2], UINT32_MAX) : std::random_device()();
-  if (!seconds || *seconds == 0 || !seed || count > 3) {
+  if (seconds == 0 || !seed || count > 3) {
     std::fprintf(stderr, "Usage: attack_%s SECONDS [SEED]\n", name.c_str());
     return usageStatus;
   }
   partName = name;
-  SetAgain(*seconds, *seed);
+  SetAgain(seconds, *seed);
   TellCrashes();
-  TellHangs(*seconds);
-  const AttackOutcome outcome = Run(part, {std::chrono::steady_clock::now() + std::chrono::seconds(*seconds), *seed});
+  TellHangs(seconds);
+  const AttackOutcome outcome = Run(part, {std::chrono::steady_clock::now() + std::chrono::seconds(seconds), *seed});
   switch (outcome.verdict) {
     case AttackOutcome::Verdict::held:
       std::printf("%s: %s - held\n", name.c_str(), outcome.figures.c_str());
