@@ -46,31 +46,6 @@ class HandleCounter {
     return {DrawingObjects(), room, SystemHandles(), SlotRoom()};
   }
 
- private:
-  static constexpr int spare = 2000;  // several panels' need
-
-  static std::vector<HMENU> Fill() {
-    std::vector<HMENU> menus;
-    while (const HMENU menu = CreateMenu()) menus.push_back(menu);
-    return menus;
-  }
-  static void Drop(std::vector<HMENU>& menus) {
-    DestroyMenu(menus.back());
-    menus.pop_back();
-  }
-
-  // As 64-bit systems lay the table out, for programs of 32 bits too.
-  struct DrawingEntry {
-    std::uint64_t object;
-    std::uint16_t process;  // 0 where the table is the process's own
-    std::uint16_t count;
-    std::uint16_t unique;
-    std::uint8_t kind;  // 0: free
-    std::uint8_t flags;
-    std::uint64_t user;
-  };
-  static_assert(sizeof(DrawingEntry) == 24);
-
   static int DrawingObjects() {
     constexpr std::size_t tableInBlock = sizeof(void*) == 4 ? 0x94 : 0xF8;
     const auto block = Find<const std::uint8_t*(NTAPI*)()>(GetModuleHandleW(L"ntdll.dll"), "RtlGetCurrentPeb");
@@ -95,6 +70,31 @@ class HandleCounter {
     }
     return known;
   }
+
+ private:
+  static constexpr int spare = 2000;  // several panels' need
+
+  static std::vector<HMENU> Fill() {
+    std::vector<HMENU> menus;
+    while (const HMENU menu = CreateMenu()) menus.push_back(menu);
+    return menus;
+  }
+  static void Drop(std::vector<HMENU>& menus) {
+    DestroyMenu(menus.back());
+    menus.pop_back();
+  }
+
+  // As 64-bit systems lay the table out, for programs of 32 bits too.
+  struct DrawingEntry {
+    std::uint64_t object;
+    std::uint16_t process;  // 0 where the table is the process's own
+    std::uint16_t count;
+    std::uint16_t unique;
+    std::uint8_t kind;  // 0: free
+    std::uint8_t flags;
+    std::uint64_t user;
+  };
+  static_assert(sizeof(DrawingEntry) == 24);
 
   static int SlotRoom() {
     std::vector<DWORD> slots;
